@@ -1,0 +1,23 @@
+# How this project's own code is compiled.
+if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+    set(CMAKE_BUILD_TYPE Release)
+endif()
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
+
+add_library(melk_compiler INTERFACE)
+if(NOT MSVC)
+    target_compile_options(melk_compiler INTERFACE
+        -Wall -Wextra -Wpedantic -Wshadow -Wconversion $<$<BOOL:${MELK_WERROR}>:-Werror>)
+    # Calls within the library are bound when it is built.
+    target_compile_options(melk_compiler INTERFACE -fno-semantic-interposition)
+endif()
+if(MELK_SANITIZE)
+    add_compile_options(-fsanitize=${MELK_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=${MELK_SANITIZE})
+endif()

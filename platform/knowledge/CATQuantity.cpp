@@ -1,0 +1,88 @@
+#include "CATQuantity.h"
+
+#include "CATMathDef.h"
+#include "CATNumberText.h"
+
+#include <algorithm>
+#include <span>
+#include <string>
+
+namespace {
+
+// One operation a unit, so that a conversion is rounded once: a factor below one stands as its divisor, which is exact.
+struct Unit
+{
+    std::string_view symbol;
+    double factor;
+    double divisor;
+};
+
+constexpr Unit lengthUnits[] = {
+    {"", 1.0, 1.0e3},
+    {"mm", 1.0, 1.0e3},
+    {"cm", 1.0, 1.0e2},
+    {"dm", 1.0, 1.0e1},
+    {"m", 1.0, 1.0},
+    {"km", 1.0e3, 1.0},
+    {"in", 0.0254, 1.0},
+    {"ft", 0.3048, 1.0},
+    {"mic", 1.0, 1.0e6},
+};
+
+constexpr Unit angleUnits[] = {
+    {"", CATDegreeToRadian, 1.0},
+    {"deg", CATDegreeToRadian, 1.0},
+    {"rad", 1.0, 1.0},
+    {"grad", std::numbers::pi / 200.0, 1.0},
+    {"turn", std::numbers::pi * 2.0, 1.0},
+};
+
+constexpr Unit realUnits[] = {
+    {"", 1.0, 1.0},
+};
+
+std::string_view Stripped(std::string_view text)
+{
+    while (!text.empty() && CATIsBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && CATIsBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+// Takes a number written with a decimal comma off the text.
+bool TakeCommaNumber(std::string_view& text, double& number)
+{
+    std::string pointed(text);
+    std::replace(pointed.begin(), pointed.end(), ',', '.');
+    std::string_view rest = pointed;
+    if (!CATTakeNumber(rest, number))
+        return false;
+    text.remove_prefix(text.size() - rest.size());
+    return true;
+}
+
+bool QuantityFromText(std::string_view text, std::span<const Unit> units, double& value)
+{
+    double number = 0.0;
+    text = Stripped(text);
+    const bool comma = text.find(',') != std::string_view::npos;
+    if (!(comma ? TakeCommaNumber(text, number) : CATTakeNumber(text, number)))
+        return false;
+    const std::string_view symbol = Stripped(text);
+    for (const Unit& unit : units)
+        if (unit.symbol == symbol)
+        {
+            value = number * unit.factor / unit.divisor;
+            return true;
+        }
+    return false;
+}
+
+} // namespace
+
+bool CATLengthFromText(std::string_view text, double& metres) { return QuantityFromText(text, lengthUnits, metres); }
+
+bool CATAngleFromText(std::string_view text, double& radians) { return QuantityFromText(text, angleUnits, radians); }
+
+bool CATRealFromText(std::string_view text, double& value) { return QuantityFromText(text, realUnits, value); }

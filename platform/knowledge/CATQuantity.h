@@ -1,0 +1,21 @@
+// Quantities: numbers with a unit, as the knowledge parameters read them. Every conversion of a text into metres,
+// radians or a plain number goes through here, so that a length read twice is the same number twice.
+//
+// The grammar: blanks, an optional sign, a decimal number with "." or "," and an optional exponent ("5." and ".5"
+// are numbers), blanks, an optional unit, blanks, nothing else. Letter case matters in units. Each function returns
+// false, with the output untouched, for any other text and for a unit of another dimension.
+#ifndef CATQuantity_H
+#define CATQuantity_H
+
+#include <string_view>
+
+// Units "mm", "cm", "dm", "m", "km", "in", "ft", "mic" (micrometre); a bare number counts as millimetres.
+bool CATLengthFromText(std::string_view text, double& metres);
+
+// Units "deg", "rad", "grad", "turn"; a bare number counts as degrees.
+bool CATAngleFromText(std::string_view text, double& radians);
+
+// No unit.
+bool CATRealFromText(std::string_view text, double& value);
+
+#endif

@@ -1,0 +1,47 @@
+// One hash for the names of documents and standards.
+//
+// The names come out of files, so the hash is salted per process: nobody can write a file whose names all collide.
+#ifndef CATTextHash_H
+#define CATTextHash_H
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+std::uint64_t CATTextHashSalt();
+
+namespace CATTextHashDetail {
+
+inline std::uint64_t Load(const char* text, std::size_t bytes)
+{
+    std::uint64_t word = 0;
+    std::memcpy(&word, text, bytes);
+    return word;
+}
+
+inline std::uint64_t Mix(std::uint64_t hash, std::uint64_t word)
+{
+    hash = (hash ^ word) * 0x9E3779B97F4A7C15U;
+    return hash ^ (hash >> 32U);
+}
+
+} // namespace CATTextHashDetail
+
+inline std::uint32_t CATTextHash(std::string_view text, std::uint64_t salt)
+{
+    using CATTextHashDetail::Load;
+    using CATTextHashDetail::Mix;
+    const char* at = text.data();
+    std::size_t left = text.size();
+    std::uint64_t hash = salt ^ left;
+    for (; left > 8; left -= 8, at += 8)
+        hash = Mix(hash, Load(at, 8));
+    if (left >= 4)
+        hash = Mix(hash, Load(at, 4) | Load(at + left - 4, 4) << 32U);
+    else if (left > 0)
+        hash = Mix(hash, Load(at, 1) | Load(at + left / 2, 1) << 8U | Load(at + left - 1, 1) << 16U);
+    return static_cast<std::uint32_t>(Mix(hash, salt));
+}
+
+#endif

@@ -1,0 +1,270 @@
+// The DOM: handles to the nodes of a parsed document.
+//
+// A handle is a small value that keeps its document alive. A null handle (NULL_var) means that nothing was found; no
+// operation may be called on it. Texts are UTF-8 views into the document, valid as long as any handle to it lives.
+#ifndef CATIDOM_H
+#define CATIDOM_H
+
+#include "CATBaseUnknown.h"
+#include "CATXMLDocument.h"
+
+#include <string_view>
+
+class CATIDOMNode;
+class CATIDOMElement;
+class CATIDOMText;
+class CATIDOMDocument;
+class CATIDOMNamedNodeMap;
+class CATIDOMNodeList;
+
+// Holds one of the interfaces below, which are plain views of a document, and counts the reference to the document.
+template <class View> class CATDOMHandle
+{
+public:
+    CATDOMHandle() = default;
+    CATDOMHandle(CATNullHandle /*null*/) {}
+    explicit CATDOMHandle(const View& view) : m_View(view) { AddRef(); }
+    CATDOMHandle(const CATDOMHandle& other) : CATDOMHandle(other.m_View) {}
+    CATDOMHandle(CATDOMHandle&& other) noexcept : m_View(std::exchange(other.m_View, View())) {}
+    // From a handle of a derived interface.
+    template <class Derived>
+    requires std::is_base_of_v<View, Derived> &&
+        (!std::is_same_v<View, Derived>)CATDOMHandle(const CATDOMHandle<Derived>& other)
+        : CATDOMHandle(static_cast<const View&>(other.GetView()))
+    {
+    }
+    // From a handle of the base interface: null when the node is of another type.
+    template <class Base>
+    requires std::is_base_of_v<Base, View> &&
+        (!std::is_same_v<View, Base>)explicit CATDOMHandle(const CATDOMHandle<Base>& other)
+        : CATDOMHandle(View::Narrow(other.GetView()))
+    {
+    }
+    CATDOMHandle& operator=(CATDOMHandle other) noexcept
+    {
+        std::swap(m_View, other.m_View);
+        return *this;
+    }
+    ~CATDOMHandle()
+    {
+        if (m_View.m_Document)
+            m_View.m_Document->Release();
+    }
+
+    const View* operator->() const { return &m_View; }
+    const View& GetView() const { return m_View; }
+    bool operator==(CATNullHandle /*null*/) const { return !m_View.m_Document; }
+    bool operator==(const CATDOMHandle& other) const { return m_View == other.m_View; }
+
+private:
+    void AddRef() const
+    {
+        if (m_View.m_Document)
+            m_View.m_Document->AddRef();
+    }
+
+    View m_View;
+};
+
+using CATIDOMNode_var = CATDOMHandle<CATIDOMNode>;
+using CATIDOMElement_var = CATDOMHandle<CATIDOMElement>;
+using CATIDOMText_var = CATDOMHandle<CATIDOMText>;
+using CATIDOMDocument_var = CATDOMHandle<CATIDOMDocument>;
+using CATIDOMNamedNodeMap_var = CATDOMHandle<CATIDOMNamedNodeMap>;
+using CATIDOMNodeList_var = CATDOMHandle<CATIDOMNodeList>;
+
+class CATIDOMNode
+{
+public:
+    enum NodeType
+    {
+        ELEMENT_NODE = CATXMLDocument::Element,
+        ATTRIBUTE_NODE = CATXMLDocument::Attribute,
+        TEXT_NODE = CATXMLDocument::Text,
+        CDATA_SECTION_NODE = CATXMLDocument::CDataSection,
+        PROCESSING_INSTRUCTION_NODE = CATXMLDocument::ProcessingInstruction,
+        COMMENT_NODE = CATXMLDocument::Comment,
+        DOCUMENT_NODE = CATXMLDocument::Document
+    };
+
+    NodeType GetNodeType() const
+    {
+        return IsAttribute() ? ATTRIBUTE_NODE : static_cast<NodeType>(m_Document->Type(m_Node));
+    }
+    // Element: its tag, prefix included; attribute: its name; instruction: its target; others "#text",
+    // "#cdata-section", "#comment" and "#document".
+    std::string_view GetNodeName() const
+    {
+        return IsAttribute() ? m_Document->AttributeName(m_Node, m_Attribute) : m_Document->NodeName(m_Node);
+    }
+    // Attribute: its value; text, CDATA section, comment: its text; instruction: its data; others empty.
+    std::string_view GetNodeValue() const
+    {
+        return IsAttribute() ? m_Document->AttributeValue(m_Node, m_Attribute) : m_Document->NodeText(m_Node);
+    }
+    // Null for the document and for attributes.
+    CATIDOMNode_var GetParentNode() const { return NodeAt(IsAttribute() ? none : m_Document->Parent(m_Node)); }
+    CATIDOMNode_var GetFirstChild() const { return NodeAt(IsAttribute() ? none : m_Document->FirstChild(m_Node)); }
+    CATIDOMNode_var GetNextSibling() const { return NodeAt(IsAttribute() ? none : m_Document->NextSibling(m_Node)); }
+    // The attributes of an element, empty or not; null for any other node.
+    CATIDOMNamedNodeMap_var GetAttributes() const;
+
+    friend bool operator==(const CATIDOMNode&, const CATIDOMNode&) = default;
+
+protected:
+    template <class View> friend class CATDOMHandle;
+    friend class CATIDOMNamedNodeMap;
+    using Index = CATXMLDocument::Index;
+    static constexpr Index none = CATXMLDocument::none;
+
+    CATIDOMNode() = default;
+    CATIDOMNode(const CATXMLDocument* document, Index node, Index attribute = none)
+        : m_Document(document), m_Node(node), m_Attribute(attribute)
+    {
+    }
+    static CATIDOMNode Narrow(const CATIDOMNode& node) { return node; }
+    bool IsAttribute() const { return m_Attribute != none; }
+    CATIDOMNode_var NodeAt(Index node) const
+    {
+        return node == none ? CATIDOMNode_var() : CATIDOMNode_var(CATIDOMNode(m_Document, node));
+    }
+
+    const CATXMLDocument* m_Document = nullptr;
+    Index m_Node = none;
+    Index m_Attribute = none;
+};
+
+class CATIDOMText : public CATIDOMNode
+{
+public:
+    std::string_view GetData() const { return GetNodeValue(); }
+
+private:
+    template <class View> friend class CATDOMHandle;
+    CATIDOMText() = default;
+    explicit CATIDOMText(const CATIDOMNode& node) : CATIDOMNode(node) {}
+    static CATIDOMText Narrow(const CATIDOMNode& node)
+    {
+        return node.GetNodeType() == TEXT_NODE ? CATIDOMText(node) : CATIDOMText();
+    }
+};
+
+class CATIDOMElement : public CATIDOMNode
+{
+public:
+    std::string_view GetTagName() const { return GetNodeName(); }
+    // All descendants with the tag in document order, the element itself left out; "*" takes every tag.
+    CATIDOMNodeList_var GetElementsByTagName(std::string_view tag) const;
+    // Where the element's tag begins in its file: line and column (in characters), both counted from 1.
+    int GetLineNumber() const { return static_cast<int>(m_Document->Line(m_Node)); }
+    int GetColumnNumber() const { return static_cast<int>(m_Document->Column(m_Node)); }
+
+private:
+    template <class View> friend class CATDOMHandle;
+    friend class CATIDOMDocument;
+    friend class CATIDOMNodeList;
+    CATIDOMElement() = default;
+    explicit CATIDOMElement(const CATIDOMNode& node) : CATIDOMNode(node) {}
+    CATIDOMElement(const CATXMLDocument* document, Index node) : CATIDOMNode(document, node) {}
+    static CATIDOMElement Narrow(const CATIDOMNode& node)
+    {
+        return node.GetNodeType() == ELEMENT_NODE ? CATIDOMElement(node) : CATIDOMElement();
+    }
+};
+
+class CATIDOMDocument : public CATIDOMNode
+{
+public:
+    CATIDOMElement_var GetDocumentElement() const
+    {
+        return CATIDOMElement_var(CATIDOMElement(m_Document, m_Document->RootElement()));
+    }
+    // The handle that takes over a document fresh from the parser.
+    static CATIDOMDocument_var Adopt(const CATXMLDocument* document)
+    {
+        return CATIDOMDocument_var(CATIDOMDocument(document));
+    }
+
+private:
+    template <class View> friend class CATDOMHandle;
+    CATIDOMDocument() = default;
+    explicit CATIDOMDocument(const CATXMLDocument* document) : CATIDOMNode(document, 0) {}
+};
+
+// The attributes of one element.
+class CATIDOMNamedNodeMap
+{
+public:
+    // The attribute of that name, null when there is none.
+    CATIDOMNode_var GetNamedItem(std::string_view name) const
+    {
+        const CATXMLDocument::Index found = m_Document->FindAttribute(m_Node, name, m_Next);
+        if (found == CATXMLDocument::none)
+            return NULL_var;
+        m_Next = found + 1;
+        return CATIDOMNode_var(CATIDOMNode(m_Document, m_Node, found));
+    }
+    int GetLength() const { return static_cast<int>(m_Document->AttributeCount(m_Node)); }
+    // The attribute at that position, counted from 0 in the order of the file.
+    CATIDOMNode_var Item(int position) const
+    {
+        return CATIDOMNode_var(CATIDOMNode(m_Document, m_Node, static_cast<CATXMLDocument::Index>(position)));
+    }
+
+    friend bool operator==(const CATIDOMNamedNodeMap& left, const CATIDOMNamedNodeMap& right)
+    {
+        return left.m_Document == right.m_Document && left.m_Node == right.m_Node;
+    }
+
+private:
+    template <class View> friend class CATDOMHandle;
+    friend class CATIDOMNode;
+    CATIDOMNamedNodeMap() = default;
+    CATIDOMNamedNodeMap(const CATXMLDocument* document, CATXMLDocument::Index element)
+        : m_Document(document), m_Node(element)
+    {
+    }
+
+    const CATXMLDocument* m_Document = nullptr;
+    CATXMLDocument::Index m_Node = CATXMLDocument::none;
+    // Readers ask in the order in which files are written: the next attribute asked for is most often the next one.
+    mutable CATXMLDocument::Index m_Next = 0;
+};
+
+class CATIDOMNodeList
+{
+public:
+    int GetLength() const { return static_cast<int>(m_Elements.length); }
+    // The element at that position, counted from 0.
+    CATIDOMElement_var Item(int position) const
+    {
+        return CATIDOMElement_var(CATIDOMElement(
+            m_Document, m_Document->ElementAt(m_Elements, static_cast<CATXMLDocument::Index>(position))));
+    }
+
+private:
+    template <class View> friend class CATDOMHandle;
+    friend class CATIDOMElement;
+    CATIDOMNodeList() = default;
+    CATIDOMNodeList(const CATXMLDocument* document, const CATXMLDocument::Elements& elements)
+        : m_Document(document), m_Elements(elements)
+    {
+    }
+
+    const CATXMLDocument* m_Document = nullptr;
+    CATXMLDocument::Elements m_Elements;
+};
+
+inline CATIDOMNamedNodeMap_var CATIDOMNode::GetAttributes() const
+{
+    if (GetNodeType() != ELEMENT_NODE)
+        return NULL_var;
+    return CATIDOMNamedNodeMap_var(CATIDOMNamedNodeMap(m_Document, m_Node));
+}
+
+inline CATIDOMNodeList_var CATIDOMElement::GetElementsByTagName(std::string_view tag) const
+{
+    return CATIDOMNodeList_var(CATIDOMNodeList(m_Document, m_Document->ElementsByTagName(m_Node, tag)));
+}
+
+#endif

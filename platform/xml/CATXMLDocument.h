@@ -1,0 +1,236 @@
+// A parsed document as an immutable arena.
+//
+// Nodes stand in document order, each knowing its parent and where its subtree ends, so the descendants of node n are
+// the nodes n + 1 ... end(n) - 1. Names of elements and attributes are numbered ("symbols"); attribute values and
+// texts lie in one buffer; for each tag there is the ordered list of its elements, so that the elements of a tag
+// below a node are a slice of that list, found by binary search. Nothing is allocated to look something up.
+#ifndef CATXMLDocument_H
+#define CATXMLDocument_H
+
+#include "CATTextTable.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <new>
+#include <string_view>
+#include <type_traits>
+
+// A growing array of plain values that never holds two copies of a large block while it grows, and can give back what
+// it has not used.
+template <class Value> class CATXMLBuffer
+{
+    static_assert(std::is_trivially_copyable_v<Value>);
+
+public:
+    CATXMLBuffer() = default;
+    CATXMLBuffer(const CATXMLBuffer&) = delete;
+    CATXMLBuffer& operator=(const CATXMLBuffer&) = delete;
+    ~CATXMLBuffer() { std::free(m_Values); }
+
+    std::size_t Size() const { return m_Size; }
+    const Value* Data() const { return m_Values; }
+    Value& operator[](std::size_t index) { return m_Values[index]; }
+    const Value& operator[](std::size_t index) const { return m_Values[index]; }
+
+    void Append(const Value& value)
+    {
+        const Value copy = value;
+        *Extend(1) = copy;
+    }
+    // Adds slots with undefined contents and returns the first of them.
+    Value* Extend(std::size_t count)
+    {
+        if (m_Capacity - m_Size < count)
+            Reallocate(m_Size + count + m_Size / 2);
+        m_Size += count;
+        return m_Values + (m_Size - count);
+    }
+    void Resize(std::size_t size)
+    {
+        m_Size < size ? static_cast<void>(Extend(size - m_Size)) : static_cast<void>(m_Size = size);
+    }
+    void Shrink() { Reallocate(m_Size); }
+
+private:
+    void Reallocate(std::size_t capacity)
+    {
+        if (capacity == m_Capacity)
+            return;
+        void* moved = std::realloc(static_cast<void*>(m_Values), std::max<std::size_t>(capacity, 1) * sizeof(Value));
+        if (!moved)
+            throw std::bad_alloc();
+        m_Values = static_cast<Value*>(moved);
+        m_Capacity = capacity;
+    }
+
+    Value* m_Values = nullptr;
+    std::size_t m_Size = 0;
+    std::size_t m_Capacity = 0;
+};
+
+// Numbers names: the first new one is symbol 0, the next 1, and so on.
+class CATXMLNames
+{
+public:
+    using Symbol = CATTextTable::Number;
+    static constexpr Symbol none = CATTextTable::none;
+
+    Symbol Find(std::string_view name) const
+    {
+        return m_Table.Find(name, [this](Symbol symbol) { return Name(symbol); });
+    }
+    Symbol Intern(std::string_view name);
+    std::string_view Name(Symbol symbol) const
+    {
+        const Entry& entry = m_Entries[symbol];
+        return {m_Characters.Data() + entry.offset, entry.length};
+    }
+    std::size_t Size() const { return m_Entries.Size(); }
+    void Shrink();
+
+private:
+    struct Entry
+    {
+        std::uint32_t offset;
+        std::uint32_t length;
+    };
+
+    CATTextTable m_Table;
+    CATXMLBuffer<char> m_Characters;
+    CATXMLBuffer<Entry> m_Entries;
+};
+
+class CATXMLDocument
+{
+public:
+    using Index = std::uint32_t;
+    using Symbol = CATXMLNames::Symbol;
+    static constexpr Index none = UINT32_MAX;
+
+    // The node types of the DOM that occur.
+    enum NodeType : std::uint8_t
+    {
+        Element = 1,
+        Attribute = 2,
+        Text = 3,
+        CDataSection = 4,
+        ProcessingInstruction = 7,
+        Comment = 8,
+        Document = 9
+    };
+
+    // A slice of a tag's list of elements, or of the list of all elements.
+    struct Elements
+    {
+        const Index* first = nullptr; // null: the list of all elements
+        Index begin = 0;
+        Index length = 0;
+    };
+
+    CATXMLDocument() = default;
+    CATXMLDocument(const CATXMLDocument&) = delete;
+    CATXMLDocument& operator=(const CATXMLDocument&) = delete;
+
+    void AddRef() const { ++m_References; }
+    void Release() const
+    {
+        if (--m_References == 0)
+            Destroy(this);
+    }
+
+    // Node 0 is the document itself.
+    Index RootElement() const { return m_Root; }
+    NodeType Type(Index node) const { return static_cast<NodeType>(m_Nodes[node].type); }
+    std::string_view NodeName(Index node) const;
+    std::string_view NodeText(Index node) const; // of texts, CDATA sections, comments and instructions; else empty
+    Index Parent(Index node) const { return m_Nodes[node].parent; }
+    Index FirstChild(Index node) const { return EndOf(node) > node + 1 ? node + 1 : none; }
+    Index NextSibling(Index node) const
+    {
+        const Index parent = m_Nodes[node].parent;
+        const Index next = EndOf(node);
+        return parent != none && next < EndOf(parent) ? next : none;
+    }
+
+    std::uint32_t Line(Index element) const { return HeadOf(element).line; }
+    std::uint32_t Column(Index element) const { return HeadOf(element).column; }
+
+    // Attributes are counted from 0 within their element.
+    Index AttributeCount(Index element) const
+    {
+        const Head* head = &HeadOf(element);
+        return head[1].firstAttribute - head[0].firstAttribute;
+    }
+    std::string_view AttributeName(Index element, Index attribute) const
+    {
+        return m_Names.Name(m_Attributes[HeadOf(element).firstAttribute + attribute].name);
+    }
+    std::string_view AttributeValue(Index element, Index attribute) const
+    {
+        return ValueAt(m_Attributes[HeadOf(element).firstAttribute + attribute].value);
+    }
+    // The attribute of that name, or none. "hint" is where it stands if the names are asked for in the order in
+    // which they are written.
+    Index FindAttribute(Index element, std::string_view name, Index hint) const;
+
+    // All descendants of the node with that tag, in document order; "*" takes every tag.
+    Elements ElementsByTagName(Index node, std::string_view tag) const;
+    Index ElementAt(const Elements& elements, Index position) const
+    {
+        return elements.first ? elements.first[elements.begin + position] : m_Heads[elements.begin + position].node;
+    }
+
+private:
+    friend class CATXMLDocumentWriter;
+
+    struct Node
+    {
+        Index parent;
+        Index endOrLength;         // document, element: end of the subtree; others: length of the text
+        Index headOrText;          // element: index of its head; others: offset of the text
+        std::uint32_t symbol : 28; // element: its tag; instruction: its target
+        std::uint32_t type : 4;
+    };
+    struct Head
+    {
+        Index node;
+        Index firstAttribute; // its attributes end where the next head's begin
+        std::uint32_t line;
+        std::uint32_t column;
+    };
+    struct AttributeEntry
+    {
+        Symbol name;
+        Index value; // offset of the length, which the text follows
+    };
+
+    static void Destroy(const CATXMLDocument* document);
+
+    bool HasChildren(Index node) const { return Type(node) == Element || Type(node) == Document; }
+    Index EndOf(Index node) const { return HasChildren(node) ? m_Nodes[node].endOrLength : node + 1; }
+    const Head& HeadOf(Index element) const { return m_Heads[m_Nodes[element].headOrText]; }
+    // The length of a value stands before it, seven bits a byte, the last byte below 128.
+    std::string_view ValueAt(Index offset) const
+    {
+        const char* at = m_Text.Data() + offset;
+        std::size_t length = static_cast<unsigned char>(*at++);
+        for (unsigned shift = 7; length >> shift != 0; shift += 7)
+            length = (length & ((std::size_t{1} << shift) - 1)) |
+                     static_cast<std::size_t>(static_cast<unsigned char>(*at++)) << shift;
+        return {at, length};
+    }
+
+    mutable std::size_t m_References = 0;
+    Index m_Root = none;
+    CATXMLNames m_Names;
+    CATXMLBuffer<Node> m_Nodes;
+    CATXMLBuffer<Head> m_Heads; // one for each element, and one past the last
+    CATXMLBuffer<AttributeEntry> m_Attributes;
+    CATXMLBuffer<char> m_Text;
+    CATXMLBuffer<Index> m_TagBegins; // symbol: where its elements begin in m_TagElements; one past the last
+    CATXMLBuffer<Index> m_TagElements;
+};
+
+#endif

@@ -1,0 +1,151 @@
+#include "CATXMLDocumentWriter.h"
+
+#include <algorithm>
+#include <utility>
+
+CATXMLDocumentWriter::CATXMLDocumentWriter() : m_Document(std::make_unique<CATXMLDocument>())
+{
+    m_LastOfLength.fill(CATXMLDocument::none);
+    m_Parent = CATXMLDocument::none;
+    m_Parent = AddNode(CATXMLDocument::Document, 0, 0);
+}
+
+CATXMLDocumentWriter::Index CATXMLDocumentWriter::AddNode(
+    CATXMLDocument::NodeType type, CATXMLDocument::Symbol symbol, Index headOrText)
+{
+    const auto node = static_cast<Index>(m_Document->m_Nodes.Size());
+    *m_Document->m_Nodes.Extend(1) = {m_Parent, 0, headOrText, symbol & 0x0FFFFFFFU, type & 0xFU};
+    return node;
+}
+
+CATXMLDocumentWriter::Index CATXMLDocumentWriter::AddTextNode(
+    CATXMLDocument::NodeType type, CATXMLDocument::Symbol symbol, std::string_view text)
+{
+    CloseText();
+    const Index node = AddNode(type, symbol, static_cast<Index>(m_Document->m_Text.Size()));
+    m_Document->m_Nodes[node].endOrLength = static_cast<Index>(text.size());
+    AppendCharacters(text);
+    return node;
+}
+
+void CATXMLDocumentWriter::AppendCharacters(std::string_view text)
+{
+    std::copy(text.begin(), text.end(), m_Document->m_Text.Extend(text.size()));
+}
+
+CATXMLDocumentWriter::Index CATXMLDocumentWriter::AddValue(std::string_view value)
+{
+    const auto offset = static_cast<Index>(m_Document->m_Text.Size());
+    std::size_t length = value.size();
+    for (; length >= 128; length >>= 7)
+        m_Document->m_Text.Append(static_cast<char>((length & 127) | 128));
+    m_Document->m_Text.Append(static_cast<char>(length));
+    AppendCharacters(value);
+    return offset;
+}
+
+void CATXMLDocumentWriter::StartElement(
+    std::string_view tag, const char* const* attributes, std::size_t line, std::size_t column)
+{
+    CloseText();
+    CATXMLDocument& document = *m_Document;
+    const auto head = static_cast<Index>(document.m_Heads.Size());
+    m_Parent = AddNode(CATXMLDocument::Element, document.m_Names.Intern(tag), head);
+    document.m_Heads.Append({m_Parent, static_cast<Index>(document.m_Attributes.Size()),
+        static_cast<std::uint32_t>(line), static_cast<std::uint32_t>(column)});
+    if (document.m_Root == CATXMLDocument::none)
+        document.m_Root = m_Parent;
+    for (; *attributes; attributes += 2)
+        document.m_Attributes.Append({document.m_Names.Intern(attributes[0]), AddValue(attributes[1])});
+}
+
+void CATXMLDocumentWriter::EndElement()
+{
+    CloseText();
+    CATXMLDocument::Node& element = m_Document->m_Nodes[m_Parent];
+    element.endOrLength = static_cast<Index>(m_Document->m_Nodes.Size());
+    m_Parent = element.parent;
+}
+
+void CATXMLDocumentWriter::AppendText(std::string_view piece)
+{
+    if (m_OpenText == CATXMLDocument::none)
+        m_OpenText = AddTextNode(CATXMLDocument::Text, 0, {});
+    AppendCharacters(piece);
+    m_Document->m_Nodes[m_OpenText].endOrLength += static_cast<Index>(piece.size());
+}
+
+void CATXMLDocumentWriter::StartCData() { m_OpenText = AddTextNode(CATXMLDocument::CDataSection, 0, {}); }
+
+void CATXMLDocumentWriter::EndCData() { CloseText(); }
+
+void CATXMLDocumentWriter::CloseText()
+{
+    if (m_OpenText == CATXMLDocument::none)
+        return;
+    CATXMLDocument::Node& node = m_Document->m_Nodes[std::exchange(m_OpenText, CATXMLDocument::none)];
+    if (node.endOrLength >= sharedLengths)
+        return;
+    const char* text = m_Document->m_Text.Data();
+    Index& last = m_LastOfLength[node.endOrLength];
+    if (last != CATXMLDocument::none && std::equal(text + last, text + last + node.endOrLength, text + node.headOrText))
+    {
+        m_Document->m_Text.Resize(node.headOrText);
+        node.headOrText = last;
+    }
+    last = node.headOrText;
+}
+
+void CATXMLDocumentWriter::Comment(std::string_view text) { AddTextNode(CATXMLDocument::Comment, 0, text); }
+
+void CATXMLDocumentWriter::Instruction(std::string_view target, std::string_view data)
+{
+    AddTextNode(CATXMLDocument::ProcessingInstruction, m_Document->m_Names.Intern(target), data);
+}
+
+std::size_t CATXMLDocumentWriter::Bytes() const
+{
+    const CATXMLDocument& document = *m_Document;
+    return document.m_Nodes.Size() * sizeof(CATXMLDocument::Node) +
+           document.m_Heads.Size() * sizeof(CATXMLDocument::Head) +
+           document.m_Attributes.Size() * sizeof(CATXMLDocument::AttributeEntry) + document.m_Text.Size();
+}
+
+// A counting sort: counts the elements of each tag, turns the counts into begins, and deals the elements out.
+void CATXMLDocumentWriter::IndexTags()
+{
+    CATXMLDocument& document = *m_Document;
+    const std::size_t elements = document.m_Heads.Size() - 1;
+    const std::size_t symbols = document.m_Names.Size();
+    const auto tagOf = [&](std::size_t element) { return document.m_Nodes[document.m_Heads[element].node].symbol; };
+
+    CATXMLBuffer<Index>& begins = document.m_TagBegins;
+    begins.Resize(symbols + 1);
+    std::fill_n(&begins[0], symbols + 1, 0U);
+    for (std::size_t element = 0; element < elements; ++element)
+        ++begins[tagOf(element)];
+    Index next = 0;
+    for (std::size_t symbol = 0; symbol <= symbols; ++symbol)
+        next += std::exchange(begins[symbol], next);
+    document.m_TagElements.Resize(elements);
+    for (std::size_t element = 0; element < elements; ++element)
+        document.m_TagElements[begins[tagOf(element)]++] = document.m_Heads[element].node;
+    // Each begin now stands where the next one belongs.
+    for (std::size_t symbol = symbols; symbol > 0; --symbol)
+        begins[symbol] = begins[symbol - 1];
+    begins[0] = 0;
+}
+
+std::unique_ptr<const CATXMLDocument> CATXMLDocumentWriter::Finish()
+{
+    CATXMLDocument& document = *m_Document;
+    document.m_Nodes[0].endOrLength = static_cast<Index>(document.m_Nodes.Size());
+    document.m_Heads.Append({0, static_cast<Index>(document.m_Attributes.Size()), 0, 0});
+    document.m_Names.Shrink();
+    document.m_Nodes.Shrink();
+    document.m_Heads.Shrink();
+    document.m_Attributes.Shrink();
+    document.m_Text.Shrink();
+    IndexTags();
+    return std::move(m_Document);
+}

@@ -1,0 +1,404 @@
+// XML_DTD makes the parser's header declare what the parser itself is built with.
+#define XML_DTD
+
+#include "CATXMLParse.h"
+
+#include "CATPath.h"
+#include "CATXMLEncoding.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <new>
+
+namespace {
+
+// Without the entity's name: it may be a piece of a secret that stands in the document.
+constexpr const char* undeclaredEntity = "reference to an entity that is not declared";
+constexpr std::size_t pieceBytes = std::size_t{64} << 10U;
+
+bool StartsWithByteOrderMark(std::string_view bytes)
+{
+    return bytes.starts_with("\xEF\xBB\xBF") || bytes.starts_with("\xFE\xFF") || bytes.starts_with("\xFF\xFE");
+}
+
+// Absolute paths and addresses are not followed.
+bool IsRelativePath(std::string_view systemId)
+{
+    if (systemId.empty() || systemId.front() == '/' || systemId.front() == '\\')
+        return false;
+    return systemId.substr(0, systemId.find_first_of("/\\")).find(':') == std::string_view::npos;
+}
+
+std::string BesideFile(std::string_view file, std::string_view relativePath)
+{
+    const std::size_t separator = file.find_last_of("/\\");
+    const std::string directory(separator == std::string_view::npos ? "" : file.substr(0, separator + 1));
+    return directory + std::string(relativePath);
+}
+
+std::string Bound(std::size_t bound, const char* what) { return "more than " + std::to_string(bound) + " " + what; }
+
+} // namespace
+
+// The parser underneath must not see exceptions: whatever a handler throws becomes the failure of the parse.
+template <auto Event, class... Arguments> void CATXMLParse::Guarded(void* self, Arguments... arguments)
+{
+    auto* parse = static_cast<CATXMLParse*>(self);
+    if (parse->m_Failure)
+        return;
+    try
+    {
+        (parse->*Event)(arguments...);
+    }
+    catch (const std::bad_alloc&)
+    {
+        parse->FailForMemory();
+    }
+}
+
+// While it lives, events come from the parser of an external subset.
+class CATXMLParse::ExternalScope
+{
+public:
+    ExternalScope(CATXMLParse& parse, XML_Parser child, const std::string& name)
+        : m_Parse(parse), m_Name(name), m_Parent(std::exchange(parse.m_Parser, child))
+    {
+        m_Parse.m_ExternalName.swap(m_Name);
+        ++m_Parse.m_ExternalDepth;
+    }
+    ExternalScope(const ExternalScope&) = delete;
+    ExternalScope& operator=(const ExternalScope&) = delete;
+    ~ExternalScope()
+    {
+        --m_Parse.m_ExternalDepth;
+        m_Parse.m_ExternalName.swap(m_Name);
+        m_Parse.m_Parser = m_Parent;
+    }
+
+private:
+    CATXMLParse& m_Parse;
+    std::string m_Name;
+    XML_Parser m_Parent;
+};
+
+CATXMLParse::CATXMLParse(const CATUnicodeString& path, const CATISAXErrorHandler_var& errorHandler,
+    const CATISAXEntityResolver_var& entityResolver)
+    : m_Path(path),
+      m_ErrorHandler(errorHandler),
+      m_EntityResolver(entityResolver),
+      m_Root(XML_ParserCreate(nullptr)),
+      m_Parser(m_Root.get())
+{
+    if (!m_Root)
+        throw std::bad_alloc();
+    SetHandlers();
+}
+
+void CATXMLParse::SetHandlers()
+{
+    using Self = CATXMLParse;
+    XML_SetUserData(m_Parser, this);
+    XML_SetBase(m_Parser, m_Path.ConvertToChar());
+    XML_SetElementHandler(m_Parser, Guarded<&Self::OnStartElement>, Guarded<&Self::OnEndElement>);
+    XML_SetCharacterDataHandler(m_Parser, Guarded<&Self::OnText>);
+    XML_SetCommentHandler(m_Parser, Guarded<&Self::OnComment>);
+    XML_SetProcessingInstructionHandler(m_Parser, Guarded<&Self::OnInstruction>);
+    XML_SetCdataSectionHandler(m_Parser, Guarded<&Self::OnStartCData>, Guarded<&Self::OnEndCData>);
+    XML_SetXmlDeclHandler(m_Parser, Guarded<&Self::OnXmlDeclaration>);
+    XML_SetDoctypeDeclHandler(m_Parser, Guarded<&Self::OnStartDoctype>, Guarded<&Self::OnEndDoctype>);
+    XML_SetEntityDeclHandler(m_Parser, Guarded<&Self::OnEntityDeclaration>);
+    XML_SetSkippedEntityHandler(m_Parser, Guarded<&Self::OnSkippedEntity>);
+    XML_SetUnknownEncodingHandler(m_Parser, OnUnknownEncoding, this);
+    XML_SetExternalEntityRefHandler(m_Parser, OnExternalEntity);
+    XML_SetExternalEntityRefHandlerArg(m_Parser, this);
+    XML_SetParamEntityParsing(m_Parser, XML_PARAM_ENTITY_PARSING_ALWAYS);
+}
+
+std::unique_ptr<const CATXMLDocument> CATXMLParse::Run(const Reader& reader, std::size_t expectedBytes)
+{
+    try
+    {
+        Feed(reader, expectedBytes);
+        if (!m_Failure)
+            return m_Writer.Finish();
+    }
+    catch (const std::bad_alloc&)
+    {
+        FailForMemory();
+    }
+    if (m_ErrorHandler != NULL_var)
+        m_ErrorHandler->FatalError(&*m_Failure);
+    return nullptr;
+}
+
+void CATXMLParse::Feed(const Reader& reader, std::size_t expectedBytes)
+{
+    if (expectedBytes > CATXMLBounds::documentBytes)
+        return Fail(Bound(CATXMLBounds::documentBytes, "bytes in the document"));
+    std::size_t piece = std::min(pieceBytes, expectedBytes + 1);
+    for (bool atEnd = false; !atEnd && !m_Failure;)
+    {
+        void* buffer = XML_GetBuffer(m_Parser, static_cast<int>(piece));
+        if (!buffer)
+            throw std::bad_alloc();
+        const long read = reader(buffer, piece);
+        if (read < 0)
+            return Fail(std::string("cannot be read: ") + std::strerror(errno));
+        if (m_BytesRead == 0)
+            m_ByteOrderMark = StartsWithByteOrderMark({static_cast<char*>(buffer), static_cast<std::size_t>(read)});
+        m_BytesRead += static_cast<std::size_t>(read);
+        if (m_BytesRead > CATXMLBounds::documentBytes)
+            return Fail(Bound(CATXMLBounds::documentBytes, "bytes in the document"));
+        atEnd = read == 0;
+        const XML_Index before = XML_GetCurrentByteIndex(m_Parser);
+        CheckParsed(XML_ParseBuffer(m_Parser, static_cast<int>(read), atEnd ? XML_TRUE : XML_FALSE));
+        // A single piece of markup larger than the buffer: larger steps keep the work linear.
+        if (XML_GetCurrentByteIndex(m_Parser) == before)
+            piece = std::min(piece * 2, CATXMLBounds::documentBytes);
+    }
+}
+
+void CATXMLParse::CheckParsed(XML_Status status)
+{
+    if (status == XML_STATUS_ERROR)
+        Fail(XML_ErrorString(XML_GetErrorCode(m_Parser)));
+}
+
+void CATXMLParse::Fail(const std::string& message)
+{
+    if (m_Failure)
+        return;
+    m_Failure = ProblemHere(m_ExternalName.empty() ? message : m_ExternalName + ": " + message);
+    XML_StopParser(m_Parser, XML_FALSE);
+}
+
+// The text is short enough to need no memory itself.
+void CATXMLParse::FailForMemory()
+{
+    if (!m_Failure)
+        m_Failure = ProblemHere("out of memory");
+    XML_StopParser(m_Parser, XML_FALSE);
+}
+
+CATSAXParseException CATXMLParse::ProblemHere(std::string_view message) const
+{
+    const auto line = static_cast<int>(XML_GetCurrentLineNumber(m_Parser));
+    const auto column = static_cast<int>(XML_GetCurrentColumnNumber(m_Parser)) + 1;
+    // The parser underneath counts a byte-order mark as a character.
+    const bool afterMark = m_ByteOrderMark && line == 1 && column > 1 && m_Parser == m_Root.get();
+    return {CATUnicodeString(message), line, afterMark ? column - 1 : column};
+}
+
+void CATXMLParse::OnStartElement(const XML_Char* tag, const XML_Char** attributes)
+{
+    if (++m_Depth > CATXMLBounds::elementDepth)
+        return Fail(Bound(CATXMLBounds::elementDepth, "elements within each other"));
+    if (m_HasDoctype)
+    {
+        CheckReferences();
+        if (m_Failure)
+            return;
+    }
+    const std::size_t line = XML_GetCurrentLineNumber(m_Parser);
+    const std::size_t column = XML_GetCurrentColumnNumber(m_Parser) + (m_ByteOrderMark && line == 1 ? 0 : 1);
+    m_Writer.StartElement(tag, attributes, line, column);
+    CheckGrowth();
+}
+
+void CATXMLParse::OnEndElement(const XML_Char* /*tag*/)
+{
+    --m_Depth;
+    m_Writer.EndElement();
+}
+
+void CATXMLParse::OnText(const XML_Char* text, int length)
+{
+    m_Writer.AppendText({text, static_cast<std::size_t>(length)});
+    CheckGrowth();
+}
+
+// Comments and instructions of the document type are no part of the document.
+void CATXMLParse::OnComment(const XML_Char* text)
+{
+    if (!m_InDoctype)
+        m_Writer.Comment(text);
+}
+
+void CATXMLParse::OnInstruction(const XML_Char* target, const XML_Char* data)
+{
+    if (!m_InDoctype)
+        m_Writer.Instruction(target, data);
+}
+
+void CATXMLParse::OnStartCData() { m_Writer.StartCData(); }
+
+void CATXMLParse::OnEndCData() { m_Writer.EndCData(); }
+
+void CATXMLParse::OnXmlDeclaration(const XML_Char* version, const XML_Char* /*encoding*/, int /*standalone*/)
+{
+    if (version && std::string_view(version) != "1.0")
+        Fail(std::string("XML version ") + version + " is not supported");
+}
+
+void CATXMLParse::OnStartDoctype(
+    const XML_Char* /*name*/, const XML_Char* /*systemId*/, const XML_Char* /*publicId*/, int /*internalSubset*/)
+{
+    m_InDoctype = true;
+    m_HasDoctype = true;
+    XML_SetDefaultHandlerExpand(m_Parser, Guarded<&CATXMLParse::OnMarkup>);
+}
+
+void CATXMLParse::OnEndDoctype() { m_InDoctype = false; }
+
+void CATXMLParse::OnEntityDeclaration(const XML_Char* name, int isParameter, const XML_Char* value, int length,
+    const XML_Char* /*base*/, const XML_Char* /*systemId*/, const XML_Char* /*publicId*/, const XML_Char* /*notation*/)
+{
+    if (!value && isParameter == 0)
+        m_Entities.DeclareExternal(name);
+    else if (value &&
+             !m_Entities.DeclareInternal(isParameter != 0 ? '%' : '&', name, {value, static_cast<std::size_t>(length)}))
+        Fail(Bound(CATXMLBounds::entityDepth, "entities within each other"));
+}
+
+// Has the parser hand out the source of the current event, and looks where its references lead.
+void CATXMLParse::CheckReferences()
+{
+    m_Markup.clear();
+    m_CollectsMarkup = true;
+    XML_DefaultCurrent(m_Parser);
+    m_CollectsMarkup = false;
+    CheckReferencesIn(m_Markup);
+}
+
+void CATXMLParse::CheckReferencesIn(std::string_view markup)
+{
+    if (!m_Entities.AreDeclared(markup))
+        Fail(undeclaredEntity);
+}
+
+// Hears the source of events on request, and the tokens of the document type: among those, the defaults of attributes
+// are looked at as they are declared, since later they are only seen expanded.
+void CATXMLParse::OnMarkup(const XML_Char* markup, int length)
+{
+    const std::string_view token(markup, static_cast<std::size_t>(length));
+    if (token == "<!ATTLIST" && m_InDoctype)
+    {
+        m_Markup.clear();
+        m_InAttributeDeclaration = true;
+    }
+    if (m_CollectsMarkup || m_InAttributeDeclaration)
+        m_Markup += token;
+    if (m_InAttributeDeclaration && token == ">")
+    {
+        m_InAttributeDeclaration = false;
+        CheckReferencesIn(m_Markup);
+    }
+}
+
+void CATXMLParse::OnSkippedEntity(const XML_Char* /*name*/, int /*isParameter*/)
+{
+    Fail(undeclaredEntity);
+}
+
+void CATXMLParse::CheckGrowth()
+{
+    const std::size_t bytes = m_Writer.Bytes();
+    if (bytes <= CATXMLBounds::expandedBytes)
+        return;
+    const std::size_t allowed = CATXMLBounds::expandedBytes + CATXMLBounds::expandedFactor * m_BytesRead;
+    if (bytes > std::min(allowed, CATXMLBounds::expandedBytesAtMost))
+        Fail("the document grows too large by what it expands");
+}
+
+int CATXMLParse::OnUnknownEncoding(void* /*self*/, const XML_Char* name, XML_Encoding* encoding)
+{
+    encoding->data = nullptr;
+    encoding->convert = nullptr;
+    encoding->release = nullptr;
+    return CATXMLSingleByteMap(name, encoding->map) ? XML_STATUS_OK : XML_STATUS_ERROR;
+}
+
+int CATXMLParse::OnExternalEntity(
+    XML_Parser self, const XML_Char* context, const XML_Char* base, const XML_Char* systemId, const XML_Char* publicId)
+{
+    auto* parse = reinterpret_cast<CATXMLParse*>(self);
+    if (context)
+        parse->Fail(std::string("external entity \"") + (systemId ? systemId : "") + "\" is not read");
+    else
+        Guarded<&CATXMLParse::ReadExternalSubset>(parse, base, systemId, publicId);
+    return parse->m_Failure ? XML_STATUS_ERROR : XML_STATUS_OK;
+}
+
+void CATXMLParse::ReadExternalSubset(const XML_Char* base, const XML_Char* systemId, const XML_Char* publicId)
+{
+    if (++m_ExternalFiles > CATXMLBounds::externalFiles)
+        return Fail(Bound(CATXMLBounds::externalFiles, "external files"));
+    if (m_ExternalDepth >= CATXMLBounds::externalDepth)
+        return Fail(Bound(CATXMLBounds::externalDepth, "external files within each other"));
+    const std::optional<External> external =
+        FindExternal(base ? base : "", systemId ? systemId : "", publicId ? publicId : "");
+    if (m_Failure)
+        return;
+    // An empty subset in place of a missing one: without it, the declarations behind it would not count.
+    ParseExternal(external.value_or(External{}));
+}
+
+std::optional<CATXMLParse::External> CATXMLParse::FindExternal(
+    const XML_Char* base, const XML_Char* systemId, const XML_Char* publicId)
+{
+    CATISAXInputSource_var source;
+    if (m_EntityResolver != NULL_var && SUCCEEDED(m_EntityResolver->ResolveEntity(publicId, systemId, source)) &&
+        source != NULL_var)
+    {
+        const CATUnicodeString& path = source->GetPath();
+        if (std::optional<std::string> bytes = ReadExternalFile(path))
+            return External{path.ConvertToChar(), source->GetEncoding().ConvertToChar(), std::move(*bytes)};
+    }
+    if (IsRelativePath(systemId))
+    {
+        const std::string path = BesideFile(base, systemId);
+        if (std::optional<std::string> bytes = ReadExternalFile(CATUnicodeString(path)))
+            return External{path, "", std::move(*bytes)};
+    }
+    if (m_MissingExternals.insert(systemId).second && m_ErrorHandler != NULL_var)
+    {
+        const CATSAXParseException warning =
+            ProblemHere(std::string("\"") + systemId + "\" cannot be had; the document is read without it");
+        m_ErrorHandler->Warning(&warning);
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> CATXMLParse::ReadExternalFile(const CATUnicodeString& path)
+{
+    CATInputFile file(path);
+    if (!file.IsOpen())
+        return std::nullopt;
+    std::string bytes;
+    for (;;)
+    {
+        const std::size_t size = bytes.size();
+        bytes.resize(size + pieceBytes);
+        const long read = file.Read(bytes.data() + size, pieceBytes);
+        if (read < 0)
+            return std::nullopt;
+        bytes.resize(size + static_cast<std::size_t>(read));
+        m_BytesRead += static_cast<std::size_t>(read);
+        if (m_BytesRead > CATXMLBounds::documentBytes)
+            Fail(Bound(CATXMLBounds::documentBytes, "bytes in the document"));
+        if (read == 0 || m_Failure)
+            return bytes;
+    }
+}
+
+void CATXMLParse::ParseExternal(const External& external)
+{
+    const char* encoding = external.encoding.empty() ? nullptr : external.encoding.c_str();
+    const ParserOwner child(XML_ExternalEntityParserCreate(m_Parser, nullptr, encoding));
+    if (!child)
+        throw std::bad_alloc();
+    XML_SetBase(child.get(), external.path.c_str());
+    const ExternalScope scope(*this, child.get(), external.path);
+    CheckParsed(XML_Parse(m_Parser, external.bytes.data(), static_cast<int>(external.bytes.size()), XML_TRUE));
+}

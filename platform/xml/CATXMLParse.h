@@ -1,0 +1,102 @@
+// One parse: feeds the bytes of one document to Expat and writes the document from its events.
+#ifndef CATXMLParse_H
+#define CATXMLParse_H
+
+#include "CATIXMLDOMDocumentBuilder.h"
+#include "CATXMLDocumentWriter.h"
+#include "CATXMLEntities.h"
+
+#include <expat.h>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+
+class CATXMLParse
+{
+public:
+    CATXMLParse(const CATUnicodeString& path, const CATISAXErrorHandler_var& errorHandler,
+        const CATISAXEntityResolver_var& entityResolver);
+
+    // Gives the next bytes of the document: how many it wrote, 0 at the end, -1 with errno set on a failure.
+    using Reader = std::function<long(void* buffer, std::size_t size)>;
+
+    // The document, or null after it has reported one FatalError.
+    std::unique_ptr<const CATXMLDocument> Run(const Reader& reader, std::size_t expectedBytes);
+
+private:
+    struct ParserDeleter
+    {
+        void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
+    };
+    using ParserOwner = std::unique_ptr<std::remove_pointer_t<XML_Parser>, ParserDeleter>;
+
+    void SetHandlers();
+    void Feed(const Reader& reader, std::size_t expectedBytes);
+    void CheckParsed(XML_Status status);
+
+    // Records the first failure, at the parser's position, and stops the parse.
+    void Fail(const std::string& message);
+    void FailForMemory();
+    CATSAXParseException ProblemHere(std::string_view message) const;
+
+    template <auto Event, class... Arguments> static void Guarded(void* self, Arguments... arguments);
+    void OnStartElement(const XML_Char* tag, const XML_Char** attributes);
+    void OnEndElement(const XML_Char* tag);
+    void OnText(const XML_Char* text, int length);
+    void OnComment(const XML_Char* text);
+    void OnInstruction(const XML_Char* target, const XML_Char* data);
+    void OnStartCData();
+    void OnEndCData();
+    void OnXmlDeclaration(const XML_Char* version, const XML_Char* encoding, int standalone);
+    void OnStartDoctype(const XML_Char* name, const XML_Char* systemId, const XML_Char* publicId, int internalSubset);
+    void OnEndDoctype();
+    void OnEntityDeclaration(const XML_Char* name, int isParameter, const XML_Char* value, int length,
+        const XML_Char* base, const XML_Char* systemId, const XML_Char* publicId, const XML_Char* notation);
+    void OnMarkup(const XML_Char* markup, int length);
+    void OnSkippedEntity(const XML_Char* name, int isParameter);
+    static int OnExternalEntity(XML_Parser self, const XML_Char* context, const XML_Char* base,
+        const XML_Char* systemId, const XML_Char* publicId);
+    static int OnUnknownEncoding(void* self, const XML_Char* name, XML_Encoding* encoding);
+
+    // Fail when the source of the current event, or a piece of markup, refers to an entity that is not declared.
+    void CheckReferences();
+    void CheckReferencesIn(std::string_view markup);
+    void CheckGrowth();
+
+    struct External
+    {
+        std::string path;
+        std::string encoding;
+        std::string bytes;
+    };
+    class ExternalScope;
+    void ReadExternalSubset(const XML_Char* base, const XML_Char* systemId, const XML_Char* publicId);
+    std::optional<External> FindExternal(const XML_Char* base, const XML_Char* systemId, const XML_Char* publicId);
+    std::optional<std::string> ReadExternalFile(const CATUnicodeString& path);
+    void ParseExternal(const External& external);
+
+    CATUnicodeString m_Path;
+    CATISAXErrorHandler_var m_ErrorHandler;
+    CATISAXEntityResolver_var m_EntityResolver;
+    ParserOwner m_Root;
+    XML_Parser m_Parser = nullptr; // the one whose events are coming in: the document's or an external subset's
+    CATXMLDocumentWriter m_Writer;
+    CATXMLEntities m_Entities;
+    std::optional<CATSAXParseException> m_Failure;
+    std::set<std::string> m_MissingExternals;
+    std::string m_ExternalName; // of the external subset that is being read
+    std::string m_Markup;
+    std::size_t m_BytesRead = 0;
+    int m_Depth = 0;
+    int m_ExternalFiles = 0;
+    int m_ExternalDepth = 0;
+    bool m_ByteOrderMark = false;
+    bool m_InDoctype = false;
+    bool m_HasDoctype = false;
+    bool m_CollectsMarkup = false;
+    bool m_InAttributeDeclaration = false;
+};
+
+#endif
