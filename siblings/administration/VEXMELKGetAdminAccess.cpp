@@ -1,0 +1,49 @@
+#include "VEXMELKGetAdminAccess.h"
+
+#include <cstdlib>
+#include <optional>
+
+namespace {
+
+const char* Variable(const char* name)
+{
+    const char* value = std::getenv(name);
+    return value ? value : "";
+}
+
+class EnvironmentAccess final : public VEXIMELKAccessAdminAttr
+{
+public:
+    CATResult GetConfigurationDirectory(CATString& directory) const override
+    {
+        const char* value = Variable("MELK_CFG_PATH");
+        if (*value == '\0')
+            return E_FAIL;
+        directory = value;
+        return S_OK;
+    }
+    CATUnicodeString GetTestPath() const override { return {Variable("MELK_TEST_PATH")}; }
+    CATResult GetBaseDataDBPath(CATUnicodeString& path, CATUnicodeString& user) const override
+    {
+        const char* value = Variable("MELK_BASEDATA_DB");
+        if (*value == '\0')
+            return E_FAIL;
+        path = value;
+        user = Variable("MELK_BASEDATA_DB_USER");
+        return S_OK;
+    }
+};
+
+std::optional<const VEXIMELKAccessAdminAttr*> replacement;
+
+} // namespace
+
+const VEXIMELKAccessAdminAttr* VEXMELKGetAdminAccess::VEXMELKGetAdminAccessAttr()
+{
+    static const EnvironmentAccess environment;
+    return replacement.value_or(&environment);
+}
+
+void VEXMELKGetAdminAccess::ReplaceAccessAttr(const VEXIMELKAccessAdminAttr* access) { replacement = access; }
+
+void VEXMELKGetAdminAccess::Reset() { replacement.reset(); }

@@ -1,0 +1,44 @@
+#include "VEXMELKGUI.h"
+
+#include <iostream>
+#include <utility>
+
+namespace {
+
+class StandardErrorPresenter final : public VEXMELKMessagePresenter
+{
+public:
+    void Show(Kind kind, const CATUnicodeString& title, const CATUnicodeString& text) override
+    {
+        std::cerr << (kind == Error ? "error: " : "warning: ") << title.ConvertToChar() << ": " << text.ConvertToChar()
+                  << std::endl;
+    }
+};
+
+VEXMELKMessagePresenter* installedPresenter = nullptr;
+
+void Show(VEXMELKMessagePresenter::Kind kind, const CATUnicodeString& title, const CATUnicodeString& text)
+{
+    StandardErrorPresenter standardError;
+    VEXMELKMessagePresenter* presenter = installedPresenter ? installedPresenter : &standardError;
+    presenter->Show(kind, title, text);
+}
+
+} // namespace
+
+void VEXMELKGUI::ShowError(
+    const CATUnicodeString& text, const CATUnicodeString& title, int /*options*/, CATDialog* /*parent*/)
+{
+    Show(VEXMELKMessagePresenter::Error, title, text);
+}
+
+void VEXMELKGUI::ShowWarning(
+    const CATUnicodeString& text, const CATUnicodeString& title, int /*options*/, CATDialog* /*parent*/)
+{
+    Show(VEXMELKMessagePresenter::Warning, title, text);
+}
+
+VEXMELKMessagePresenter* VEXMELKGUI::InstallPresenter(VEXMELKMessagePresenter* presenter)
+{
+    return std::exchange(installedPresenter, presenter);
+}

@@ -1,0 +1,35 @@
+// Message boxes. They go to the presenter that the host installed, or else, one line each, to standard error.
+#ifndef VEXMELKGUI_H
+#define VEXMELKGUI_H
+
+#include "CATUnicodeString.h"
+
+// A dialog of the host, as far as boxes need one for their parent.
+class CATDialog;
+
+class VEXMELKMessagePresenter
+{
+public:
+    enum Kind
+    {
+        Error,
+        Warning
+    };
+    virtual ~VEXMELKMessagePresenter() = default;
+    // Shows a modal box; returns when the user has closed it.
+    virtual void Show(Kind kind, const CATUnicodeString& title, const CATUnicodeString& text) = 0;
+};
+
+class VEXMELKGUI
+{
+public:
+    // "options" and "parent" are the host's; the boxes of the configuration have neither.
+    static void ShowError(const CATUnicodeString& text, const CATUnicodeString& title, int options, CATDialog* parent);
+    static void ShowWarning(
+        const CATUnicodeString& text, const CATUnicodeString& title, int options, CATDialog* parent);
+
+    // Installs the presenter, null for none, and returns the one before. The caller keeps ownership.
+    static VEXMELKMessagePresenter* InstallPresenter(VEXMELKMessagePresenter* presenter);
+};
+
+#endif

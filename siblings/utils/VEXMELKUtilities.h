@@ -1,0 +1,57 @@
+// What the application knows besides the configuration: its mode, the reload request, the decimal separator, files,
+// message texts, quantities and the colour palette. A host sets it up through the Set... operations; Reset gives the
+// state of a fresh process back.
+#ifndef VEXMELKUtilities_H
+#define VEXMELKUtilities_H
+
+#include "CATUnicodeString.h"
+
+enum VEXMELKAppMode : int
+{
+    VEXMELKNormalMode = 0,
+    VEXMELKTestMode = 1
+};
+
+class VEXMELKUtilities
+{
+public:
+    static VEXMELKAppMode GetAppMode();
+    static void SetAppMode(VEXMELKAppMode mode);
+
+    // A request to reload the configuration, seen at the next request for its manager.
+    static unsigned char GetReloadConfigurationFlag();
+    static void SetReloadConfigurationFlag(unsigned char reload);
+
+    // Whether the application writes numbers with a decimal comma.
+    static unsigned char IsCommaDelimeter();
+    static void SetCommaDelimeter(unsigned char comma);
+
+    // Turns every "," into ".", the separator that conversions expect, whatever the application writes.
+    static void AlterStringBecauseOfDelimeter(CATUnicodeString& text);
+
+    // True for regular files only, through symbolic links.
+    static unsigned char FileExists(const CATUnicodeString& path);
+
+    // The text of a message, from the file that MELK_MSG_CATALOG names (lines of KEY = "text"), or else from the
+    // built-in catalogue; a key without a text gives the key itself.
+    static CATUnicodeString GetNLSMessage(const CATString& key);
+
+    // Lengths in metres, angles in radians; 0 for a text that is no quantity. A bare number counts as millimetres or
+    // degrees.
+    static double GetValueInMeters(const CATUnicodeString& text);
+    static double GetValueInRadians(const CATUnicodeString& text);
+
+    // The palette of sixteen VGA colours, as 0xRRGGBB. A position counts from 0. A name is matched in any letter
+    // case; an unknown one is black.
+    static int GetNumberOfVGAColors();
+    static unsigned int VGAColor(int position);
+    static unsigned int VGAColor(const CATUnicodeString& name);
+    // The palette colour nearest to a colour in RGB, the first of several.
+    static unsigned int ConvertColorToVGAColor(unsigned int color);
+    // "#RRGGBB".
+    static CATUnicodeString ConvertColorToColorString(unsigned int color);
+
+    static void Reset();
+};
+
+#endif
