@@ -1,0 +1,42 @@
+// The frame around every public operation.
+#ifndef VEXMELKAnswer_H
+#define VEXMELKAnswer_H
+
+#include "VEXMELKConfig.h"
+
+#include <exception>
+#include <type_traits>
+
+// While the outermost operation of an object runs, a load that failed is not repeated.
+class VEXMELKConfig::QueryScope
+{
+public:
+    explicit QueryScope(VEXMELKConfig& config) : m_Config(config) { ++m_Config.m_RunningQueries; }
+    QueryScope(const QueryScope&) = delete;
+    QueryScope& operator=(const QueryScope&) = delete;
+    ~QueryScope()
+    {
+        if (--m_Config.m_RunningQueries == 0)
+            m_Config.m_LoadFailed = false;
+    }
+
+private:
+    VEXMELKConfig& m_Config;
+};
+
+template <class Body> auto VEXMELKConfig::Answer(Body body) -> decltype(body())
+{
+    const QueryScope scope(*this);
+    try
+    {
+        return body();
+    }
+    catch (const std::exception& failure)
+    {
+        ReportFailure(failure.what());
+    }
+    if constexpr (!std::is_void_v<decltype(body())>)
+        return decltype(body())();
+}
+
+#endif

@@ -1,0 +1,60 @@
+#include "VEXMELKCheckConfig.h"
+
+#include "VEXMELKAnswer.h"
+#include "VEXMELKElements.h"
+
+#include <array>
+
+VEXMELKCheckConfig::VEXMELKCheckConfig(CATUnicodeString path, CATUnicodeString fileName)
+    : VEXMELKConfig(std::move(path), std::move(fileName))
+{
+}
+
+VEXMELKCheckConfig::VEXMELKCheckConfig(const VEXMELKCheckConfig& other) = default;
+VEXMELKCheckConfig& VEXMELKCheckConfig::operator=(const VEXMELKCheckConfig& other) = default;
+VEXMELKCheckConfig::~VEXMELKCheckConfig() = default;
+
+void VEXMELKCheckConfig::GetStandardNames(
+    CATListValCATUnicodeString& names, const CATUnicodeString& category, unsigned char unordered, int maxLevel)
+{
+    Answer(
+        [&]
+        {
+            names.RemoveAll();
+            VEXMELKRootDOMElementsDefinition roots;
+            if (!GetRootDOMElements(roots))
+                return;
+            CATListValCATUnicodeString found;
+            CATListValCATUnicodeString ofBase;
+            if (roots.CustomerRootElement != NULL_var)
+                GetStandardWithCategoryList(roots.CustomerRootElement, category, found);
+            GetStandardWithCategoryList(
+                roots.DefaultRootElement, category, roots.CustomerRootElement != NULL_var ? ofBase : found);
+            AppendMissing(found, ofBase);
+
+            constexpr int highestLevel = 3;
+            std::array<CATListValCATUnicodeString, highestLevel + 1> groups;
+            for (const CATUnicodeString& name : found)
+            {
+                const int level = unordered ? 0 : FindStandardLevel(name);
+                if (unordered || level <= maxLevel)
+                    groups[static_cast<std::size_t>(level)].Append(name);
+            }
+            for (const CATListValCATUnicodeString& group : groups)
+                for (const CATUnicodeString& name : group)
+                    names.Append(name);
+        });
+}
+
+void VEXMELKCheckConfig::GetStandardWithCategoryList(
+    const CATIDOMElement_var& root, const CATUnicodeString& category, CATListValCATUnicodeString& names)
+{
+    ForEachElement(root, "standard",
+        [&](const CATIDOMElement_var& standard)
+        {
+            const CATIDOMNode_var name = AttributeOf(standard, "name");
+            if (name != NULL_var && (FindChild(standard, "category", "name", category) != NULL_var ||
+                                        FindChild(standard, "category", "name", defaultCategory) != NULL_var))
+                names.Append(CATUnicodeString(name->GetNodeValue()));
+        });
+}

@@ -1,0 +1,195 @@
+// Walking the elements of a document.
+//
+// A child here is a descendant whose parent has the node name of the element searched: on purpose, also a deeper one.
+#ifndef VEXMELKElements_H
+#define VEXMELKElements_H
+
+#include "CATIDOM.h"
+#include "CATListOf.h"
+
+#include <optional>
+#include <utility>
+
+// What a node's text comes as; a view into the document, which its handles keep alive.
+using VEXMELKNodeText = decltype(std::declval<CATIDOMNode>().GetNodeValue());
+
+// The attribute as it is written; null when the element does not have it.
+inline CATIDOMNode_var AttributeOf(const CATIDOMElement_var& element, std::string_view name)
+{
+    return element->GetAttributes()->GetNamedItem(name);
+}
+
+// Assigns the attribute as it is written; a missing one leaves the text, and the result is false.
+inline bool AssignAttribute(const CATIDOMElement_var& element, std::string_view name, CATUnicodeString& text)
+{
+    const CATIDOMNode_var item = AttributeOf(element, name);
+    if (item != NULL_var)
+        text = item->GetNodeValue();
+    return item != NULL_var;
+}
+
+// The attributes of an element; null for a null element.
+inline CATIDOMNamedNodeMap_var AttributesOf(const CATIDOMElement_var& element)
+{
+    return element == NULL_var ? CATIDOMNamedNodeMap_var() : element->GetAttributes();
+}
+
+// Calls visit(element) for every descendant with the tag, in document order, until it returns true; tells whether one
+// did. A null root has no descendants.
+template <class Visit> bool VisitElements(const CATIDOMElement_var& root, std::string_view tag, Visit visit)
+{
+    if (root == NULL_var)
+        return false;
+    const CATIDOMNodeList_var elements = root->GetElementsByTagName(tag);
+    for (int position = 0; position < elements->GetLength(); ++position)
+        if (visit(elements->Item(position)))
+            return true;
+    return false;
+}
+
+inline bool IsChild(const CATIDOMElement_var& descendant, const CATIDOMElement_var& parent)
+{
+    return descendant->GetParentNode()->GetNodeName() == parent->GetNodeName();
+}
+
+template <class Visit> bool VisitChildren(const CATIDOMElement_var& parent, std::string_view tag, Visit visit)
+{
+    return VisitElements(
+        parent, tag, [&](const CATIDOMElement_var& element) { return IsChild(element, parent) && visit(element); });
+}
+
+template <class Act> void ForEachElement(const CATIDOMElement_var& root, std::string_view tag, Act act)
+{
+    VisitElements(root, tag,
+        [&](const CATIDOMElement_var& element)
+        {
+            act(element);
+            return false;
+        });
+}
+
+template <class Act> void ForEachChild(const CATIDOMElement_var& parent, std::string_view tag, Act act)
+{
+    VisitChildren(parent, tag,
+        [&](const CATIDOMElement_var& element)
+        {
+            act(element);
+            return false;
+        });
+}
+
+// The first descendant with the tag; null when there is none.
+inline CATIDOMElement_var FirstElement(const CATIDOMElement_var& root, std::string_view tag)
+{
+    CATIDOMElement_var found;
+    VisitElements(root, tag,
+        [&](const CATIDOMElement_var& element)
+        {
+            found = element;
+            return true;
+        });
+    return found;
+}
+
+// The first child with the tag; null when there is none.
+inline CATIDOMElement_var FirstChild(const CATIDOMElement_var& parent, std::string_view tag)
+{
+    CATIDOMElement_var found;
+    VisitChildren(parent, tag,
+        [&](const CATIDOMElement_var& element)
+        {
+            found = element;
+            return true;
+        });
+    return found;
+}
+
+// The first child with the tag of the first element, or else of the second; either may be null.
+inline CATIDOMElement_var FirstChildOfEither(
+    const CATIDOMElement_var& first, const CATIDOMElement_var& second, std::string_view tag)
+{
+    const CATIDOMElement_var found = FirstChild(first, tag);
+    return found != NULL_var ? found : FirstChild(second, tag);
+}
+
+// The attribute of the first child with the tag that has it; null when none has.
+inline CATIDOMNode_var FirstChildAttribute(
+    const CATIDOMElement_var& parent, std::string_view tag, std::string_view attribute)
+{
+    CATIDOMNode_var item;
+    VisitChildren(parent, tag,
+        [&](const CATIDOMElement_var& element)
+        {
+            item = AttributeOf(element, attribute);
+            return item != NULL_var;
+        });
+    return item;
+}
+
+// The first child with the tag whose attribute has exactly that value; null when there is none.
+inline CATIDOMElement_var FindChild(
+    const CATIDOMElement_var& parent, std::string_view tag, std::string_view attribute, std::string_view value)
+{
+    CATIDOMElement_var found;
+    VisitChildren(parent, tag,
+        [&](const CATIDOMElement_var& element)
+        {
+            const CATIDOMNode_var item = AttributeOf(element, attribute);
+            if (item == NULL_var || item->GetNodeValue() != value)
+                return false;
+            found = element;
+            return true;
+        });
+    return found;
+}
+
+// The descendant with the tag whose attribute lies nearest, the first of several; "distance(text)" gives the distance
+// of a value, or none when it is not to be taken. One that is "farthest" or more away is never taken.
+template <class Distance>
+CATIDOMElement_var NearestElement(const CATIDOMElement_var& root, std::string_view tag, std::string_view attribute,
+    double farthest, Distance distance)
+{
+    CATIDOMElement_var nearest;
+    double best = farthest;
+    ForEachElement(root, tag,
+        [&](const CATIDOMElement_var& element)
+        {
+            const CATIDOMNode_var item = AttributeOf(element, attribute);
+            if (item == NULL_var)
+                return;
+            const std::optional<double> away = distance(CATUnicodeString(item->GetNodeValue()));
+            if (!away || *away >= best)
+                return;
+            nearest = element;
+            best = *away;
+        });
+    return nearest;
+}
+
+// The values of the attribute of all children with the tag that have it, in document order. Empties the list first.
+inline void ChildAttributeValues(const CATIDOMElement_var& parent, std::string_view tag, std::string_view attribute,
+    CATListValCATUnicodeString& values)
+{
+    values.RemoveAll();
+    ForEachChild(parent, tag,
+        [&](const CATIDOMElement_var& child)
+        {
+            const CATIDOMNode_var item = AttributeOf(child, attribute);
+            if (item != NULL_var)
+                values.Append(CATUnicodeString(item->GetNodeValue()));
+        });
+}
+
+// Appends each of the names that the list does not hold yet.
+void AppendMissing(CATListValCATUnicodeString& list, const CATListValCATUnicodeString& names);
+
+// The one descendant with the tag; null when there is none or more than one.
+inline CATIDOMElement_var SingleElement(const CATIDOMElement_var& root, std::string_view tag)
+{
+    if (root == NULL_var)
+        return NULL_var;
+    const CATIDOMNodeList_var elements = root->GetElementsByTagName(tag);
+    return elements->GetLength() == 1 ? elements->Item(0) : CATIDOMElement_var();
+}
+
+#endif

@@ -1,0 +1,96 @@
+#include "VEXMELKField.h"
+
+#include "VEXMELKConfigManager.h"
+#include "VEXMELKElements.h"
+
+#include <cmath>
+#include <optional>
+
+namespace {
+
+// The order of the steps is meant.
+void Normalize(std::string_view unit, bool writesCommas, CATUnicodeString& value)
+{
+    value.Strip();
+    if (writesCommas)
+        value.ReplaceAll('.', ',');
+    if (!unit.empty() && value.EndsInDigit())
+        value.Append(unit);
+    if (unit == "%")
+        value.RemoveAll('%');
+}
+
+CATIDOMNode_var NamedItem(
+    const CATIDOMNamedNodeMap_var& map, const CATIDOMNamedNodeMap_var& defaultMap, std::string_view name)
+{
+    CATIDOMNode_var item;
+    if (map != NULL_var)
+        item = map->GetNamedItem(name);
+    if (item == NULL_var && defaultMap != NULL_var)
+        item = defaultMap->GetNamedItem(name);
+    return item;
+}
+
+} // namespace
+
+bool ReadFields(const CATIDOMNamedNodeMap_var& map, const CATIDOMNamedNodeMap_var& defaultMap,
+    std::initializer_list<VEXMELKField> fields)
+{
+    bool complete = true;
+    std::optional<bool> writesCommas; // asked for with the first value: that may call for a manager
+    CATUnicodeString converted;
+    for (const VEXMELKField& field : fields)
+    {
+        const CATIDOMNode_var item = NamedItem(map, defaultMap, field.Attribute());
+        if (item == NULL_var)
+        {
+            field.SetMissing();
+            complete = false;
+            continue;
+        }
+        if (!writesCommas)
+            writesCommas = VEXMELKConfigManager::WritesCommas();
+        CATUnicodeString& text = field.Text() ? *field.Text() : converted;
+        text = item->GetNodeValue();
+        Normalize(field.Unit(), *writesCommas, text);
+        if (!field.Text())
+            field.Convert(text);
+    }
+    return complete;
+}
+
+bool ReadFields(const CATIDOMElement_var& element, const CATIDOMNamedNodeMap_var& defaultMap,
+    std::initializer_list<VEXMELKField> fields)
+{
+    return ReadFields(element->GetAttributes(), defaultMap, fields);
+}
+
+void NormalizeValue(std::string_view unit, CATUnicodeString& value)
+{
+    Normalize(unit, VEXMELKConfigManager::WritesCommas(), value);
+}
+
+CATIDOMElement_var NearestAngle(
+    const CATIDOMElement_var& parent, std::string_view tag, std::string_view attribute, double angle)
+{
+    constexpr double farthest = 100.0;
+    const auto distance = [angle](CATUnicodeString text)
+    {
+        NormalizeValue("deg", text);
+        return std::optional(std::fabs(ParameterRadians(text, "config_angle") - angle));
+    };
+    return NearestElement(parent, tag, attribute, farthest, distance);
+}
+
+CATIDOMElement_var NearestLengthBelow(
+    const CATIDOMElement_var& parent, std::string_view tag, std::string_view attribute, double length)
+{
+    constexpr double farthest = 900.0;
+    const auto distance = [length](CATUnicodeString text)
+    {
+        NormalizeValue("mm", text);
+        const double start = ParameterMillimetres(text, "config_length");
+        return start <= length ? std::optional(length - start) : std::nullopt;
+    };
+    return NearestElement(parent, tag, attribute, farthest, distance);
+}

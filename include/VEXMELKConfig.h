@@ -1,0 +1,219 @@
+// VEXMELKConfig: one configuration file, and the look-ups that all configurations are built from.
+//
+// An object stands for one XML file NAME below a configuration directory DIR, in one of two layouts:
+//   split   DIR\Default\NAME, and optionally DIR\Customer\NAME, whose standards and settings take precedence;
+//   single  DIR\NAME, used only when DIR\Default\NAME does not exist.
+// The first look-up loads the documents; they live as long as the object. A missing file is told once in a message
+// box, a file that cannot be parsed at each attempt; queries then answer false, and the next one tries again.
+//
+// A file holds elements "standard" with a "name" below its root; inside a standard, elements "category" with a "name"
+// carry the data. The category "default" supplies what a specific category leaves out.
+//
+// Results of type unsigned char are booleans. No operation throws. All objects are used from one thread.
+#ifndef VEXMELKConfig_H
+#define VEXMELKConfig_H
+
+#include "CATIDOM.h"
+#include "CATIXMLDOMDocumentBuilder.h"
+#include "VEXMELKCFGAttributeStr.h"
+#include "VEXMELKConfigurationExport.h"
+
+#include <initializer_list>
+#include <memory>
+
+class VEXMELKField;
+class VEXMELKStandardCatalogue;
+
+// The roots of an object's documents.
+struct VEXMELKRootDOMElementsDefinition
+{
+    CATIDOMElement_var DefaultRootElement;  // of the "Default" or the single file
+    CATIDOMElement_var CustomerRootElement; // null when there is no "Customer" file
+};
+
+class ExportedByVEXMELKConfiguration VEXMELKConfig : public CATBaseUnknown
+{
+public:
+    // "path" is the configuration directory; "fileName" carries the sub-folder ("OVA\UFCurb.xml"). Opens nothing.
+    VEXMELKConfig(CATUnicodeString path, CATUnicodeString fileName);
+    // A copy shares the documents that are loaded.
+    VEXMELKConfig(const VEXMELKConfig& other);
+    VEXMELKConfig& operator=(const VEXMELKConfig& other);
+    ~VEXMELKConfig() override;
+
+    // Replace directory and file name for the next load; a document that is loaded stays loaded.
+    void SetXMLFilePath(const CATUnicodeString& path);
+    void SetXMLFileName(const CATUnicodeString& fileName);
+
+    // The loading of a standard: its attribute "rear_loading" or "loading", which the same attribute of the category
+    // overrides. An empty rear loading is replaced by the plain one. A missing attribute gives "", an unknown standard
+    // leaves the caller's text. Always true.
+    unsigned char GetLoading(const CATUnicodeString& standard, CATUnicodeString& loading,
+        const CATUnicodeString& category, unsigned char rear);
+
+    // The name of the standard's default settings. False when it has none, or more than one; the caller's own text
+    // counts as one where an element was found to look in.
+    unsigned char GetDefaultSettingsName(const CATUnicodeString& standard, CATUnicodeString& name);
+
+    // The priority level of a standard: 1, 2 or 3, or 0 when it is in no list.
+    int FindStandardLevel(const CATUnicodeString& standard);
+
+    // Makes every attribute editable, then fills the list from the standard's default settings. False when the
+    // standard has none.
+    unsigned char InitStandardData(const CATUnicodeString& standard, CATListValVEXMELKCFGAttributeStr& attributes);
+
+    // Fills the attributes from the settings of that name: values, colour ranges, read-only flags. Attributes that the
+    // settings do not mention stay as they are, and so do those of another kind than the settings say. Always true.
+    unsigned char FillCFGAttributes(const CATUnicodeString& settingsName, CATListValVEXMELKCFGAttributeStr& attributes);
+
+    // True exactly for "TRUE" in any letter case.
+    static unsigned char BooleanFromString(const CATUnicodeString& text);
+    // Equality in any letter case.
+    static unsigned char CompareStrings(const CATUnicodeString& left, const CATUnicodeString& right);
+
+protected:
+    // The category that supplies what others leave out.
+    static const CATUnicodeString defaultCategory;
+
+    // One public operation: runs its body and returns its answer. When memory runs out, a message box says so and the
+    // answer is false, 0, empty or null. Within one operation a load that fails is not tried, nor told, again.
+    template <class Body> auto Answer(Body body) -> decltype(body());
+
+    // Documents ----------------------------------------------------------------------
+
+    // Loads the documents unless they are; false when that fails.
+    unsigned char GetRootDOMElements(VEXMELKRootDOMElementsDefinition& roots);
+    // The root of DIR\NAME, whatever lies in "Default" and "Customer". The file is read afresh each time.
+    unsigned char GetRootDOMElement(CATIDOMElement_var& root);
+
+    // Standards and categories ----------------------------------------------------------------------
+
+    // A standard with one of its categories and its "default"; each is null where there is none.
+    struct StandardData
+    {
+        CATIDOMElement_var standard;
+        CATIDOMElement_var category;
+        CATIDOMElement_var defaultCategory;
+    };
+    StandardData FindStandardData(const CATUnicodeString& standard, const CATUnicodeString& category);
+
+    // The standard of that name, of the customer document before the base document; null when there is none.
+    CATIDOMElement_var GetStandardElement(const CATUnicodeString& standard);
+    CATIDOMElement_var GetStandardElement(CATIDOMElement_var& parent, const CATUnicodeString& standard);
+
+    // The child of the root with the tag and the name, of the customer document before the base document; null when
+    // there is none.
+    CATIDOMElement_var GetRootChildElement(std::string_view tag, std::string_view name);
+    // The names of the children of the root with the tag: those of the customer document, then those that only the base
+    // document has. Empties the list first.
+    void GetRootChildNames(std::string_view tag, CATListValCATUnicodeString& names);
+
+    // The element of a category, or else that of "default"; "map" holds its attributes and "defaultMap" those of
+    // "default". In the obsolete format, where a standard has no category at all, the standard itself serves as
+    // "default", and a warning says so once per object. All three are null when there are no data.
+    CATIDOMElement_var GetCategoryElement(const CATUnicodeString& standard, const CATUnicodeString& category,
+        CATIDOMNamedNodeMap_var& map, CATIDOMNamedNodeMap_var& defaultMap);
+    CATIDOMElement_var GetCategoryElement(const CATUnicodeString& standard, const CATUnicodeString& category);
+    // The attributes of a category, null when there is none, and those of "default".
+    CATIDOMNamedNodeMap_var GetCategoryAttributeMap(
+        const CATUnicodeString& standard, const CATUnicodeString& category, CATIDOMNamedNodeMap_var& defaultMap);
+
+    // Children ----------------------------------------------------------------------
+    // A child is a descendant whose parent has the node name of the element searched: on purpose, also a deeper one.
+
+    // The first child with the tag and with that attribute value.
+    unsigned char GetChildElementWithAtrributeValue(const CATIDOMElement_var& parent, const CATUnicodeString& tag,
+        const CATUnicodeString& attribute, const CATUnicodeString& value, CATIDOMElement_var& found);
+    // The first child with the tag, and its attributes.
+    unsigned char GetChildElementWithAttributeMap(const CATIDOMElement_var& parent, const CATUnicodeString& tag,
+        CATIDOMElement_var& found, CATIDOMNamedNodeMap_var& map);
+    // The values of the attribute of all children with the tag that have it, in document order. Empties the list first.
+    void GetChildElementAttributeValues(CATIDOMElement_var& parent, const CATUnicodeString& tag,
+        const CATUnicodeString& attribute, CATListValCATUnicodeString& values);
+    // The descendant with the tag whose attribute is nearest to the angle (radians); the first of several. One that is
+    // 100 or more away is never taken.
+    unsigned char GetChildElementWithAngleAttributeValue(const CATIDOMElement_var& parent, const CATUnicodeString& tag,
+        const CATUnicodeString& attribute, double angle, CATIDOMElement_var& found);
+    // The descendant with the tag whose attribute is the largest length not above "length" (millimetres); the first of
+    // several. One that is 900 mm or more below is never taken.
+    unsigned char GetChildElementWithLengthRangeAttributeValue(const CATIDOMElement_var& parent,
+        const CATUnicodeString& tag, const CATUnicodeString& attribute, double length, CATIDOMElement_var& found);
+
+    // Values ----------------------------------------------------------------------
+
+    // The value of an attribute, of "map" before "defaultMap" (either may be null), with AddUnits applied. False, and
+    // the value untouched, when neither has it.
+    unsigned char GetAttributeMapItemValue(CATIDOMNamedNodeMap_var map, const CATUnicodeString& name,
+        const CATUnicodeString& unit, CATUnicodeString& value, CATIDOMNamedNodeMap_var defaultMap);
+    // Strips blanks, turns "." into "," when the application writes commas, appends the unit to a text that ends in a
+    // digit, and removes "%" when the unit is "%".
+    void AddUnits(const CATUnicodeString& unit, CATUnicodeString& value);
+    // The number that the text begins with, 0 when there is none.
+    double GetNumber(CATUnicodeString text);
+
+    // Reads a table of fields from a category of a standard, and from its "default" what the category leaves out.
+    // False, with the fields untouched, when the standard has no data for it.
+    unsigned char ReadCategory(
+        const CATUnicodeString& standard, const CATUnicodeString& category, std::initializer_list<VEXMELKField> fields);
+
+    // Default settings ----------------------------------------------------------------------
+
+    // The one element "DefaultSettings" below the root, null when there is none or more than one.
+    CATIDOMElement_var GetDefaultSettingsElement(CATIDOMElement_var& root);
+    // The settings of that name, of the customer document if it has the one "DefaultSettings", else of the base
+    // document.
+    CATIDOMElement_var GetDefaultSettingsElement(const CATUnicodeString& settingsName);
+    unsigned char GetDefaultSettingsName(CATIDOMElement_var& element, CATUnicodeString& name);
+    unsigned char GetDefaultSettingsName(
+        CATIDOMElement_var& root, const CATUnicodeString& standard, CATUnicodeString& name);
+
+    // Each writes one attribute record, as FillCFGAttributes states it.
+    void ClearCFGAttributes(CATListValVEXMELKCFGAttributeStr& attributes);
+    void CFGAttributeSetSimpleValue(VEXMELKCFGAttributeStr& attribute, const CATIDOMNamedNodeMap_var& parameter);
+    void CFGAttributeSetListValues(VEXMELKCFGAttributeStr& attribute, const CATIDOMNamedNodeMap_var& parameter);
+    void CFGAttributeSetColorRanges(
+        VEXMELKCFGAttributeStr& attribute, const CATIDOMNamedNodeMap_var& parameter, const CATIDOMElement_var& element);
+    void CFGAttributeAddColorRange(VEXMELKCFGAttributeStr& attribute, const CATIDOMNamedNodeMap_var& range);
+    void CFGAttributeSetReadOnly(VEXMELKCFGAttributeStr& attribute, unsigned char readOnly);
+    unsigned int CFGAttributeColor(const CATUnicodeString& text);
+
+private:
+    class QueryScope;
+    struct StandardLevel
+    {
+        int Level;
+        CATListValCATUnicodeString Standards;
+    };
+
+    static CATIXMLDOMDocumentBuilder_var GetDOMParser();
+    unsigned char GetRootDOMElement(const CATUnicodeString& filePath, CATIDOMElement_var& root);
+    void ReportMissingFile(const CATUnicodeString& filePath);
+    unsigned char LoadDocuments();
+    unsigned char FillStandardLevelList(const CATIDOMElement_var& root, VEXMELKStandardCatalogue& catalogue);
+
+    CATIDOMElement_var CategoryOrObsolete(
+        const StandardData& data, const CATUnicodeString& category, unsigned char allowObsolete);
+    CATIDOMNamedNodeMap_var GetStandardDataAttributeMap(
+        const CATUnicodeString& standard, const CATUnicodeString& category, unsigned char allowObsolete);
+    CATIDOMNamedNodeMap_var GetCategoryAttrMapElement(const CATUnicodeString& standard,
+        const CATUnicodeString& category, CATIDOMElement_var& element, unsigned char allowObsolete);
+    static void ReportFailure(const char* reason) noexcept;
+
+    StandardLevel m_StandardLevels[3];
+    unsigned char m_ShowErrors;
+    CATUnicodeString m_XMLFilePath;
+    CATUnicodeString m_XMLFileName;
+    CATIDOMElement_var m_spRootElement;
+    CATIDOMElement_var m_spCustomerRootElement;
+    unsigned char m_ObsoleteFormatWarned;
+
+    // Beside the documents: the standards by name, and the state of the running query.
+    std::shared_ptr<VEXMELKStandardCatalogue> m_Catalogue;
+    int m_RunningQueries = 0;
+    bool m_LoadFailed = false;
+
+    // One parser for all objects, created on first use.
+    static CATIXMLDOMDocumentBuilder_var m_spDOMParser;
+};
+
+#endif

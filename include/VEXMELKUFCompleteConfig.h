@@ -1,0 +1,36 @@
+// VEXMELKUFCompleteConfig: the standards that the complete check combines, from "OVA\UFComplete.xml".
+//
+//     <standard name="..."><category name="default"
+//         Curb="..." DynCurb="..." InnerAngle="..." OilTub="..." SlopeAngle="..."
+//         SpaceToRoad="..." WheelFixing="..."/></standard>
+//
+// Values are texts with their unit ("120mm", "30deg"). A value is taken from the category, else from the category
+// "default" of the same standard.
+#ifndef VEXMELKUFCompleteConfig_H
+#define VEXMELKUFCompleteConfig_H
+
+#include "VEXMELKUnderfloorConfig.h"
+
+// Each names the standard to use for one part of the check; a missing one is empty.
+struct VEXMELKUFCompleteConfigDefinition
+{
+    CATUnicodeString Curb;
+    CATUnicodeString DynCurb;
+    CATUnicodeString InnerAngle;
+    CATUnicodeString OilTub;
+    CATUnicodeString SlopeAngle;
+    CATUnicodeString SpaceToRoad;
+    CATUnicodeString WheelFixing;
+};
+
+class ExportedByVEXMELKConfiguration VEXMELKUFCompleteConfig : public VEXMELKUnderfloorConfig
+{
+public:
+    explicit VEXMELKUFCompleteConfig(const CATUnicodeString& configurationDirectory);
+
+    // False, with the outputs untouched, when the standard has neither the category nor "default".
+    unsigned char GetStandardData(const CATUnicodeString& standard, const CATUnicodeString& category,
+        VEXMELKUFCompleteConfigDefinition& definition);
+};
+
+#endif
