@@ -1,0 +1,37 @@
+// The commands for people.
+#ifndef MELKCFG_Commands_H
+#define MELKCFG_Commands_H
+
+#include "Host.h"
+
+#include <string>
+#include <vector>
+
+enum ExitStatus
+{
+    Done = 0,          // the query answered true, or has no boolean result
+    AnsweredFalse = 1, // it answered false
+    NotDone = 2,       // wrong command line or batch line, a file that could not be read or parsed
+    NothingThere = 3   // no configuration file found
+};
+
+struct CommandOptions
+{
+    bool asJson = false;
+    bool showSecrets = false;
+    std::string configuration;
+    std::string standard;
+    std::string category = "default";
+    std::string operation;
+    std::vector<std::string> assignments; // NAME=VALUE
+    int maxLevel = 3;
+    bool unordered = false;
+};
+
+ExitStatus RunList(const CommandOptions& options, const Host& host);
+ExitStatus RunStandards(const CommandOptions& options, const Host& host);
+ExitStatus RunCategories(const CommandOptions& options, const Host& host);
+ExitStatus RunOperations(const CommandOptions& options);
+ExitStatus RunCall(const CommandOptions& options, const Host& host);
+
+#endif

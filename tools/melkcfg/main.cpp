@@ -1,0 +1,134 @@
+// melkcfg: asks the configuration every question that a check can ask the library.
+
+#include "Batch.h"
+#include "Commands.h"
+#include "VEXMELKUtilities.h"
+
+#include <CLI/CLI.hpp>
+#include <iostream>
+
+namespace {
+
+constexpr const char* footer = R"(Exit status:
+  0  done: the query answered true, or has no boolean result
+  1  the query answered false
+  2  it could not be done: wrong command line or batch line, a file that could not be read or parsed
+  3  there was nothing to work on: no configuration file found)";
+
+std::string VersionText()
+{
+    const auto number = [](std::size_t value) { return std::to_string(value); };
+    return std::string("melkcfg ") + MELKCFG_VERSION + "\nparser: " + CATIXMLDOMDocumentBuilder::GetParserVersion() +
+           "\nbounds of a document: " + number(CATXMLBounds::documentBytes) + " bytes, " +
+           number(CATXMLBounds::elementDepth) + " elements deep, " + number(CATXMLBounds::entityDepth) +
+           " entities deep, " + number(CATXMLBounds::externalFiles) + " external files, " +
+           number(CATXMLBounds::externalDepth) + " of them deep, expansion to " + number(CATXMLBounds::expandedBytes) +
+           " bytes and past that to " + number(CATXMLBounds::expandedFactor) + " times its size";
+}
+
+struct Settings
+{
+    std::string directory;
+    std::string testPath;
+    std::string format = "text";
+    bool comma = false;
+    bool trace = false;
+    bool batch = false;
+};
+
+void Apply(const Settings& settings, Host& host)
+{
+    if (!settings.directory.empty())
+        host.SetConfigurationDirectory(settings.directory);
+    if (!settings.testPath.empty())
+    {
+        host.SetTestPath(settings.testPath);
+        VEXMELKUtilities::SetAppMode(VEXMELKTestMode);
+    }
+    VEXMELKUtilities::SetCommaDelimeter(settings.comma ? 1 : 0);
+    if (settings.trace)
+        VEXMELKLog::SetLevel(VEXMELKLog::TraceLevel);
+}
+
+ExitStatus Run(int argc, char** argv)
+{
+    CLI::App app("Asks the configuration of the vehicle-architecture checks what a check can ask it.", "melkcfg");
+    Settings settings;
+    CommandOptions options;
+    app.footer(footer);
+    app.require_subcommand(1);
+    app.fallthrough();
+    app.set_version_flag("--version", VersionText);
+    app.add_option("--config", settings.directory, "The configuration directory; without it, MELK_CFG_PATH")
+        ->type_name("DIR");
+    app.add_option("--test-path", settings.testPath, "Test mode: files are read from DIR/Configuration")
+        ->type_name("DIR");
+    app.add_flag("--comma", settings.comma, "The application's decimal separator is the comma");
+    app.add_option("--format", settings.format, "text for people, json for programs")
+        ->check(CLI::IsMember({"text", "json"}));
+    app.add_flag("--trace", settings.trace, "Log lines at trace level on standard error");
+    app.add_flag("--show-secrets", options.showSecrets, "Print the database password");
+
+    CLI::App* list = app.add_subcommand("list", "Every configuration, with its file and number of standards");
+
+    CLI::App* standards = app.add_subcommand("standards", "The standards of a category, with their priority levels");
+    standards->add_option("CONFIG", options.configuration, "The configuration")->required();
+    standards->add_option("--category", options.category, "The vehicle category")->capture_default_str();
+    standards->add_option("--max-level", options.maxLevel, "The highest priority level")->capture_default_str();
+    standards->add_flag("--unordered", options.unordered, "In the order of the files, whatever the level");
+
+    CLI::App* categories = app.add_subcommand("categories", "The categories of a standard");
+    categories->add_option("CONFIG", options.configuration, "The configuration")->required();
+    categories->add_option("STANDARD", options.standard, "The standard")->required();
+
+    CLI::App* operations = app.add_subcommand("operations", "Every query operation, with its arguments and outputs");
+    operations->add_option("CONFIG", options.configuration, "Only those of this configuration");
+
+    CLI::App* call = app.add_subcommand("call", "Run one query operation, or a batch of them");
+    call->add_option("CONFIG", options.configuration, "The configuration");
+    call->add_option("OPERATION", options.operation, "The operation");
+    call->add_option("NAME=VALUE", options.assignments, "Its arguments; an output's value before the call as JSON");
+    call->add_flag("--batch", settings.batch, "JSON Lines on standard input, one answer a line on standard output");
+
+    try
+    {
+        app.parse(argc, argv);
+    }
+    catch (const CLI::ParseError& error)
+    {
+        return app.exit(error) == 0 ? Done : NotDone;
+    }
+    options.asJson = settings.format == "json";
+    Host host(!settings.batch);
+    Apply(settings, host);
+    if (list->parsed())
+        return RunList(options, host);
+    if (standards->parsed())
+        return RunStandards(options, host);
+    if (categories->parsed())
+        return RunCategories(options, host);
+    if (operations->parsed())
+        return RunOperations(options);
+    if (settings.batch)
+        return RunBatch(std::cin, std::cout, host, options.showSecrets) ? Done : NotDone;
+    if (options.operation.empty())
+        throw RequestError("call needs CONFIG and OPERATION, or --batch");
+    return RunCall(options, host);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    ExitStatus status = NotDone;
+    try
+    {
+        status = Run(argc, argv);
+    }
+    catch (const std::exception& error)
+    {
+        std::cerr << "melkcfg: " << error.what() << std::endl;
+    }
+    VEXMELKConfigManager::ReleaseConfigManager();
+    return status;
+}
