@@ -1,0 +1,77 @@
+// What all tests of the library share: a configuration directory of their own, and a host that hears every box and log
+// line. Each test starts from the state of a fresh process.
+#ifndef TESTS_LibraryTest_H
+#define TESTS_LibraryTest_H
+
+#include "VEXMELKConfigManager.h"
+#include "VEXMELKGUI.h"
+#include "VEXMELKGetAdminAccess.h"
+#include "VEXMELKLog.h"
+#include "VEXMELKUtilities.h"
+
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+// Texts in failure messages.
+inline void PrintTo(const CATUnicodeString& text, std::ostream* stream) { *stream << '"' << text.ConvertToChar() << '"'; }
+
+// A temporary directory, gone with the object.
+class TemporaryDirectory
+{
+public:
+    TemporaryDirectory();
+    TemporaryDirectory(const TemporaryDirectory&) = delete;
+    TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;
+    ~TemporaryDirectory();
+
+    std::string Path() const { return m_Path.string(); }
+    // Writes a file, with the directories above it; the name has "/".
+    void Write(const std::string& name, std::string_view contents) const;
+    void Remove(const std::string& name) const;
+
+private:
+    std::filesystem::path m_Path;
+};
+
+class LibraryTest : public ::testing::Test,
+                    private VEXMELKMessagePresenter,
+                    private VEXMELKLogSink,
+                    private VEXIMELKAccessAdminAttr
+{
+protected:
+    LibraryTest();
+    ~LibraryTest() override;
+
+    VEXMELKConfigManager& Manager() { return *VEXMELKConfigManager::GetConfigManager(); }
+    // Forgets every document, so that the next query loads them again.
+    static void Release() { VEXMELKConfigManager::ReleaseConfigManager(); }
+
+    // Boxes and log lines since the last call: "error TITLE: TEXT" or "warning TITLE: TEXT".
+    std::vector<std::string> TakeBoxes() { return std::exchange(m_Boxes, {}); }
+    std::vector<std::string> TakeLog() { return std::exchange(m_Log, {}); }
+
+    TemporaryDirectory directory;
+    bool directoryIsSet = true; // false: as if MELK_CFG_PATH were not
+    std::string testPath;
+
+private:
+    void Show(Kind kind, const CATUnicodeString& title, const CATUnicodeString& text) override;
+    void Write(const CATUnicodeString& line) override;
+    CATResult GetConfigurationDirectory(CATString& path) const override;
+    CATUnicodeString GetTestPath() const override { return {testPath}; }
+    CATResult GetBaseDataDBPath(CATUnicodeString& path, CATUnicodeString& user) const override;
+
+    std::vector<std::string> m_Boxes;
+    std::vector<std::string> m_Log;
+};
+
+// A document of standards: Document(Standard("S", "<category .../>")).
+std::string Document(const std::string& contents);
+std::string Standard(const std::string& name, const std::string& contents, const std::string& attributes = "");
+// A document with the one standard "S" and its one category "default".
+std::string OneCategory(const std::string& attributes, const std::string& contents = "");
+
+#endif
