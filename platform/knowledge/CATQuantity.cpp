@@ -41,15 +41,6 @@ constexpr Unit realUnits[] = {
     {"", 1.0, 1.0},
 };
 
-std::string_view Stripped(std::string_view text)
-{
-    while (!text.empty() && CATIsBlank(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && CATIsBlank(text.back()))
-        text.remove_suffix(1);
-    return text;
-}
-
 // Takes a number written with a decimal comma off the text.
 bool TakeCommaNumber(std::string_view& text, double& number)
 {
@@ -65,11 +56,11 @@ bool TakeCommaNumber(std::string_view& text, double& number)
 bool QuantityFromText(std::string_view text, std::span<const Unit> units, double& value)
 {
     double number = 0.0;
-    text = Stripped(text);
+    text = CATStripped(text);
     const bool comma = text.find(',') != std::string_view::npos;
     if (!(comma ? TakeCommaNumber(text, number) : CATTakeNumber(text, number)))
         return false;
-    const std::string_view symbol = Stripped(text);
+    const std::string_view symbol = CATStripped(text);
     for (const Unit& unit : units)
         if (unit.symbol == symbol)
         {

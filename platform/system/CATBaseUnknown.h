@@ -84,7 +84,8 @@ public:
 
     Component* operator->() const { return m_Component; }
     Component* Get() const { return m_Component; }
-    friend bool operator==(const CATHandle& handle, CATNullHandle /*null*/) { return !handle.m_Component; }
+    bool operator==(CATNullHandle /*null*/) const { return !m_Component; }
+    bool operator!=(CATNullHandle /*null*/) const { return m_Component; }
 
 private:
     Component* m_Component = nullptr;

@@ -1,4 +1,4 @@
-// Reading decimal numbers out of texts: the one place that knows their grammar.
+// Reading texts: blanks, and the one place that knows the grammar of decimal numbers.
 #ifndef CATNumberText_H
 #define CATNumberText_H
 
@@ -7,6 +7,16 @@
 constexpr bool CATIsBlank(char character)
 {
     return character == ' ' || character == '\t' || character == '\n' || character == '\r';
+}
+
+// The text without the blanks at both ends.
+constexpr std::string_view CATStripped(std::string_view text)
+{
+    while (!text.empty() && CATIsBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && CATIsBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
 }
 
 // Reads a decimal number (optional sign, digits with an optional point, optional exponent) from the front of text,

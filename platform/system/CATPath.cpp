@@ -44,6 +44,7 @@ CATInputFile::~CATInputFile()
         close(m_Descriptor);
 }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): it moves on in the file
 long CATInputFile::Read(void* buffer, std::size_t size)
 {
     ssize_t read = 0;

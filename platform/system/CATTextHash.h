@@ -1,4 +1,4 @@
-// One hash for the names of documents and standards.
+// Comparing and hashing the names of documents and standards.
 //
 // The names come out of files, so the hash is salted per process: nobody can write a file whose names all collide.
 #ifndef CATTextHash_H
@@ -27,6 +27,27 @@ inline std::uint64_t Mix(std::uint64_t hash, std::uint64_t word)
 }
 
 } // namespace CATTextHashDetail
+
+// left == right, without a call for names of the usual length.
+inline bool CATTextEqual(std::string_view left, std::string_view right)
+{
+    using CATTextHashDetail::Load;
+    const std::size_t size = left.size();
+    if (size != right.size())
+        return false;
+    // Two words that may overlap cover the text.
+    const auto sameEnds = [&](std::size_t bytes)
+    {
+        const std::size_t last = size - bytes;
+        return ((Load(left.data(), bytes) ^ Load(right.data(), bytes)) |
+                   (Load(left.data() + last, bytes) ^ Load(right.data() + last, bytes))) == 0;
+    };
+    if (size >= 8)
+        return sameEnds(8) && (size <= 16 || std::memcmp(left.data() + 8, right.data() + 8, size - 16) == 0);
+    if (size >= 4)
+        return sameEnds(4);
+    return size < 2 ? size == 0 || *left.data() == *right.data() : sameEnds(2);
+}
 
 inline std::uint32_t CATTextHash(std::string_view text, std::uint64_t salt)
 {

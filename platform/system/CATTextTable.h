@@ -20,7 +20,7 @@ public:
         const std::uint32_t hash = CATTextHash(text, m_Salt);
         const std::size_t mask = m_Slots.size() - 1;
         for (std::size_t slot = hash & mask; m_Slots[slot].number != none; slot = (slot + 1) & mask)
-            if (m_Slots[slot].hash == hash && textOf(m_Slots[slot].number) == text)
+            if (m_Slots[slot].hash == hash && CATTextEqual(textOf(m_Slots[slot].number), text))
                 return m_Slots[slot].number;
         return none;
     }

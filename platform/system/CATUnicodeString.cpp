@@ -45,17 +45,15 @@ std::string MapCharacters(std::string_view text, utf8proc_int32_t (*map)(utf8pro
     return mapped;
 }
 
-void ChangeCase(std::string& text, char first, char last, utf8proc_int32_t (*map)(utf8proc_int32_t))
+void ChangeCase(CATShortText& text, char first, char last, utf8proc_int32_t (*map)(utf8proc_int32_t))
 {
-    if (!IsAscii(text))
-    {
-        text = MapCharacters(text, map);
-        return;
-    }
+    if (!IsAscii(text.View()))
+        return text.Assign(MapCharacters(text.View(), map));
     constexpr char otherCase = 'a' ^ 'A';
-    for (char& character : text)
-        if (character >= first && character <= last)
-            character = static_cast<char>(character ^ otherCase);
+    char* characters = text.Data();
+    for (std::size_t index = 0; index < text.Size(); ++index)
+        if (characters[index] >= first && characters[index] <= last)
+            characters[index] = static_cast<char>(characters[index] ^ otherCase);
 }
 
 struct Magnitude
@@ -88,22 +86,22 @@ Magnitude ReadInteger(std::string_view text, int base)
 
 int CATUnicodeString::SearchSubString(std::string_view text) const
 {
-    const std::size_t position = m_Text.find(text);
-    return position == std::string::npos ? -1 : static_cast<int>(position);
+    const std::size_t position = m_Text.View().find(text);
+    return position == std::string_view::npos ? -1 : static_cast<int>(position);
 }
 
-void CATUnicodeString::ReplaceAll(char what, char with) { std::replace(m_Text.begin(), m_Text.end(), what, with); }
-
-void CATUnicodeString::RemoveAll(char what) { std::erase(m_Text, what); }
-
-void CATUnicodeString::Strip()
+void CATUnicodeString::ReplaceAll(char what, char with)
 {
-    while (!m_Text.empty() && CATIsBlank(m_Text.back()))
-        m_Text.pop_back();
-    if (!m_Text.empty() && CATIsBlank(m_Text.front()))
-        m_Text.erase(
-            0, static_cast<std::size_t>(std::find_if_not(m_Text.begin(), m_Text.end(), CATIsBlank) - m_Text.begin()));
+    std::replace(m_Text.Data(), m_Text.Data() + m_Text.Size(), what, with);
 }
+
+void CATUnicodeString::RemoveAll(char what)
+{
+    char* begin = m_Text.Data();
+    m_Text.SetSize(static_cast<std::size_t>(std::remove(begin, begin + m_Text.Size(), what) - begin));
+}
+
+void CATUnicodeString::Strip() { m_Text.Assign(CATStripped(m_Text.View())); }
 
 void CATUnicodeString::ToUpper() { ChangeCase(m_Text, 'a', 'z', utf8proc_toupper); }
 
@@ -112,7 +110,7 @@ void CATUnicodeString::ToLower() { ChangeCase(m_Text, 'A', 'Z', utf8proc_tolower
 int CATUnicodeString::ConvertToNum(int* value, const char* format) const
 {
     *value = 0;
-    const Magnitude read = ReadInteger(m_Text, 10);
+    const Magnitude read = ReadInteger(m_Text.View(), 10);
     const std::uint64_t limit = std::uint64_t{std::numeric_limits<int>::max()} + (read.negative ? 1U : 0U);
     if (std::string_view(format) != "%d" || !read.found || read.value > limit)
         return 0;
@@ -124,7 +122,7 @@ int CATUnicodeString::ConvertToNum(int* value, const char* format) const
 int CATUnicodeString::ConvertToNum(unsigned int* value, const char* format) const
 {
     *value = 0;
-    const Magnitude read = ReadInteger(m_Text, 16);
+    const Magnitude read = ReadInteger(m_Text.View(), 16);
     if (std::string_view(format) != "%X" || !read.found || read.value > std::numeric_limits<unsigned int>::max())
         return 0;
     const auto number = static_cast<unsigned int>(read.value);
@@ -135,15 +133,15 @@ int CATUnicodeString::ConvertToNum(unsigned int* value, const char* format) cons
 int CATUnicodeString::ConvertToNum(double* value, const char* format) const
 {
     *value = 0.0;
-    std::string_view text = WithoutLeadingWhiteSpace(m_Text);
+    std::string_view text = WithoutLeadingWhiteSpace(m_Text.View());
     return std::string_view(format) == "%le" && CATTakeNumber(text, *value) ? 1 : 0;
 }
 
-void CATUnicodeString::BuildFromNum(int value) { m_Text = std::to_string(value); }
+void CATUnicodeString::BuildFromNum(int value) { m_Text.Assign(std::to_string(value)); }
 
 void CATUnicodeString::BuildFromNum(double value)
 {
     char digits[32];
-    m_Text.assign(
-        digits, std::to_chars(std::begin(digits), std::end(digits), value, std::chars_format::general, 6).ptr);
+    const char* end = std::to_chars(std::begin(digits), std::end(digits), value, std::chars_format::general, 6).ptr;
+    m_Text.Assign({digits, static_cast<std::size_t>(end - digits)});
 }

@@ -1,10 +1,11 @@
 // The platform's strings.
 //
-// CATUnicodeString holds UTF-8: two strings are equal when their bytes are. A text that fits in fifteen bytes needs
-// no allocation. CATString is the 8-bit string of message-catalogue keys.
+// CATUnicodeString holds UTF-8: two strings are equal when their bytes are. A text of up to 23 bytes needs no
+// allocation. CATString is the 8-bit string of message-catalogue keys.
 #ifndef CATUnicodeString_H
 #define CATUnicodeString_H
 
+#include "CATShortText.h"
 #include "CATTextHash.h"
 
 #include <functional>
@@ -34,25 +35,25 @@ public:
     CATUnicodeString(const CATString& text) : m_Text(text.CastToCharPtr()) {}
     CATUnicodeString& operator=(std::string_view utf8)
     {
-        m_Text.assign(utf8.data(), utf8.size());
+        m_Text.Assign(utf8);
         return *this;
     }
     CATUnicodeString& operator=(const char* utf8) { return *this = std::string_view(utf8); }
 
     // The text as UTF-8, ended by a zero byte; valid until the string changes.
-    const char* ConvertToChar() const { return m_Text.c_str(); }
-    operator std::string_view() const { return m_Text; }
-    int GetLengthInByte() const { return static_cast<int>(m_Text.size()); }
-    bool IsEmpty() const { return m_Text.empty(); }
-    bool EndsInDigit() const { return !m_Text.empty() && m_Text.back() >= '0' && m_Text.back() <= '9'; }
+    const char* ConvertToChar() const { return m_Text.Data(); }
+    operator std::string_view() const { return m_Text.View(); }
+    int GetLengthInByte() const { return static_cast<int>(m_Text.Size()); }
+    bool IsEmpty() const { return m_Text.Size() == 0; }
+    bool EndsInDigit() const { return !IsEmpty() && m_Text.View().back() >= '0' && m_Text.View().back() <= '9'; }
 
     // 1 when both texts are equal, letter case included; 0 otherwise.
-    int Compare(const CATUnicodeString& other) const { return m_Text == other.m_Text ? 1 : 0; }
+    int Compare(const CATUnicodeString& other) const { return *this == other ? 1 : 0; }
 
     // Byte position of the first occurrence of the text, -1 when there is none.
     int SearchSubString(std::string_view text) const;
 
-    void Append(std::string_view text) { m_Text.append(text); }
+    void Append(std::string_view text) { m_Text.Append(text); }
     void ReplaceAll(char what, char with);
     void RemoveAll(char what);
 
@@ -77,16 +78,19 @@ public:
 
     CATUnicodeString& operator+=(std::string_view text)
     {
-        m_Text += text;
+        m_Text.Append(text);
         return *this;
     }
     friend CATUnicodeString operator+(CATUnicodeString left, std::string_view right) { return left += right; }
-    friend bool operator==(const CATUnicodeString&, const CATUnicodeString&) = default;
-    friend bool operator==(const CATUnicodeString& left, std::string_view right) { return left.m_Text == right; }
-    friend bool operator==(const CATUnicodeString& left, const char* right) { return left.m_Text == right; }
+    friend bool operator==(const CATUnicodeString& left, const CATUnicodeString& right)
+    {
+        return CATTextEqual(left, right);
+    }
+    friend bool operator==(const CATUnicodeString& left, std::string_view right) { return CATTextEqual(left, right); }
+    friend bool operator==(const CATUnicodeString& left, const char* right) { return CATTextEqual(left, right); }
 
 private:
-    std::string m_Text;
+    CATShortText m_Text;
 };
 
 template <> struct std::hash<CATUnicodeString>

@@ -1,0 +1,21 @@
+#include "CATShortText.h"
+
+#include <algorithm>
+#include <limits>
+#include <stdexcept>
+
+void CATShortText::Reallocate(std::size_t kept, std::string_view text)
+{
+    const std::size_t size = kept + text.size();
+    const std::size_t capacity = std::max<std::size_t>(size, std::size_t{m_Capacity} * 2);
+    if (capacity >= std::numeric_limits<std::uint32_t>::max())
+        throw std::length_error("text too long");
+    char* larger = new char[capacity + 1];
+    std::memcpy(larger, Data(), kept);
+    std::memcpy(larger + kept, text.data(), text.size());
+    if (!IsInline())
+        delete[] m_Heap;
+    m_Heap = larger;
+    m_Capacity = static_cast<std::uint32_t>(capacity);
+    SetSize(size);
+}

@@ -1,0 +1,111 @@
+// A growing text that holds up to 23 bytes in itself.
+//
+// The values that the library hands out are nearly all that short ("120mm", "30deg"), and records are made of dozens of
+// them: filling and copying a record then costs neither allocations nor calls.
+#ifndef CATShortText_H
+#define CATShortText_H
+
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+class CATShortText
+{
+public:
+    CATShortText() noexcept : m_Inline{} {}
+    explicit CATShortText(std::string_view text) : CATShortText() { Assign(text); }
+    CATShortText(const CATShortText& other) : CATShortText() { Assign(other.View()); }
+    CATShortText(CATShortText&& other) noexcept : CATShortText() { Swap(other); }
+    CATShortText& operator=(const CATShortText& other)
+    {
+        Assign(other.View());
+        return *this;
+    }
+    CATShortText& operator=(CATShortText&& other) noexcept
+    {
+        Swap(other);
+        return *this;
+    }
+    ~CATShortText()
+    {
+        if (!IsInline())
+            delete[] m_Heap;
+    }
+
+    std::string_view View() const { return {Data(), m_Size}; }
+    const char* Data() const { return IsInline() ? m_Inline : m_Heap; } // ended by a zero byte
+    char* Data() { return IsInline() ? m_Inline : m_Heap; }
+    std::size_t Size() const { return m_Size; }
+
+    // Assign and Append may be given a part of the text itself. When memory runs out the text stays as it was.
+    void Assign(std::string_view text)
+    {
+        if (text.size() > m_Capacity)
+            return Reallocate(0, text);
+        Copy(Data(), text);
+        SetSize(text.size());
+    }
+    void Append(std::string_view text)
+    {
+        if (text.size() > m_Capacity - m_Size)
+            return Reallocate(m_Size, text);
+        Copy(Data() + m_Size, text);
+        SetSize(m_Size + text.size());
+    }
+    // Shortens the text.
+    void SetSize(std::size_t size)
+    {
+        m_Size = static_cast<std::uint32_t>(size);
+        Data()[size] = '\0';
+    }
+
+private:
+    static constexpr std::uint32_t inlineCapacity = 23;
+
+    bool IsInline() const { return m_Capacity == inlineCapacity; }
+    // The first bytes of the text, then the other text, in larger storage.
+    void Reallocate(std::size_t kept, std::string_view text);
+    void Swap(CATShortText& other) noexcept
+    {
+        unsigned char bytes[sizeof(CATShortText)];
+        std::memcpy(bytes, static_cast<void*>(this), sizeof bytes);
+        std::memcpy(static_cast<void*>(this), static_cast<void*>(&other), sizeof bytes);
+        std::memcpy(static_cast<void*>(&other), bytes, sizeof bytes);
+    }
+
+    // Short texts are copied by two words that may overlap, both read before either is written.
+    static void Copy(char* to, std::string_view text)
+    {
+        const char* from = text.data();
+        const std::size_t size = text.size();
+        if (size > 16)
+            std::memmove(to, from, size);
+        else if (size >= 8)
+            CopyEnds<std::uint64_t>(to, from, size);
+        else if (size >= 4)
+            CopyEnds<std::uint32_t>(to, from, size);
+        else if (size >= 2)
+            CopyEnds<std::uint16_t>(to, from, size);
+        else if (size == 1)
+            *to = *from;
+    }
+    template <class Word> static void CopyEnds(char* to, const char* from, std::size_t size)
+    {
+        Word first;
+        Word last;
+        std::memcpy(&first, from, sizeof first);
+        std::memcpy(&last, from + size - sizeof last, sizeof last);
+        std::memcpy(to, &first, sizeof first);
+        std::memcpy(to + size - sizeof last, &last, sizeof last);
+    }
+
+    union
+    {
+        char m_Inline[inlineCapacity + 1];
+        char* m_Heap;
+    };
+    std::uint32_t m_Size = 0;
+    std::uint32_t m_Capacity = inlineCapacity;
+};
+
+#endif
