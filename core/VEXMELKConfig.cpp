@@ -14,7 +14,7 @@ const CATUnicodeString VEXMELKConfig::defaultCategory("default");
 CATIXMLDOMDocumentBuilder_var VEXMELKConfig::m_spDOMParser;
 
 VEXMELKConfig::VEXMELKConfig(CATUnicodeString path, CATUnicodeString fileName)
-    : m_StandardLevels{{1, {}}, {2, {}}, {3, {}}},
+    : m_StandardLevels{{{1, {}}, {2, {}}, {3, {}}}},
       m_ShowErrors(1),
       m_XMLFilePath(std::move(path)),
       m_XMLFileName(std::move(fileName)),
@@ -389,11 +389,13 @@ unsigned char VEXMELKConfig::GetChildElementWithLengthRangeAttributeValue(const 
 
 void VEXMELKConfig::AddUnits(const CATUnicodeString& unit, CATUnicodeString& value) { NormalizeValue(unit, value); }
 
+// NOLINTBEGIN(performance-unnecessary-value-param): the signature is given
 unsigned char VEXMELKConfig::GetAttributeMapItemValue(CATIDOMNamedNodeMap_var map, const CATUnicodeString& name,
     const CATUnicodeString& unit, CATUnicodeString& value, CATIDOMNamedNodeMap_var defaultMap)
 {
     return ReadFields(map, defaultMap, {{name, unit, value, Keep}});
 }
+// NOLINTEND(performance-unnecessary-value-param)
 
 double VEXMELKConfig::GetNumber(CATUnicodeString text) { return NumberFromText(std::move(text)); }
 

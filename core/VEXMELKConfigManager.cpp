@@ -96,7 +96,7 @@ VEXMELKConfigManager* VEXMELKConfigManager::GetCurrentManager()
 
 bool VEXMELKConfigManager::WritesCommas()
 {
-    VEXMELKConfigManager* manager = GetCurrentManager();
+    const VEXMELKConfigManager* manager = GetCurrentManager();
     return manager && manager->CommaDelimiter();
 }
 
@@ -195,7 +195,7 @@ long VEXMELKConfigManager::GetBaseDataDBPath(CATUnicodeString& path, CATUnicodeS
     return settings ? settings->GetBaseDataDBPath(path, user) : E_FAIL;
 }
 
-unsigned char VEXMELKConfigManager::CommaDelimiter() { return m_CommaDelimiter; }
+unsigned char VEXMELKConfigManager::CommaDelimiter() const { return m_CommaDelimiter; }
 
 template <class Config> Config* VEXMELKConfigManager::Obtain(Config*& member)
 {

@@ -1,5 +1,6 @@
 #include "VEXMELKField.h"
 
+#include "CATNumberText.h"
 #include "VEXMELKConfigManager.h"
 #include "VEXMELKElements.h"
 
@@ -9,9 +10,9 @@
 namespace {
 
 // The order of the steps is meant.
-void Normalize(std::string_view unit, bool writesCommas, CATUnicodeString& value)
+void Normalize(std::string_view unit, bool writesCommas, std::string_view text, CATUnicodeString& value)
 {
-    value.Strip();
+    value = CATStripped(text);
     if (writesCommas)
         value.ReplaceAll('.', ',');
     if (!unit.empty() && value.EndsInDigit())
@@ -20,14 +21,14 @@ void Normalize(std::string_view unit, bool writesCommas, CATUnicodeString& value
         value.RemoveAll('%');
 }
 
-CATIDOMNode_var NamedItem(
+std::optional<VEXMELKNodeText> NamedItem(
     const CATIDOMNamedNodeMap_var& map, const CATIDOMNamedNodeMap_var& defaultMap, std::string_view name)
 {
-    CATIDOMNode_var item;
+    std::optional<VEXMELKNodeText> item;
     if (map != NULL_var)
-        item = map->GetNamedItem(name);
-    if (item == NULL_var && defaultMap != NULL_var)
-        item = defaultMap->GetNamedItem(name);
+        item = map->GetNamedItemValue(name);
+    if (!item && defaultMap != NULL_var)
+        item = defaultMap->GetNamedItemValue(name);
     return item;
 }
 
@@ -41,8 +42,8 @@ bool ReadFields(const CATIDOMNamedNodeMap_var& map, const CATIDOMNamedNodeMap_va
     CATUnicodeString converted;
     for (const VEXMELKField& field : fields)
     {
-        const CATIDOMNode_var item = NamedItem(map, defaultMap, field.Attribute());
-        if (item == NULL_var)
+        const std::optional<VEXMELKNodeText> item = NamedItem(map, defaultMap, field.Attribute());
+        if (!item)
         {
             field.SetMissing();
             complete = false;
@@ -51,8 +52,7 @@ bool ReadFields(const CATIDOMNamedNodeMap_var& map, const CATIDOMNamedNodeMap_va
         if (!writesCommas)
             writesCommas = VEXMELKConfigManager::WritesCommas();
         CATUnicodeString& text = field.Text() ? *field.Text() : converted;
-        text = item->GetNodeValue();
-        Normalize(field.Unit(), *writesCommas, text);
+        Normalize(field.Unit(), *writesCommas, *item, text);
         if (!field.Text())
             field.Convert(text);
     }
@@ -67,7 +67,8 @@ bool ReadFields(const CATIDOMElement_var& element, const CATIDOMNamedNodeMap_var
 
 void NormalizeValue(std::string_view unit, CATUnicodeString& value)
 {
-    Normalize(unit, VEXMELKConfigManager::WritesCommas(), value);
+    const CATUnicodeString text = value;
+    Normalize(unit, VEXMELKConfigManager::WritesCommas(), text, value);
 }
 
 CATIDOMElement_var NearestAngle(

@@ -87,7 +87,7 @@ private:
 
     std::string_view m_Attribute;
     std::string_view m_Unit;
-    void* m_Field;
+    void* m_Field = nullptr;
     void (*m_Assign)(void* field, const CATUnicodeString* text, double whenMissing) = nullptr; // null: a text
     std::string_view m_TextWhenMissing;
     double m_ValueWhenMissing = 0.0;

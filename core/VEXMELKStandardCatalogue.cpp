@@ -1,57 +1,24 @@
 #include "VEXMELKStandardCatalogue.h"
 
-namespace {
-
-// A standard with more categories than this gets an index of them when it is first asked for.
-constexpr int searchedUpTo = 8;
-
-std::unique_ptr<VEXMELKNameIndex> IndexOfCategories(const CATIDOMElement_var& standard)
-{
-    auto index = std::make_unique<VEXMELKNameIndex>();
-    ForEachChild(standard, "category", [&](const CATIDOMElement_var& category) { index->Add(category); });
-    return index;
-}
-
-// One walk finds both categories.
-VEXMELKStandardCatalogue::Categories Search(const CATIDOMElement_var& standard, const CATIDOMNodeList_var& elements,
-    std::string_view category, std::string_view defaultCategory)
-{
-    VEXMELKStandardCatalogue::Categories found{standard, {}, {}};
-    for (int position = 0; position < elements->GetLength(); ++position)
-    {
-        const CATIDOMElement_var element = elements->Item(position);
-        const CATIDOMNode_var name = AttributeOf(element, "name");
-        if (name == NULL_var || !IsChild(element, standard))
-            continue;
-        if (found.category == NULL_var && name->GetNodeValue() == category)
-            found.category = element;
-        if (found.defaultCategory == NULL_var && name->GetNodeValue() == defaultCategory)
-            found.defaultCategory = element;
-    }
-    return found;
-}
-
-} // namespace
-
 bool VEXMELKNameIndex::Add(const CATIDOMElement_var& element)
 {
     const CATIDOMNode_var name = AttributeOf(element, "name");
-    if (name == NULL_var || Find(name->GetNodeValue()) != none)
+    if (name == NULL_var || Find(name->GetNodeValue()) != CATTextTable::none)
         return false;
-    m_Entries.push_back({element, name->GetNodeValue()});
-    m_Table.Add(name->GetNodeValue(), static_cast<CATTextTable::Number>(m_Entries.size() - 1));
+    m_Entries.push_back({name->GetNodeValue(), element});
+    const auto number = static_cast<CATTextTable::Number>(m_Entries.size() - 1);
+    if (number >= comparedUpTo)
+        m_Table.Add(name->GetNodeValue(), number);
     return true;
 }
 
-std::size_t VEXMELKNameIndex::Find(std::string_view name) const
+CATTextTable::Number VEXMELKNameIndex::Find(std::string_view name) const
 {
+    const std::size_t compared = std::min(m_Entries.size(), comparedUpTo);
+    for (std::size_t number = 0; number < compared; ++number)
+        if (CATTextEqual(m_Entries[number].name, name))
+            return static_cast<CATTextTable::Number>(number);
     return m_Table.Find(name, [this](CATTextTable::Number number) { return std::string_view(m_Entries[number].name); });
-}
-
-CATIDOMElement_var VEXMELKNameIndex::FindElement(std::string_view name) const
-{
-    const std::size_t number = Find(name);
-    return number == none ? CATIDOMElement_var() : m_Entries[number].element;
 }
 
 void VEXMELKStandardCatalogue::AddDocument(const CATIDOMElement_var& root)
@@ -60,7 +27,7 @@ void VEXMELKStandardCatalogue::AddDocument(const CATIDOMElement_var& root)
         [this](const CATIDOMElement_var& standard)
         {
             if (m_Standards.Add(standard))
-                m_Categories.push_back({standard->GetElementsByTagName("category"), nullptr});
+                m_Categories.emplace_back();
         });
 }
 
@@ -72,16 +39,18 @@ CATIDOMElement_var VEXMELKStandardCatalogue::FindStandard(std::string_view name)
 VEXMELKStandardCatalogue::Categories VEXMELKStandardCatalogue::FindCategories(
     std::string_view standard, std::string_view category, std::string_view defaultCategory)
 {
-    const std::size_t number = m_Standards.Find(standard);
-    if (number == VEXMELKNameIndex::none)
+    const CATTextTable::Number number = m_Standards.Find(standard);
+    if (number == CATTextTable::none)
         return {};
     const CATIDOMElement_var& element = m_Standards.Element(number);
-    StandardCategories& categories = m_Categories[number];
-    if (categories.elements->GetLength() > searchedUpTo && !categories.index)
-        categories.index = IndexOfCategories(element);
-    if (categories.index)
-        return {element, categories.index->FindElement(category), categories.index->FindElement(defaultCategory)};
-    return Search(element, categories.elements, category, defaultCategory);
+    std::unique_ptr<VEXMELKNameIndex>& categories = m_Categories[number];
+    if (!categories)
+    {
+        auto index = std::make_unique<VEXMELKNameIndex>();
+        ForEachChild(element, "category", [&](const CATIDOMElement_var& child) { index->Add(child); });
+        categories = std::move(index);
+    }
+    return {element, categories->FindElement(category), categories->FindElement(defaultCategory)};
 }
 
 int VEXMELKStandardCatalogue::FindLevel(const CATUnicodeString& standard) const

@@ -15,24 +15,29 @@
 class VEXMELKNameIndex
 {
 public:
-    static constexpr std::size_t none = CATTextTable::none;
-
-    // Adds the element under the next number, from 0. False when it has no name, or its name is there already.
+    // Adds the element, unless it has no name or its name is there already. Tells whether it did.
     bool Add(const CATIDOMElement_var& element);
-    // The number of the name, or none.
-    std::size_t Find(std::string_view name) const;
+    // The number of the name, counted from 0 in the order of adding, or CATTextTable::none.
+    CATTextTable::Number Find(std::string_view name) const;
+    const CATIDOMElement_var& Element(CATTextTable::Number number) const { return m_Entries[number].element; }
     // The element of the name; null when there is none.
-    CATIDOMElement_var FindElement(std::string_view name) const;
-    const CATIDOMElement_var& Element(std::size_t number) const { return m_Entries[number].element; }
+    CATIDOMElement_var FindElement(std::string_view name) const
+    {
+        const CATTextTable::Number number = Find(name);
+        return number == CATTextTable::none ? CATIDOMElement_var() : Element(number);
+    }
 
 private:
+    // Up to this many names are compared one by one; more get a table.
+    static constexpr std::size_t comparedUpTo = 8;
+
     struct Entry
     {
-        CATIDOMElement_var element;
         VEXMELKNodeText name;
+        CATIDOMElement_var element;
     };
-    CATTextTable m_Table;
     std::vector<Entry> m_Entries;
+    CATTextTable m_Table;
 };
 
 class VEXMELKStandardCatalogue
@@ -56,14 +61,9 @@ public:
     int FindLevel(const CATUnicodeString& standard) const;
 
 private:
-    struct StandardCategories
-    {
-        CATIDOMNodeList_var elements;            // all elements "category" below the standard
-        std::unique_ptr<VEXMELKNameIndex> index; // of its children among them; null until it is needed
-    };
-
     VEXMELKNameIndex m_Standards;
-    std::vector<StandardCategories> m_Categories; // by the number of their standard
+    // The categories of each standard, by its number; null until it is first asked for.
+    std::vector<std::unique_ptr<VEXMELKNameIndex>> m_Categories;
     std::unordered_map<CATUnicodeString, int> m_Levels;
 };
 

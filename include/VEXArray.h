@@ -39,6 +39,7 @@ public:
     virtual ~VEXArray() { delete[] m_Data; }
 
     // 2: the target keeps its own initial size, increment and threshold.
+    // NOLINTNEXTLINE(misc-unconventional-assign-operator): virtual like all others
     virtual VEXArray& operator=(const VEXArray& array)
     {
         if (this == &array)

@@ -18,6 +18,7 @@
 #include "VEXMELKCFGAttributeStr.h"
 #include "VEXMELKConfigurationExport.h"
 
+#include <array>
 #include <initializer_list>
 #include <memory>
 
@@ -181,7 +182,7 @@ private:
     class QueryScope;
     struct StandardLevel
     {
-        int Level;
+        int Level = 0;
         CATListValCATUnicodeString Standards;
     };
 
@@ -199,7 +200,7 @@ private:
         const CATUnicodeString& category, CATIDOMElement_var& element, unsigned char allowObsolete);
     static void ReportFailure(const char* reason) noexcept;
 
-    StandardLevel m_StandardLevels[3];
+    std::array<StandardLevel, 3> m_StandardLevels;
     unsigned char m_ShowErrors;
     CATUnicodeString m_XMLFilePath;
     CATUnicodeString m_XMLFileName;

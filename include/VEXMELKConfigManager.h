@@ -81,7 +81,7 @@ public:
     // Where the base-data database lies, and its user: the result of the administration settings, E_FAIL without them.
     static long GetBaseDataDBPath(CATUnicodeString& path, CATUnicodeString& user);
     // Whether numbers are written with a decimal comma; fixed when the manager was created.
-    unsigned char CommaDelimiter();
+    unsigned char CommaDelimiter() const;
 
     // Each returns the manager's one object of its class, created on first request; null when there is no memory.
     VEXMELKBaseDataConfig* GetBaseDataConfig();

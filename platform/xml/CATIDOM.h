@@ -8,6 +8,7 @@
 #include "CATBaseUnknown.h"
 #include "CATXMLDocument.h"
 
+#include <optional>
 #include <string_view>
 
 class CATIDOMNode;
@@ -54,6 +55,7 @@ public:
     const View* operator->() const { return &m_View; }
     const View& GetView() const { return m_View; }
     bool operator==(CATNullHandle /*null*/) const { return !m_View.m_Document; }
+    bool operator!=(CATNullHandle /*null*/) const { return m_View.m_Document; }
     bool operator==(const CATDOMHandle& other) const { return m_View == other.m_View; }
 
 private:
@@ -95,12 +97,12 @@ public:
     // "#cdata-section", "#comment" and "#document".
     std::string_view GetNodeName() const
     {
-        return IsAttribute() ? m_Document->AttributeName(m_Node, m_Attribute) : m_Document->NodeName(m_Node);
+        return IsAttribute() ? m_Document->AttributeName(Attribute()) : m_Document->NodeName(m_Node);
     }
     // Attribute: its value; text, CDATA section, comment: its text; instruction: its data; others empty.
     std::string_view GetNodeValue() const
     {
-        return IsAttribute() ? m_Document->AttributeValue(m_Node, m_Attribute) : m_Document->NodeText(m_Node);
+        return IsAttribute() ? m_Document->AttributeValue(Attribute()) : m_Document->NodeText(m_Node);
     }
     // Null for the document and for attributes.
     CATIDOMNode_var GetParentNode() const { return NodeAt(IsAttribute() ? none : m_Document->Parent(m_Node)); }
@@ -124,6 +126,10 @@ protected:
     }
     static CATIDOMNode Narrow(const CATIDOMNode& node) { return node; }
     bool IsAttribute() const { return m_Attribute != none; }
+    const CATXMLDocument::AttributeEntry& Attribute() const
+    {
+        return m_Document->AttributesOf(m_Node).first[m_Attribute];
+    }
     CATIDOMNode_var NodeAt(Index node) const
     {
         return node == none ? CATIDOMNode_var() : CATIDOMNode_var(CATIDOMNode(m_Document, node));
@@ -153,6 +159,8 @@ class CATIDOMElement : public CATIDOMNode
 {
 public:
     std::string_view GetTagName() const { return GetNodeName(); }
+    // Never null: the attributes may be none.
+    CATIDOMNamedNodeMap_var GetAttributes() const;
     // All descendants with the tag in document order, the element itself left out; "*" takes every tag.
     CATIDOMNodeList_var GetElementsByTagName(std::string_view tag) const;
     // Where the element's tag begins in its file: line and column (in characters), both counted from 1.
@@ -162,6 +170,7 @@ public:
 private:
     template <class View> friend class CATDOMHandle;
     friend class CATIDOMDocument;
+    friend class CATIDOMNode;
     friend class CATIDOMNodeList;
     CATIDOMElement() = default;
     explicit CATIDOMElement(const CATIDOMNode& node) : CATIDOMNode(node) {}
@@ -198,37 +207,52 @@ public:
     // The attribute of that name, null when there is none.
     CATIDOMNode_var GetNamedItem(std::string_view name) const
     {
-        const CATXMLDocument::Index found = m_Document->FindAttribute(m_Node, name, m_Next);
-        if (found == CATXMLDocument::none)
-            return NULL_var;
-        m_Next = found + 1;
-        return CATIDOMNode_var(CATIDOMNode(m_Document, m_Node, found));
+        const Index found = Find(name);
+        return found == none ? CATIDOMNode_var() : Item(static_cast<int>(found));
     }
-    int GetLength() const { return static_cast<int>(m_Document->AttributeCount(m_Node)); }
+    // The value of the attribute of that name, if there is one.
+    std::optional<std::string_view> GetNamedItemValue(std::string_view name) const
+    {
+        const Index found = Find(name);
+        if (found == none)
+            return std::nullopt;
+        return m_Document->AttributeValue(m_Attributes.first[found]);
+    }
+    int GetLength() const { return static_cast<int>(m_Attributes.count); }
     // The attribute at that position, counted from 0 in the order of the file.
     CATIDOMNode_var Item(int position) const
     {
-        return CATIDOMNode_var(CATIDOMNode(m_Document, m_Node, static_cast<CATXMLDocument::Index>(position)));
+        return CATIDOMNode_var(CATIDOMNode(m_Document, m_Element, static_cast<Index>(position)));
     }
 
     friend bool operator==(const CATIDOMNamedNodeMap& left, const CATIDOMNamedNodeMap& right)
     {
-        return left.m_Document == right.m_Document && left.m_Node == right.m_Node;
+        return left.m_Document == right.m_Document && left.m_Element == right.m_Element;
     }
 
 private:
     template <class View> friend class CATDOMHandle;
-    friend class CATIDOMNode;
+    friend class CATIDOMElement;
+    using Index = CATXMLDocument::Index;
+    static constexpr Index none = CATXMLDocument::none;
+
     CATIDOMNamedNodeMap() = default;
-    CATIDOMNamedNodeMap(const CATXMLDocument* document, CATXMLDocument::Index element)
-        : m_Document(document), m_Node(element)
+    CATIDOMNamedNodeMap(const CATXMLDocument* document, Index element)
+        : m_Document(document), m_Element(element), m_Attributes(document->AttributesOf(element))
     {
+    }
+    Index Find(std::string_view name) const
+    {
+        const Index found = m_Document->FindAttribute(m_Attributes, name, m_Next);
+        if (found != none)
+            m_Next = found + 1;
+        return found;
     }
 
     const CATXMLDocument* m_Document = nullptr;
-    CATXMLDocument::Index m_Node = CATXMLDocument::none;
-    // Readers ask in the order in which files are written: the next attribute asked for is most often the next one.
-    mutable CATXMLDocument::Index m_Next = 0;
+    Index m_Element = none;
+    mutable Index m_Next = 0; // behind the attribute found last
+    CATXMLDocument::Attributes m_Attributes;
 };
 
 class CATIDOMNodeList
@@ -257,8 +281,11 @@ private:
 
 inline CATIDOMNamedNodeMap_var CATIDOMNode::GetAttributes() const
 {
-    if (GetNodeType() != ELEMENT_NODE)
-        return NULL_var;
+    return GetNodeType() == ELEMENT_NODE ? CATIDOMElement(*this).GetAttributes() : CATIDOMNamedNodeMap_var();
+}
+
+inline CATIDOMNamedNodeMap_var CATIDOMElement::GetAttributes() const
+{
     return CATIDOMNamedNodeMap_var(CATIDOMNamedNodeMap(m_Document, m_Node));
 }
 

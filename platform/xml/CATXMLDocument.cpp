@@ -47,22 +47,6 @@ std::string_view CATXMLDocument::NodeText(Index node) const
     return {m_Text.Data() + m_Nodes[node].headOrText, m_Nodes[node].endOrLength};
 }
 
-CATXMLDocument::Index CATXMLDocument::FindAttribute(Index element, std::string_view name, Index hint) const
-{
-    const Symbol symbol = m_Names.Find(name);
-    if (symbol == CATXMLNames::none)
-        return none;
-    const Head* head = &HeadOf(element);
-    const AttributeEntry* attributes = m_Attributes.Data() + head->firstAttribute;
-    const Index count = head[1].firstAttribute - head->firstAttribute;
-    if (hint < count && attributes[hint].name == symbol)
-        return hint;
-    for (Index index = 0; index < count; ++index)
-        if (attributes[index].name == symbol)
-            return index;
-    return none;
-}
-
 CATXMLDocument::Elements CATXMLDocument::ElementsByTagName(Index node, std::string_view tag) const
 {
     const Index after = EndOf(node);

@@ -157,23 +157,36 @@ public:
     std::uint32_t Line(Index element) const { return HeadOf(element).line; }
     std::uint32_t Column(Index element) const { return HeadOf(element).column; }
 
-    // Attributes are counted from 0 within their element.
-    Index AttributeCount(Index element) const
+    struct AttributeEntry
+    {
+        Symbol name;
+        Index value; // offset of the length, which the text follows
+    };
+    // The attributes of one element, in the order of the file.
+    struct Attributes
+    {
+        const AttributeEntry* first = nullptr;
+        Index count = 0;
+    };
+    Attributes AttributesOf(Index element) const
     {
         const Head* head = &HeadOf(element);
-        return head[1].firstAttribute - head[0].firstAttribute;
+        return {m_Attributes.Data() + head[0].firstAttribute, head[1].firstAttribute - head[0].firstAttribute};
     }
-    std::string_view AttributeName(Index element, Index attribute) const
+    std::string_view AttributeName(const AttributeEntry& attribute) const { return m_Names.Name(attribute.name); }
+    std::string_view AttributeValue(const AttributeEntry& attribute) const { return ValueAt(attribute.value); }
+    // The position of the attribute of that name, or none. The search begins at "hint": names are most often asked for
+    // in the order in which they are written.
+    Index FindAttribute(const Attributes& attributes, std::string_view name, Index hint) const
     {
-        return m_Names.Name(m_Attributes[HeadOf(element).firstAttribute + attribute].name);
+        for (Index index = hint; index < attributes.count; ++index)
+            if (CATTextEqual(AttributeName(attributes.first[index]), name))
+                return index;
+        for (Index index = 0; index < hint; ++index)
+            if (CATTextEqual(AttributeName(attributes.first[index]), name))
+                return index;
+        return none;
     }
-    std::string_view AttributeValue(Index element, Index attribute) const
-    {
-        return ValueAt(m_Attributes[HeadOf(element).firstAttribute + attribute].value);
-    }
-    // The attribute of that name, or none. "hint" is where it stands if the names are asked for in the order in
-    // which they are written.
-    Index FindAttribute(Index element, std::string_view name, Index hint) const;
 
     // All descendants of the node with that tag, in document order; "*" takes every tag.
     Elements ElementsByTagName(Index node, std::string_view tag) const;
@@ -199,11 +212,6 @@ private:
         Index firstAttribute; // its attributes end where the next head's begin
         std::uint32_t line;
         std::uint32_t column;
-    };
-    struct AttributeEntry
-    {
-        Symbol name;
-        Index value; // offset of the length, which the text follows
     };
 
     static void Destroy(const CATXMLDocument* document);

@@ -44,8 +44,7 @@ CATXMLDocumentWriter::Index CATXMLDocumentWriter::AddValue(std::string_view valu
     return offset;
 }
 
-void CATXMLDocumentWriter::StartElement(
-    std::string_view tag, const char* const* attributes, std::size_t line, std::size_t column)
+void CATXMLDocumentWriter::StartElement(std::string_view tag, const char* const* attributes, int line, int column)
 {
     CloseText();
     CATXMLDocument& document = *m_Document;

@@ -15,7 +15,7 @@ public:
     CATXMLDocumentWriter();
 
     // "attributes" are pairs of name and value, ended by a null pointer. Line and column count from 1.
-    void StartElement(std::string_view tag, const char* const* attributes, std::size_t line, std::size_t column);
+    void StartElement(std::string_view tag, const char* const* attributes, int line, int column);
     void EndElement();
     // Adjacent pieces become one text node, or one CDATA section between StartCData and EndCData.
     void AppendText(std::string_view piece);
@@ -44,7 +44,7 @@ private:
     Index m_Parent = 0;
     Index m_OpenText = CATXMLDocument::none;
     // Where a text of each small length was last written: indentation repeats, and is stored once.
-    std::array<Index, sharedLengths> m_LastOfLength;
+    std::array<Index, sharedLengths> m_LastOfLength{};
 };
 
 #endif

@@ -165,11 +165,12 @@ void CATXMLParse::CheckParsed(XML_Status status)
         Fail(XML_ErrorString(XML_GetErrorCode(m_Parser)));
 }
 
-void CATXMLParse::Fail(const std::string& message)
+void CATXMLParse::FailAt(Place place, const std::string& message)
 {
     if (m_Failure)
         return;
-    m_Failure = ProblemHere(m_ExternalName.empty() ? message : m_ExternalName + ": " + message);
+    const std::string full = m_ExternalName.empty() ? message : m_ExternalName + ": " + message;
+    m_Failure = CATSAXParseException(CATUnicodeString(full), place.line, place.column);
     XML_StopParser(m_Parser, XML_FALSE);
 }
 
@@ -177,32 +178,31 @@ void CATXMLParse::Fail(const std::string& message)
 void CATXMLParse::FailForMemory()
 {
     if (!m_Failure)
-        m_Failure = ProblemHere("out of memory");
+        m_Failure = CATSAXParseException(CATUnicodeString("out of memory"), Here().line, Here().column);
     XML_StopParser(m_Parser, XML_FALSE);
 }
 
-CATSAXParseException CATXMLParse::ProblemHere(std::string_view message) const
+CATXMLParse::Place CATXMLParse::Here() const
 {
     const auto line = static_cast<int>(XML_GetCurrentLineNumber(m_Parser));
     const auto column = static_cast<int>(XML_GetCurrentColumnNumber(m_Parser)) + 1;
     // The parser underneath counts a byte-order mark as a character.
     const bool afterMark = m_ByteOrderMark && line == 1 && column > 1 && m_Parser == m_Root.get();
-    return {CATUnicodeString(message), line, afterMark ? column - 1 : column};
+    return {line, afterMark ? column - 1 : column};
 }
 
 void CATXMLParse::OnStartElement(const XML_Char* tag, const XML_Char** attributes)
 {
+    const Place place = Here();
     if (++m_Depth > CATXMLBounds::elementDepth)
         return Fail(Bound(CATXMLBounds::elementDepth, "elements within each other"));
     if (m_HasDoctype)
     {
-        CheckReferences();
+        CheckReferences(place);
         if (m_Failure)
             return;
     }
-    const std::size_t line = XML_GetCurrentLineNumber(m_Parser);
-    const std::size_t column = XML_GetCurrentColumnNumber(m_Parser) + (m_ByteOrderMark && line == 1 ? 0 : 1);
-    m_Writer.StartElement(tag, attributes, line, column);
+    m_Writer.StartElement(tag, attributes, place.line, place.column);
     CheckGrowth();
 }
 
@@ -261,20 +261,21 @@ void CATXMLParse::OnEntityDeclaration(const XML_Char* name, int isParameter, con
         Fail(Bound(CATXMLBounds::entityDepth, "entities within each other"));
 }
 
-// Has the parser hand out the source of the current event, and looks where its references lead.
-void CATXMLParse::CheckReferences()
+// Has the parser hand out the source of the current event, and looks where its references lead. The parser may then
+// stand behind the event: "place" is where it begins.
+void CATXMLParse::CheckReferences(Place place)
 {
     m_Markup.clear();
     m_CollectsMarkup = true;
     XML_DefaultCurrent(m_Parser);
     m_CollectsMarkup = false;
-    CheckReferencesIn(m_Markup);
+    CheckReferencesIn(m_Markup, place);
 }
 
-void CATXMLParse::CheckReferencesIn(std::string_view markup)
+void CATXMLParse::CheckReferencesIn(std::string_view markup, Place place)
 {
     if (!m_Entities.AreDeclared(markup))
-        Fail(undeclaredEntity);
+        FailAt(place, undeclaredEntity);
 }
 
 // Hears the source of events on request, and the tokens of the document type: among those, the defaults of attributes
@@ -292,14 +293,11 @@ void CATXMLParse::OnMarkup(const XML_Char* markup, int length)
     if (m_InAttributeDeclaration && token == ">")
     {
         m_InAttributeDeclaration = false;
-        CheckReferencesIn(m_Markup);
+        CheckReferencesIn(m_Markup, Here());
     }
 }
 
-void CATXMLParse::OnSkippedEntity(const XML_Char* /*name*/, int /*isParameter*/)
-{
-    Fail(undeclaredEntity);
-}
+void CATXMLParse::OnSkippedEntity(const XML_Char* /*name*/, int /*isParameter*/) { Fail(undeclaredEntity); }
 
 void CATXMLParse::CheckGrowth()
 {
@@ -363,8 +361,8 @@ std::optional<CATXMLParse::External> CATXMLParse::FindExternal(
     }
     if (m_MissingExternals.insert(systemId).second && m_ErrorHandler != NULL_var)
     {
-        const CATSAXParseException warning =
-            ProblemHere(std::string("\"") + systemId + "\" cannot be had; the document is read without it");
+        const std::string message = std::string("\"") + systemId + "\" cannot be had; the document is read without it";
+        const CATSAXParseException warning(CATUnicodeString(message), Here().line, Here().column);
         m_ErrorHandler->Warning(&warning);
     }
     return std::nullopt;

@@ -37,9 +37,15 @@ private:
     void CheckParsed(XML_Status status);
 
     // Records the first failure, at the parser's position, and stops the parse.
-    void Fail(const std::string& message);
+    struct Place
+    {
+        int line;
+        int column;
+    };
+    Place Here() const;
+    void Fail(const std::string& message) { FailAt(Here(), message); }
+    void FailAt(Place place, const std::string& message);
     void FailForMemory();
-    CATSAXParseException ProblemHere(std::string_view message) const;
 
     template <auto Event, class... Arguments> static void Guarded(void* self, Arguments... arguments);
     void OnStartElement(const XML_Char* tag, const XML_Char** attributes);
@@ -61,8 +67,8 @@ private:
     static int OnUnknownEncoding(void* self, const XML_Char* name, XML_Encoding* encoding);
 
     // Fail when the source of the current event, or a piece of markup, refers to an entity that is not declared.
-    void CheckReferences();
-    void CheckReferencesIn(std::string_view markup);
+    void CheckReferences(Place place);
+    void CheckReferencesIn(std::string_view markup, Place place);
     void CheckGrowth();
 
     struct External
