@@ -40,8 +40,8 @@ LibraryTest::~LibraryTest()
 
 void LibraryTest::Show(Kind kind, const CATUnicodeString& title, const CATUnicodeString& text)
 {
-    m_Boxes.push_back(std::string(kind == Error ? "error " : "warning ") + title.ConvertToChar() + ": " +
-        text.ConvertToChar());
+    m_Boxes.push_back(
+        std::string(kind == Error ? "error " : "warning ") + title.ConvertToChar() + ": " + text.ConvertToChar());
 }
 
 void LibraryTest::Write(const CATUnicodeString& line) { m_Log.emplace_back(line.ConvertToChar()); }

@@ -16,7 +16,10 @@
 #include <vector>
 
 // Texts in failure messages.
-inline void PrintTo(const CATUnicodeString& text, std::ostream* stream) { *stream << '"' << text.ConvertToChar() << '"'; }
+inline void PrintTo(const CATUnicodeString& text, std::ostream* stream)
+{
+    *stream << '"' << text.ConvertToChar() << '"';
+}
 
 // A temporary directory, gone with the object.
 class TemporaryDirectory

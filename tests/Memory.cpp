@@ -1,0 +1,69 @@
+#include "Memory.h"
+
+#include <array>
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+std::size_t allocations = 0;
+std::size_t failingAllocation = 0; // 0: none
+
+const std::set<void*>* watchedObjects = nullptr;
+std::array<void*, 64> deletedObjects;
+std::size_t deletedCount = 0;
+
+void* Allocate(std::size_t size)
+{
+    ++allocations;
+    return allocations == failingAllocation ? nullptr : std::malloc(size == 0 ? 1 : size);
+}
+
+void Free(void* object)
+{
+    if (watchedObjects && deletedCount < deletedObjects.size() && watchedObjects->contains(object))
+        deletedObjects[deletedCount++] = object;
+    std::free(object);
+}
+
+} // namespace
+
+void* operator new(std::size_t size)
+{
+    if (void* object = Allocate(size))
+        return object;
+    throw std::bad_alloc();
+}
+
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept { return Allocate(size); }
+void* operator new[](std::size_t size) { return operator new(size); }
+void* operator new[](std::size_t size, const std::nothrow_t& /*tag*/) noexcept { return Allocate(size); }
+void operator delete(void* object) noexcept { Free(object); }
+void operator delete(void* object, std::size_t /*size*/) noexcept { Free(object); }
+void operator delete[](void* object) noexcept { Free(object); }
+void operator delete[](void* object, std::size_t /*size*/) noexcept { Free(object); }
+
+std::size_t Memory::CountAllocations(const std::function<void()>& run)
+{
+    const std::size_t before = allocations;
+    run();
+    return allocations - before;
+}
+
+bool Memory::RunFailingAllocation(std::size_t number, const std::function<void()>& run)
+{
+    failingAllocation = allocations + number;
+    run();
+    const bool failed = allocations >= failingAllocation;
+    failingAllocation = 0;
+    return failed;
+}
+
+std::vector<void*> Memory::Deletions(const std::set<void*>& watched, const std::function<void()>& run)
+{
+    deletedCount = 0;
+    watchedObjects = &watched;
+    run();
+    watchedObjects = nullptr;
+    return std::vector<void*>(deletedObjects.data(), deletedObjects.data() + deletedCount);
+}

@@ -1,0 +1,23 @@
+// The test program's own allocation: counts what is allocated, watches what is deleted, and lets an allocation fail.
+#ifndef TESTS_Memory_H
+#define TESTS_Memory_H
+
+#include <cstddef>
+#include <functional>
+#include <set>
+#include <vector>
+
+namespace Memory {
+
+// Calls of operator new while the function runs.
+std::size_t CountAllocations(const std::function<void()>& run);
+
+// Runs the function with the n-th call of operator new, counted from 1, failing. Tells whether it came to that.
+bool RunFailingAllocation(std::size_t number, const std::function<void()>& run);
+
+// The objects of the set that are deleted while the function runs, in that order.
+std::vector<void*> Deletions(const std::set<void*>& watched, const std::function<void()>& run);
+
+} // namespace Memory
+
+#endif

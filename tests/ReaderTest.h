@@ -1,0 +1,383 @@
+// What the tests of the readers share: operations asked by name with their answers as one line of text, and records
+// described by a table of their attributes.
+#ifndef TESTS_ReaderTest_H
+#define TESTS_ReaderTest_H
+
+#include "LibraryTest.h"
+#include "Registry.h"
+
+#include <map>
+#include <numbers>
+#include <sstream>
+
+// An answer is the result, then the outputs in their order: "~" stands for what the caller had there, '' for an empty
+// text, {...} for a record and [...] for a list.
+struct Question
+{
+    std::string operation;
+    std::string inputs; // in their order, separated by ", "
+    std::string answer;
+};
+
+// A record and the attributes that fill it. A field is written ATTRIBUTE:KIND=WHEN_MISSING>FIELD, where all but the
+// attribute may be left out. Kinds:
+//     none, mm, deg                 a text, with that unit; "" when missing
+//     flag, number, integer         false or 0 when missing
+//     millimetres, metres, radians  a number from a length or an angle
+//     percent, usage                a hundredth of the number; the role that a text stands for
+//     unread                        another record's attribute: as if it were missing
+// "keep" when missing: the caller's value stays.
+struct Reader
+{
+    std::string file;
+    std::string configuration;
+    std::string record; // where the outputs hold it, as a JSON pointer
+    std::string fields;
+    std::string operation = "GetStandardData";
+    std::string inputs = "S, x";
+    int result = 1;
+    int resultWithoutData = 0;
+};
+
+class ReaderTest : public LibraryTest
+{
+protected:
+    using Texts = std::map<std::string, std::string>; // by attribute
+    static constexpr double before = -777.0;          // what a number of the caller is
+
+    // Writes the base document, or the customer's over it, and forgets what was loaded.
+    void WriteDefault(const std::string& file, const std::string& document) { Rewrite("Default/" + file, document); }
+    void WriteCustomer(const std::string& file, const std::string& document) { Rewrite("Customer/" + file, document); }
+
+    void Expect(const std::string& configuration, const std::vector<Question>& questions)
+    {
+        for (const auto& [operation, inputs, answer] : questions)
+            EXPECT_EQ(Ask(configuration, operation, inputs), answer)
+                << configuration << "." << operation << "(" << inputs << ")";
+    }
+
+    // The same object of a configuration for every question, unless a test has its own.
+    virtual VEXMELKConfig& Object(const std::string& configuration)
+    {
+        return *FindConfiguration(configuration).get(Manager());
+    }
+
+    std::string Ask(const std::string& configuration, const std::string& operation, const std::string& inputs)
+    {
+        const Operation& asked = FindConfiguration(configuration).FindOperation(operation);
+        Json outputs = Json::object();
+        bool hasRecord = false;
+        for (const Parameter& parameter : asked.parameters)
+        {
+            if (!parameter.isOutput)
+                continue;
+            hasRecord = hasRecord || parameter.type.starts_with('{');
+            if (parameter.type.starts_with("list"))
+                outputs[parameter.name] = Json::array({BeforeOf(parameter.type.substr(sizeof("list of")))});
+            else if (!parameter.type.starts_with('{'))
+                outputs[parameter.name] = BeforeOf(parameter.type);
+        }
+        // A first answer shows what the records hold.
+        if (hasRecord)
+            outputs = Overwritten(Run(configuration, operation, inputs, outputs).outputs);
+        const Answered answered = Run(configuration, operation, inputs, outputs);
+        std::string text = answered.result.is_null() ? "" : Described(answered.result);
+        for (const auto& output : answered.outputs.items())
+            text += (text.empty() ? "" : " ") + Described(output.value());
+        return text;
+    }
+
+    // The record for a document in which "@" stands for its attributes: all of them, with each flag and role in turn
+    // set apart from the others; in both comma settings.
+    void ExpectAll(const Reader& reader, const std::string& document)
+    {
+        const std::vector<Field> fields = FieldsIn(reader);
+        for (std::size_t apart = 0; apart <= fields.size(); ++apart)
+            if (apart == fields.size() || fields[apart].IsSwitch())
+            {
+                const Texts texts = AllTexts(fields, 11, apart < fields.size() ? fields[apart].attribute : "");
+                ExpectRecord(reader, Replaced(document, Written(texts)), texts, reader.result);
+            }
+    }
+
+    // The record without any of its attributes.
+    void ExpectNone(const Reader& reader, const std::string& document, int result = 1)
+    {
+        ExpectRecord(reader, Replaced(document, ""), {}, result);
+    }
+
+    // The record as the caller had it.
+    void ExpectUntouched(Reader reader, const std::string& document, int result)
+    {
+        std::string kept;
+        for (const Field& field : FieldsIn(reader))
+            kept += field.attribute + ":" + field.kind + "=keep>" + field.name + " ";
+        reader.fields = kept;
+        ExpectRecord(reader, document, {}, result);
+    }
+
+    // A record of a category's own attributes, each of which "default" can supply.
+    void ExpectCategory(const Reader& reader)
+    {
+        const std::string other = OtherAttributes(reader);
+        ExpectAll(reader, Document(Standard("S", "<category name='default' " + other + "/><category name='x' @/>")));
+        ExpectAll(reader, Document(Standard("S", "<category name='x'/><category name='default' @/>")));
+        ExpectAll(reader, Document(Standard("S", "<category name='X' " + other + "/><category name='default' @/>")));
+        ExpectNone(reader, Document(Standard("S", "<category name='default'/><category name='x'/>")));
+        ExpectMissing(reader);
+    }
+
+    // A record of an element of the category, or of "default" in place of a missing category; never of both.
+    void ExpectElement(const Reader& reader, const std::string& element, int resultOfNone = 1)
+    {
+        const std::string other = Category("default", Replaced(element, OtherAttributes(reader)));
+        ExpectAll(reader, Document(Standard("S", other + Category("x", element))));
+        ExpectAll(reader, Document(Standard("S", Category("X", other) + Category("default", element))));
+        ExpectNone(reader, Document(Standard("S", Category("x", element) + other)), resultOfNone);
+    }
+
+    // The same, but "default" also serves a category that lacks the element.
+    void ExpectElementOfEither(const Reader& reader, const std::string& element, int resultOfNone = 1)
+    {
+        ExpectElement(reader, element, resultOfNone);
+        ExpectAll(reader, Document(Standard("S", Category("x", "") + Category("default", element))));
+    }
+
+    // Neither the category nor "default", and no such standard.
+    void ExpectMissing(const Reader& reader)
+    {
+        const std::string attributes = OtherAttributes(reader);
+        for (const auto& [standard, category] : {std::pair("S", "X"), std::pair("s", "x")})
+            ExpectUntouched(reader,
+                Document(Standard(standard, "<category name='" + std::string(category) + "' " + attributes + "/>")),
+                reader.resultWithoutData);
+    }
+
+    static std::string Category(const std::string& name, const std::string& contents)
+    {
+        return "<category name='" + name + "'>" + contents + "</category>";
+    }
+
+private:
+    struct Field
+    {
+        std::string attribute;
+        std::string kind;
+        std::string whenMissing;
+        std::string name;
+
+        bool IsSwitch() const { return kind == "flag" || kind == "usage"; }
+        bool IsText() const { return kind.empty() || kind == "mm" || kind == "deg" || kind == "unread"; }
+        Json Before() const
+        {
+            if (kind == "flag")
+                return whenMissing != "true";
+            if (kind == "integer" || kind == "usage")
+                return static_cast<int>(before);
+            return IsText() ? Json("before") : Json(before);
+        }
+        // What a text gives; null: the attribute is missing.
+        Json Value(const std::string* text, bool comma) const
+        {
+            if ((!text || kind == "unread") && whenMissing == "keep")
+                return Before();
+            if (kind == "flag")
+                return text ? *text == "True" : whenMissing == "true";
+            if (IsText())
+                return text && kind != "unread" ? WithUnit(*text, comma) : whenMissing;
+            if (!text)
+                return whenMissing.empty() ? 0.0 : std::stod(whenMissing);
+            if (kind == "usage")
+                return *text == "output" ? 4 : 2;
+            static const std::map<std::string, double> factors = {
+                {"metres", 0.001}, {"radians", std::numbers::pi / 180.0}, {"percent", 0.01}};
+            const auto factor = factors.find(kind);
+            const double number = std::stod(*text);
+            return kind == "integer" ? std::trunc(number) : number * (factor == factors.end() ? 1.0 : factor->second);
+        }
+        std::string WithUnit(std::string text, bool comma) const
+        {
+            if (comma)
+                std::replace(text.begin(), text.end(), '.', ',');
+            return text + (std::isdigit(static_cast<unsigned char>(text.back())) ? kind : "");
+        }
+    };
+
+    static std::vector<Field> FieldsIn(const Reader& reader)
+    {
+        const auto take = [](std::string& text, char separator)
+        {
+            const std::size_t end = std::min(text.find(separator), text.size());
+            const std::string rest = text.substr(std::min(end + 1, text.size()));
+            text.erase(end);
+            return rest;
+        };
+        std::vector<Field> fields;
+        std::istringstream words(reader.fields);
+        for (Field field; words >> field.attribute;)
+        {
+            field.name = take(field.attribute, '>');
+            field.whenMissing = take(field.attribute, '=');
+            field.kind = take(field.attribute, ':');
+            if (field.name.empty())
+                field.name = field.attribute;
+            fields.push_back(field);
+        }
+        return fields;
+    }
+
+    // A text for every attribute, each its own; the switch "apart" is set to what it is not when missing.
+    static Texts AllTexts(const std::vector<Field>& fields, int first, const std::string& apart)
+    {
+        Texts texts;
+        for (const Field& field : fields)
+        {
+            std::string text = std::to_string(first++) + ".5";
+            if (field.kind == "flag")
+                text = (field.whenMissing == "true") != (field.attribute == apart) ? "True" : "yes";
+            else if (field.attribute == apart)
+                text = "output";
+            texts.emplace(field.attribute, text);
+        }
+        return texts;
+    }
+
+    static std::string OtherAttributes(const Reader& reader)
+    {
+        Texts texts = AllTexts(FieldsIn(reader), 501, "");
+        for (const Field& field : FieldsIn(reader))
+            if (field.kind == "flag")
+                texts[field.attribute] = field.whenMissing == "true" ? "false" : "true";
+        return Written(texts);
+    }
+
+    static std::string Written(const Texts& texts)
+    {
+        std::string attributes;
+        for (const auto& [attribute, text] : texts)
+            attributes += attribute + "='" + text + "' ";
+        return attributes;
+    }
+
+    static std::string Replaced(std::string document, const std::string& attributes)
+    {
+        for (std::size_t at = document.find('@'); at != std::string::npos; at = document.find('@', at))
+            document.replace(at, 1, attributes);
+        return document;
+    }
+
+    void Rewrite(const std::string& file, const std::string& document)
+    {
+        directory.Write(file, document);
+        Release();
+    }
+
+    void ExpectRecord(const Reader& reader, const std::string& document, const Texts& texts, int result)
+    {
+        for (const bool comma : {false, true})
+        {
+            VEXMELKUtilities::SetCommaDelimeter(comma);
+            Rewrite(reader.file, document);
+            const Json::json_pointer pointer(reader.record);
+            Json outputs = Json::object();
+            for (const Field& field : FieldsIn(reader))
+                outputs[pointer][field.name] = field.Before();
+            const Answered answered = Run(reader.configuration, reader.operation, reader.inputs, WithoutNulls(outputs));
+            std::string expected;
+            std::string actual;
+            for (const Field& field : FieldsIn(reader))
+            {
+                const auto text = texts.find(field.attribute);
+                expected += field.name + "=" +
+                            Described(field.Value(text == texts.end() ? nullptr : &text->second, comma)) + "\n";
+                const Json& record = answered.outputs.at(pointer);
+                actual += field.name + "=" + Described(record.at(field.name)) + "\n";
+            }
+            const std::string asked = reader.configuration + "." + reader.operation + (comma ? " with commas: " : ": ");
+            EXPECT_EQ(actual, expected) << asked << document;
+            EXPECT_EQ(Described(answered.result), std::to_string(result)) << asked << document;
+        }
+        VEXMELKUtilities::SetCommaDelimeter(0);
+        Release();
+    }
+
+    Answered Run(
+        const std::string& configuration, const std::string& operation, const std::string& inputs, const Json& outputs)
+    {
+        const Operation& asked = FindConfiguration(configuration).FindOperation(operation);
+        Json arguments = Json::object();
+        std::size_t start = 0;
+        for (const Parameter& parameter : asked.parameters)
+        {
+            if (parameter.isOutput || start > inputs.size())
+                continue;
+            const std::size_t end = std::min(inputs.find(", ", start), inputs.size());
+            const std::string text = inputs.substr(start, end - start);
+            start = end + 2;
+            if (parameter.type == "number")
+                arguments[parameter.name] = std::stod(text);
+            else if (parameter.type == "integer")
+                arguments[parameter.name] = std::stoi(text);
+            else if (parameter.type == "flag")
+                arguments[parameter.name] = text == "1";
+            else
+                arguments[parameter.name] = text;
+        }
+        return asked.prepare(arguments, outputs)(Object(configuration));
+    }
+
+    static Json BeforeOf(const std::string& type)
+    {
+        if (type == "flag")
+            return false;
+        if (type == "text")
+            return "~";
+        return type == "number" ? Json(before) : type == "integer" ? Json(static_cast<int>(before)) : Json::object();
+    }
+
+    // The same with every text and number as the caller has them.
+    static Json Overwritten(Json json)
+    {
+        if (json.is_structured())
+            for (auto& item : json)
+                item = Overwritten(item);
+        else if (json.is_string())
+            json = "~";
+        else if (json.is_number_float())
+            json = before;
+        else if (json.is_number())
+            json = static_cast<int>(before);
+        return json;
+    }
+
+    static Json WithoutNulls(Json json)
+    {
+        if (json.is_null())
+            return Json::object();
+        if (json.is_structured())
+            for (auto& item : json)
+                item = WithoutNulls(item);
+        return json;
+    }
+
+    static std::string Described(const Json& json)
+    {
+        if (json.is_boolean())
+            return json.get<bool>() ? "1" : "0";
+        if (json.is_string())
+            return json.get<std::string>().empty() ? "''" : json.get<std::string>();
+        if (json.is_number())
+        {
+            std::ostringstream number;
+            number.precision(9);
+            number << json.get<double>() + 0.0; // no negative zero
+            return number.str() == "-777" ? "~" : number.str();
+        }
+        std::string text;
+        for (const auto& item : json)
+            text += (text.empty() ? "" : " ") + Described(item);
+        return json.is_array() ? "[" + text + "]" : "{" + text + "}";
+    }
+};
+
+#endif
