@@ -1,0 +1,40 @@
+#!/usr/bin/env bash
+# Builds everything and passes every check: release build and tests, the same under AddressSanitizer and
+# UndefinedBehaviorSanitizer, formatting, clang-tidy, and a program built against the installed package. Installs what
+# is missing. Ends with CTest's summary of the release tests.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/packages.sh
+ensure_packages "${build_packages[@]}" "${test_packages[@]}" clang-14 clang-format-14 clang-tidy-14 git pkg-config
+
+step() { printf '\n== %s\n' "$*"; }
+
+step "formatting"
+git ls-files '*.h' '*.cpp' | xargs clang-format-14 --dry-run --Werror
+
+step "release build, warnings as errors"
+cmake --preset release >/dev/null
+cmake --build --preset release
+
+step "sanitized build and tests"
+cmake --preset asan >/dev/null
+cmake --build --preset asan
+ctest --preset asan -j "$(nproc)" | tail -n 4
+
+step "clang-tidy"
+scripts/tidy.sh
+
+step "a program built against the installed package"
+rm -rf build/installed build/consumer
+cmake --install build/release --prefix build/installed >/dev/null
+cmake -S tests/consumer -B build/consumer -G Ninja -DCMAKE_BUILD_TYPE=Release \
+    -DCMAKE_PREFIX_PATH="$PWD/build/installed" >/dev/null
+cmake --build build/consumer >/dev/null
+build/consumer/consumer build/installed/share/VEXMELKConfiguration/configuration
+flags=$(PKG_CONFIG_PATH=build/installed/lib/pkgconfig:$(echo build/installed/lib/*/pkgconfig) \
+    pkg-config --cflags --libs VEXMELKConfiguration)
+# shellcheck disable=SC2086
+g++ -std=c++20 tests/consumer/consumer.cpp $flags -o build/consumer/by-pkg-config
+
+step "release tests"
+ctest --preset release -j "$(nproc)"
