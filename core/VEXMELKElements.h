@@ -6,6 +6,7 @@
 
 #include "CATIDOM.h"
 #include "CATListOf.h"
+#include "VEXArray.h"
 
 #include <optional>
 #include <utility>
@@ -66,6 +67,21 @@ template <class Act> void ForEachElement(const CATIDOMElement_var& root, std::st
             act(element);
             return false;
         });
+}
+
+// For an act that adds a record for each element: the array has room for all of them beforehand, where growing step by
+// step would move them over and over.
+template <class Record, class Act>
+void ForEachElement(const CATIDOMElement_var& root, std::string_view tag, VEXArray<Record>& records, Act act)
+{
+    constexpr int oneStep = 20;
+    const int count = root == NULL_var ? 0 : root->GetElementsByTagName(tag)->GetLength();
+    if (count > oneStep)
+    {
+        records.changeSize(count);
+        records.changeSize(-count);
+    }
+    ForEachElement(root, tag, act);
 }
 
 template <class Act> void ForEachChild(const CATIDOMElement_var& parent, std::string_view tag, Act act)

@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdlib>
-#include <functional>
 #include <iostream>
 #include <memory>
 #include <new>
@@ -112,22 +111,11 @@ public:
     // 11: inserts the element at position. Returns the position.
     virtual long add(const T& element, long position)
     {
-        if (m_Size < m_AllocatedSize)
-        {
-            const T* source = &element;
-            if (std::less_equal<>()(m_Data + position, source) && std::less<>()(source, m_Data + m_Size))
-                ++source; // it lies among those that move
-            std::copy_backward(m_Data + position, m_Data + m_Size, m_Data + m_Size + 1);
-            m_Data[position] = *source;
-        }
-        else
-        {
-            Storage larger = allocate(m_AllocatedSize + m_GrowIncrement, "in long VEXArray<T>::add");
-            std::copy(m_Data, m_Data + position, larger.get());
-            std::copy(m_Data + position, m_Data + m_Size, larger.get() + position + 1);
-            larger[static_cast<std::size_t>(position)] = element;
-            replaceStorage(std::move(larger), m_AllocatedSize + m_GrowIncrement);
-        }
+        T added(element); // first: it may lie among those that move
+        if (m_Size == m_AllocatedSize)
+            reallocate(m_AllocatedSize + m_GrowIncrement, "in long VEXArray<T>::add");
+        std::move_backward(m_Data + position, m_Data + m_Size, m_Data + m_Size + 1);
+        m_Data[position] = std::move(added);
         ++m_Size;
         return position;
     }
@@ -171,13 +159,7 @@ public:
     // Sets the storage to n slots; elements beyond it are dropped. Returns the number of slots.
     int setAllocatedSize(int n)
     {
-        const int kept = std::min(m_Size, std::max(n, 0));
-        Storage storage;
-        if (n > 0)
-            storage = allocate(n, "in VEXArray<T>::setAllocatedSize");
-        std::copy_n(m_Data, kept, storage.get());
-        replaceStorage(std::move(storage), std::max(n, 0));
-        m_Size = kept;
+        reallocate(std::max(n, 0), "in VEXArray<T>::setAllocatedSize");
         return m_AllocatedSize;
     }
 
@@ -227,14 +209,20 @@ private:
         m_Size = 0;
     }
 
+    // Moves the elements into storage of that many slots, as far as they fit.
+    void reallocate(int slots, const char* context)
+    {
+        Storage storage = slots > 0 ? allocate(slots, context) : nullptr;
+        const int kept = std::min(m_Size, slots);
+        std::move(m_Data, m_Data + kept, storage.get());
+        replaceStorage(std::move(storage), slots);
+        m_Size = kept;
+    }
+
     void shrink(const char* context)
     {
-        if (m_AllocatedSize - m_Size <= m_ShrinkThreshold)
-            return;
-        const int slots = std::max(m_Size, m_InitialSize);
-        Storage smaller = allocate(slots, context);
-        std::copy_n(m_Data, m_Size, smaller.get());
-        replaceStorage(std::move(smaller), slots);
+        if (m_AllocatedSize - m_Size > m_ShrinkThreshold)
+            reallocate(std::max(m_Size, m_InitialSize), context);
     }
 
     T* m_Data = nullptr;

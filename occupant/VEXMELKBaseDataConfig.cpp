@@ -79,8 +79,8 @@ unsigned char VEXMELKBaseDataConfig::GetLoadingDataForBaseDataCategory(
                 loadings.add(loading);
             };
             // Both always, also when "default" itself is asked for: its loadings then come twice.
-            ForEachElement(GetRootChildElement("category", category), "loading", append);
-            ForEachElement(GetRootChildElement("category", defaultCategory), "loading", append);
+            ForEachElement(GetRootChildElement("category", category), "loading", loadings, append);
+            ForEachElement(GetRootChildElement("category", defaultCategory), "loading", loadings, append);
             return 0; // always
         });
 }
@@ -111,7 +111,7 @@ unsigned char VEXMELKBaseDataConfig::GetSeatDataForBaseDataCategory(
         [&]() -> unsigned char
         {
             seats.reset();
-            ForEachElement(GetRootChildElement("category", category), "seat",
+            ForEachElement(GetRootChildElement("category", category), "seat", seats,
                 [&](const CATIDOMElement_var& element) { seats.add(SeatOf(element)); });
             if (seats.size() == 0 && category != defaultCategory)
                 GetSeatDataForBaseDataCategory(defaultCategory, seats);

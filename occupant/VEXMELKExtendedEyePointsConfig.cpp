@@ -123,7 +123,7 @@ unsigned char VEXMELKExtendedEyePointsConfig::GetExtendedBackAngleCorrectionList
         {
             corrections.reset();
             const CATIDOMElement_var element = GetCategoryElement(standard, category);
-            ForEachElement(element, "back_angle",
+            ForEachElement(element, "back_angle", corrections,
                 [&](const CATIDOMElement_var& row)
                 {
                     VEXMELKBackAngleCorrection correction;

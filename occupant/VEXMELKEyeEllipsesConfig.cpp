@@ -67,8 +67,8 @@ unsigned char VEXMELKEyeEllipsesConfig::Init(const CATUnicodeString& standard, c
         m_Standard = ""; // no pair until all data are there
         m_Category = "";
         m_HPointData.reset();
-        ForEachElement(
-            element, "hpoint", [&](const CATIDOMElement_var& hpoint) { m_HPointData.add(HPointDataOf(hpoint)); });
+        ForEachElement(element, "hpoint", m_HPointData,
+            [&](const CATIDOMElement_var& hpoint) { m_HPointData.add(HPointDataOf(hpoint)); });
         const auto readAxes = [&](const char* tag, MinorAxes& axes)
         {
             ForEachElement(element, tag, // the last one wins

@@ -33,7 +33,7 @@ unsigned char VEXMELKEyePointsConfig::GetEyePoints(
         [&]() -> unsigned char
         {
             points.reset();
-            ForEachElement(GetCategoryElement(standard, category), "point",
+            ForEachElement(GetCategoryElement(standard, category), "point", points,
                 [&](const CATIDOMElement_var& element)
                 {
                     VEXMELKEyePointDefinition point;

@@ -267,6 +267,6 @@ unsigned char VEXMELKHeadContourConfig::IsStandard2002Used(
             Init(standard, category);
             const StandardData data = FindStandardData(standard, category);
             return FirstElement(data.defaultCategory, "coeficients2002nonDriver") != NULL_var ||
-                FirstElement(data.category, "coeficients2002nonDriver") != NULL_var;
+                   FirstElement(data.category, "coeficients2002nonDriver") != NULL_var;
         });
 }

@@ -54,7 +54,7 @@ unsigned char VEXMELKBumpersConfig::GetPendulumData(const CATUnicodeString& pend
 {
     const CATIDOMElement_var pendulum = FirstElement(categoryElement, pendulumElementName);
     VEXMELKBumpersDefinition bumper; // one for all
-    ForEachElement(pendulum, "bumper",
+    ForEachElement(pendulum, "bumper", bumpers,
         [&](const CATIDOMElement_var& element)
         {
             CATUnicodeString profile;

@@ -116,7 +116,7 @@ unsigned char VEXMELKCrashBarriersConfig::GetStandardData(
             barriers.reset();
             const CATIDOMElement_var element = GetCategoryElement(standard, category);
             VEXMELKBarrierDefinition barrier; // one for all
-            ForEachElement(element, "barrier",
+            ForEachElement(element, "barrier", barriers,
                 [&](const CATIDOMElement_var& barrierElement)
                 {
                     ReadBarrier(barrierElement, barrier);

@@ -48,7 +48,7 @@ unsigned char VEXMELKLampPositionsConfig::GetStandardData(
         [&]() -> unsigned char
         {
             lamps.reset();
-            ForEachElement(GetCategoryElement(standard, category), "Lamp",
+            ForEachElement(GetCategoryElement(standard, category), "Lamp", lamps,
                 [&](const CATIDOMElement_var& element) { lamps.add(LampOf(element)); });
             return 1; // always
         });

@@ -52,7 +52,7 @@ unsigned char VEXMELKPPOffsetConfig::GetCurves(
     const CATIDOMElement_var& sectionElement, VEXArray<VEXPPOffsetCurveDefinition>& curves)
 {
     curves.reset();
-    ForEachElement(sectionElement, "curve",
+    ForEachElement(sectionElement, "curve", curves,
         [&](const CATIDOMElement_var& element)
         {
             VEXPPOffsetCurveDefinition curve;

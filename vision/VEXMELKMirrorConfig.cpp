@@ -90,7 +90,7 @@ unsigned char VEXMELKMirrorConfig::GetStandardData(const CATUnicodeString& stand
                 });
             definition.Plane.ToLower();
             const bool planeIsRoad = definition.Plane == "road";
-            ForEachElement(element, "Point",
+            ForEachElement(element, "Point", definition.Points,
                 [&](const CATIDOMElement_var& point) { definition.Points.add(PointOf(point, planeIsRoad)); });
             return 1;
         });

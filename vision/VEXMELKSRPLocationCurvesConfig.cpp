@@ -4,6 +4,8 @@
 #include "VEXMELKElements.h"
 #include "VEXMELKField.h"
 
+#include <unordered_set>
+
 namespace {
 
 VEXMELKSRPLocationCurveDefinition CurveOf(const CATIDOMElement_var& element)
@@ -36,13 +38,12 @@ unsigned char VEXMELKSRPLocationCurvesConfig::GetStandardData(const CATUnicodeSt
         {
             curves.reset();
             const CATIDOMElement_var element = GetCategoryElement(standard, category);
-            ForEachElement(element, "curve",
+            std::unordered_set<CATUnicodeString> names;
+            ForEachElement(element, "curve", curves,
                 [&](const CATIDOMElement_var& curveElement)
                 {
                     const VEXMELKSRPLocationCurveDefinition curve = CurveOf(curveElement);
-                    const bool isKnown = std::any_of(curves.begin(), curves.end(),
-                        [&](const VEXMELKSRPLocationCurveDefinition& known) { return known.name == curve.name; });
-                    if (!isKnown)
+                    if (names.insert(curve.name).second)
                         curves.add(curve);
                 });
             return element != NULL_var;

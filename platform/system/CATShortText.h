@@ -12,6 +12,7 @@
 class CATShortText
 {
 public:
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): of the union, one member
     CATShortText() noexcept : m_Inline{} {}
     explicit CATShortText(std::string_view text) : CATShortText() { Assign(text); }
     CATShortText(const CATShortText& other) : CATShortText() { Assign(other.View()); }

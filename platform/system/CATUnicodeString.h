@@ -8,7 +8,6 @@
 #include "CATShortText.h"
 #include "CATTextHash.h"
 
-#include <functional>
 #include <string>
 #include <string_view>
 

@@ -15,7 +15,7 @@
 // Bounds of a document. Past any of them it fails with a FatalError.
 struct CATXMLBounds
 {
-    static constexpr std::size_t documentBytes = std::size_t{128} << 20U; // of one file
+    static constexpr std::size_t documentBytes = std::size_t{128} << 20U; // of a document and its external files
     static constexpr int elementDepth = 10000;
     static constexpr int entityDepth = 64; // entities that refer to entities
     static constexpr int externalFiles = 32;

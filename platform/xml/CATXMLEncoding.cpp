@@ -59,8 +59,8 @@ bool CATXMLSingleByteMap(std::string_view encoding, int (&characters)[256])
     if (!IsKnown(name))
         return false;
     iconv_t converter = iconv_open("UTF-32LE", name.ConvertToChar());
-    if (converter == reinterpret_cast<iconv_t>(
-                         -1)) // NOLINT(performance-no-int-to-ptr): a number in the range that stands for no encoding
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): a number in the range that stands for no encoding
+    if (converter == reinterpret_cast<iconv_t>(-1))
         return false;
     for (int byte = 0; byte < 256; ++byte)
         characters[byte] = Decode(converter, static_cast<char>(byte));
