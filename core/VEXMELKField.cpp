@@ -10,12 +10,13 @@
 namespace {
 
 // The order of the steps is meant.
-void Normalize(std::string_view unit, bool writesCommas, std::string_view text, CATUnicodeString& value)
+inline void Normalize(std::string_view unit, bool writesCommas, std::string_view text, CATUnicodeString& value)
 {
-    value = CATStripped(text);
+    const std::string_view stripped = CATStripped(text);
+    value = stripped;
     if (writesCommas)
         value.ReplaceAll('.', ',');
-    if (!unit.empty() && value.EndsInDigit())
+    if (!unit.empty() && !stripped.empty() && CATIsDigit(stripped.back()))
         value.Append(unit);
     if (unit == "%")
         value.RemoveAll('%');

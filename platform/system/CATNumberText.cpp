@@ -7,14 +7,12 @@
 
 namespace {
 
-constexpr bool IsDigit(char character) { return character >= '0' && character <= '9'; }
-
 // "nan" and "inf" are no numbers, so a digit has to come first, or behind the point.
 bool StartsNumber(std::string_view digits)
 {
     if (digits.starts_with('.'))
         digits.remove_prefix(1);
-    return !digits.empty() && IsDigit(digits.front());
+    return !digits.empty() && CATIsDigit(digits.front());
 }
 
 // Tells the two ends of a double's range apart for a number outside it: by the decimal place of its first digit.

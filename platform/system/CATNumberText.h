@@ -8,6 +8,7 @@ constexpr bool CATIsBlank(char character)
 {
     return character == ' ' || character == '\t' || character == '\n' || character == '\r';
 }
+constexpr bool CATIsDigit(char character) { return character >= '0' && character <= '9'; }
 
 // The text without the blanks at both ends.
 constexpr std::string_view CATStripped(std::string_view text)

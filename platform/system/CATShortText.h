@@ -43,15 +43,15 @@ public:
     {
         if (text.size() > m_Capacity)
             return Reallocate(0, text);
-        Copy(Data(), text);
-        SetSize(text.size());
+        Place(Data(), text);
+        m_Size = static_cast<std::uint32_t>(text.size());
     }
     void Append(std::string_view text)
     {
         if (text.size() > m_Capacity - m_Size)
             return Reallocate(m_Size, text);
-        Copy(Data() + m_Size, text);
-        SetSize(m_Size + text.size());
+        Place(Data() + m_Size, text);
+        m_Size += static_cast<std::uint32_t>(text.size());
     }
     // Shortens the text.
     void SetSize(std::size_t size)
@@ -74,8 +74,9 @@ private:
         std::memcpy(static_cast<void*>(&other), bytes, sizeof bytes);
     }
 
-    // Short texts are copied by two words that may overlap, both read before either is written.
-    static void Copy(char* to, std::string_view text)
+    // The text, and a zero byte behind it. Short texts are copied by two words that may overlap, both read before
+    // either is written.
+    static void Place(char* to, std::string_view text)
     {
         const char* from = text.data();
         const std::size_t size = text.size();
@@ -89,6 +90,7 @@ private:
             CopyEnds<std::uint16_t>(to, from, size);
         else if (size == 1)
             *to = *from;
+        to[size] = '\0';
     }
     template <class Word> static void CopyEnds(char* to, const char* from, std::size_t size)
     {

@@ -44,7 +44,6 @@ public:
     operator std::string_view() const { return m_Text.View(); }
     int GetLengthInByte() const { return static_cast<int>(m_Text.Size()); }
     bool IsEmpty() const { return m_Text.Size() == 0; }
-    bool EndsInDigit() const { return !IsEmpty() && m_Text.View().back() >= '0' && m_Text.View().back() <= '9'; }
 
     // 1 when both texts are equal, letter case included; 0 otherwise.
     int Compare(const CATUnicodeString& other) const { return *this == other ? 1 : 0; }

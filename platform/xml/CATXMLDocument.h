@@ -175,15 +175,15 @@ public:
     }
     std::string_view AttributeName(const AttributeEntry& attribute) const { return m_Names.Name(attribute.name); }
     std::string_view AttributeValue(const AttributeEntry& attribute) const { return ValueAt(attribute.value); }
-    // The position of the attribute of that name, or none. The search begins at "hint": names are most often asked for
-    // in the order in which they are written.
+    // The position of the attribute of that name, or none. "hint" is looked at first: names are most often asked for in
+    // the order in which they are written.
     Index FindAttribute(const Attributes& attributes, std::string_view name, Index hint) const
     {
-        for (Index index = hint; index < attributes.count; ++index)
-            if (CATTextEqual(AttributeName(attributes.first[index]), name))
-                return index;
-        for (Index index = 0; index < hint; ++index)
-            if (CATTextEqual(AttributeName(attributes.first[index]), name))
+        if (hint < attributes.count && CATTextEqual(AttributeName(attributes.first[hint]), name))
+            return hint;
+        const Symbol symbol = m_Names.Find(name);
+        for (Index index = 0; symbol != CATXMLNames::none && index < attributes.count; ++index)
+            if (attributes.first[index].name == symbol)
                 return index;
         return none;
     }
