@@ -1,6 +1,8 @@
 #include "LibraryTest.h"
 #include "VEXMELKUnderfloorConfig.h"
 
+#include <numbers>
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -25,7 +27,6 @@ public:
     using VEXMELKConfig::GetChildElementWithAtrributeValue;
     using VEXMELKConfig::GetChildElementWithAttributeMap;
     using VEXMELKConfig::GetChildElementWithLengthRangeAttributeValue;
-    using VEXMELKConfig::GetDefaultSettingsElement;
     using VEXMELKConfig::GetDefaultSettingsName;
     using VEXMELKConfig::GetNumber;
     using VEXMELKConfig::GetRootDOMElements;
@@ -38,13 +39,19 @@ public:
         return GetRootDOMElements(roots) ? roots.DefaultRootElement : CATIDOMElement_var();
     }
     // An attribute of the category, else of "default", else "-".
-    std::string Value(const char* standard, const char* category, const char* attribute)
+    std::string Value(const std::string& standard, const std::string& category, const char* attribute)
     {
         CATIDOMNamedNodeMap_var defaultMap;
-        const CATIDOMNamedNodeMap_var map = GetCategoryAttributeMap(standard, category, defaultMap);
+        const CATIDOMNamedNodeMap_var map = GetCategoryAttributeMap(standard.c_str(), category.c_str(), defaultMap);
         CATUnicodeString value("-");
         GetAttributeMapItemValue(map, attribute, "", value, defaultMap);
         return value.ConvertToChar();
+    }
+    std::string PointToPick(const char* standard, const char* category)
+    {
+        CATUnicodeString point("before");
+        const bool found = GetPointToPick(standard, category, point) != 0;
+        return std::string(found ? "found " : "") + point.ConvertToChar();
     }
 };
 
@@ -56,17 +63,17 @@ std::string Attribute(const CATIDOMElement_var& element, const char* name)
     return item == NULL_var ? "no attribute" : std::string(item->GetNodeValue());
 }
 
-std::vector<std::string> Texts(const CATListValCATUnicodeString& list)
+// "a b c".
+std::string Joined(const CATListValCATUnicodeString& list)
 {
-    std::vector<std::string> texts;
+    std::string joined;
     for (const CATUnicodeString& text : list)
-        texts.emplace_back(text.ConvertToChar());
-    return texts;
+        joined.append(joined.empty() ? "" : " ").append(text.ConvertToChar());
+    return joined;
 }
 
 const char* const defaultFile = "Default/Sub/File.xml";
 const char* const customerFile = "Customer/Sub/File.xml";
-const char* const singleFile = "Sub/File.xml";
 
 } // namespace
 
@@ -74,40 +81,26 @@ using ConfigTest = LibraryTest;
 
 TEST_F(ConfigTest, LayoutsAndPrecedence)
 {
-    const struct
+    // A customer file alone is not read.
+    for (const auto& [files, base, customer, single] : Table<4>(R"(
+        Default                   | Default    | no element | no element
+        Default Customer          | Default    | Customer   | no element
+        Default .                 | Default    | no element | .
+        .                         | .          | no element | .
+        Customer .                | .          | no element | .
+        Customer                  | no element | no element | no element)"))
     {
-        const char* situation;
-        bool hasDefault;
-        bool hasCustomer;
-        bool hasSingle;
-        const char* base; // the "file" of the root, or of none
-        const char* customer;
-    } rows[] = {
-        {"split, base only", true, false, false, "default", "no element"},
-        {"split, both", true, true, false, "default", "customer"},
-        {"split before single", true, false, true, "default", "no element"},
-        {"single", false, false, true, "single", "no element"},
-        {"a customer file alone is not read", false, true, true, "single", "no element"},
-        {"nothing but a customer file", false, true, false, "no element", "no element"},
-    };
-    for (const auto& row : rows)
-    {
-        SCOPED_TRACE(row.situation);
         const TemporaryDirectory own;
-        if (row.hasDefault)
-            own.Write(defaultFile, "<config file='default'/>");
-        if (row.hasCustomer)
-            own.Write(customerFile, "<config file='customer'/>");
-        if (row.hasSingle)
-            own.Write(singleFile, "<config file='single'/>");
+        for (const std::string& folder : Split(files, " "))
+            own.Write(folder + "/Sub/File.xml", "<config file='" + folder + "'/>");
         Probe probe(own);
         VEXMELKRootDOMElementsDefinition roots;
-        EXPECT_EQ(probe.GetRootDOMElements(roots) != 0, row.base != std::string("no element"));
-        EXPECT_EQ(Attribute(roots.DefaultRootElement, "file"), row.base);
-        EXPECT_EQ(Attribute(roots.CustomerRootElement, "file"), row.customer);
-        CATIDOMElement_var single;
-        EXPECT_EQ(probe.GetSingleRoot(single), row.hasSingle);
-        EXPECT_EQ(Attribute(single, "file"), row.hasSingle ? "single" : "no element");
+        EXPECT_EQ(probe.GetRootDOMElements(roots) != 0, base != "no element") << files;
+        EXPECT_EQ(Attribute(roots.DefaultRootElement, "file"), base) << files;
+        EXPECT_EQ(Attribute(roots.CustomerRootElement, "file"), customer) << files;
+        CATIDOMElement_var root;
+        EXPECT_EQ(probe.GetSingleRoot(root), single != "no element") << files;
+        EXPECT_EQ(Attribute(root, "file"), single) << files;
     }
 }
 
@@ -122,21 +115,19 @@ TEST_F(ConfigTest, StandardOfTheCustomerFileIsTakenWhole)
     EXPECT_EQ(probe.Value("Both", "suv", "a"), "4") << "the first of a name";
     EXPECT_EQ(probe.Value("Both", "default", "a"), "-") << "categories are not merged";
     EXPECT_EQ(probe.Value("Base", "suv", "a"), "3");
-    EXPECT_EQ(probe.Value("Deep", "suv", "a"), "-") << "no child of the root";
-    EXPECT_EQ(probe.Value("BOTH", "suv", "a"), "-");
-    EXPECT_EQ(probe.Value("", "suv", "a"), "-");
+    for (const char* other : {"Deep", "BOTH", ""})
+        EXPECT_EQ(probe.Value(other, "suv", "a"), "-") << other;
 }
 
 TEST_F(ConfigTest, ChildrenAreDescendantsWhoseParentHasTheSameTag)
 {
     // The inner standard has the tag of the outer one, so its categories count as children of both.
-    directory.Write(defaultFile, Document("<standard name='S'><x><category name='hidden' a='0'/></x>"
-                                          "<x><standard name='inner'><category name='deep' a='1'/></standard></x>"
-                                          "<category a='2'/><category name='own' a='3'/></standard>"));
+    directory.Write(defaultFile, Document(R"(<standard name='S'><x><category name='hidden' a='0'/></x>
+        <x><standard name='inner'><category name='deep' a='1'/></standard></x>
+        <category a='2'/><category name='own' a='3'/></standard><standard name='no' static_radius='false'/>
+        <standard name='yes' static_radius='True'/>)"));
     Probe probe(directory);
-    EXPECT_EQ(probe.Value("S", "hidden", "a"), "-");
-    EXPECT_EQ(probe.Value("S", "deep", "a"), "1");
-    EXPECT_EQ(probe.Value("S", "own", "a"), "3");
+    EXPECT_EQ(probe.Value("S", "hidden", "a") + probe.Value("S", "deep", "a") + probe.Value("S", "own", "a"), "-13");
     EXPECT_EQ(probe.Value("inner", "deep", "a"), "-");
 
     CATIDOMElement_var standard = probe.GetStandardElement("S");
@@ -154,7 +145,16 @@ TEST_F(ConfigTest, ChildrenAreDescendantsWhoseParentHasTheSameTag)
     EXPECT_FALSE(probe.GetChildElementWithAttributeMap(standard, "none", found, map));
     EXPECT_TRUE(found == NULL_var);
     probe.GetChildElementAttributeValues(standard, "category", "name", values);
-    EXPECT_THAT(Texts(values), ElementsAre("deep", "own"));
+    EXPECT_EQ(Joined(values), "deep own");
+    probe.GetStandardWithCategoryList(probe.Root(), "own", values);
+    EXPECT_EQ(Joined(values), "deep own S") << "appended";
+
+    for (const auto& [name, use] : Table<2>("S|1\nno|0\nyes|1\nunknown|7"))
+    {
+        unsigned char staticRadius = 7; // what the caller had
+        EXPECT_TRUE(probe.UseStaticRadius(name.c_str(), staticRadius));
+        EXPECT_EQ(staticRadius, std::stoi(use)) << name;
+    }
 }
 
 TEST_F(ConfigTest, ManyCategoriesAreFoundAsFewAre)
@@ -168,11 +168,10 @@ TEST_F(ConfigTest, ManyCategoriesAreFoundAsFewAre)
         categories += "<category a='nameless'/><category name='c0' a='second'/><category name='default' a='d'/>";
         directory.Write(defaultFile, Document(Standard("S", categories)));
         Probe probe(directory);
-        SCOPED_TRACE(count);
-        EXPECT_EQ(probe.Value("S", "c0", "a"), count > 0 ? "0" : "second");
-        EXPECT_EQ(probe.Value("S", ("c" + std::to_string(count - 1)).c_str(), "a"),
-            count > 0 ? std::to_string(count - 1) : "d");
-        EXPECT_EQ(probe.Value("S", "none", "a"), "d");
+        const std::string last = std::to_string(count - 1);
+        EXPECT_EQ(probe.Value("S", "c0", "a"), count > 0 ? "0" : "second") << count;
+        EXPECT_EQ(probe.Value("S", "c" + last, "a"), count > 0 ? last : "d") << count;
+        EXPECT_EQ(probe.Value("S", "none", "a"), "d") << count;
     }
 }
 
@@ -186,39 +185,29 @@ TEST_F(ConfigTest, CategoriesAndTheObsoleteFormat)
             Standard("NoDefault", "<category name='suv' a='s'/>", "a='standard'") + Standard("Old", "<x/>", "a='old'") +
             Standard("Bare", "<category name='suv'/>")));
     Probe probe(directory);
-    const struct
+    // The values seen by a reader, and the "a" of the element that is handed out.
+    for (const auto& [standard, category, a, b, handedOut] : Table<5>(R"(
+        Full      | suv     | s   | d | s
+        Full      | van     | d   | d | d
+        Full      | default | d   | d | d
+        NoDefault | suv     | s   | - | s
+        NoDefault | van     | -   | - | no element
+        NoDefault | default | -   | - | no element
+        Bare      | suv     | -   | - | no attribute
+        Unknown   | suv     | -   | - | no element
+        Old       | default | old | - | old
+        Old       | suv     | old | - | old)"))
     {
-        const char* standard;
-        const char* category;
-        const char* a; // the value seen by a reader
-        const char* b;
-        const char* element; // the "a" of the element that is handed out
-    } rows[] = {
-        {"Full", "suv", "s", "d", "s"},
-        {"Full", "van", "d", "d", "d"},
-        {"Full", "default", "d", "d", "d"},
-        {"NoDefault", "suv", "s", "-", "s"},
-        {"NoDefault", "van", "-", "-", "no element"},
-        {"NoDefault", "default", "-", "-", "no element"},
-        {"Bare", "suv", "-", "-", "no attribute"},
-        {"Unknown", "suv", "-", "-", "no element"},
-        {"Old", "default", "old", "-", "old"},
-        {"Old", "suv", "old", "-", "old"},
-    };
-    for (const auto& row : rows)
-    {
-        SCOPED_TRACE(std::string(row.standard) + " " + row.category);
-        EXPECT_EQ(probe.Value(row.standard, row.category, "a"), row.a);
-        EXPECT_EQ(probe.Value(row.standard, row.category, "b"), row.b);
+        SCOPED_TRACE(standard + " " + category);
+        EXPECT_EQ(probe.Value(standard, category, "a"), a);
+        EXPECT_EQ(probe.Value(standard, category, "b"), b);
         CATIDOMNamedNodeMap_var map;
         CATIDOMNamedNodeMap_var defaultMap;
-        EXPECT_EQ(Attribute(probe.GetCategoryElement(row.standard, row.category, map, defaultMap), "a"), row.element);
-        EXPECT_EQ(map == NULL_var, row.element == std::string("no element"));
-        const std::vector<std::string> boxes = TakeBoxes();
-        EXPECT_EQ(boxes, row.standard == std::string("Old") && row.category == std::string("default")
-                             ? std::vector<std::string>{obsolete}
-                             : std::vector<std::string>{})
-            << "once per object";
+        const auto element = probe.GetCategoryElement(standard.c_str(), category.c_str(), map, defaultMap);
+        EXPECT_EQ(Attribute(element, "a"), handedOut);
+        EXPECT_EQ(map == NULL_var, handedOut == "no element");
+        const bool isFirst = standard == "Old" && category == "default";
+        EXPECT_EQ(TakeBoxes(), std::vector<std::string>(isFirst ? 1 : 0, obsolete)) << "once per object";
     }
     Probe again(directory);
     again.Value("Old", "suv", "a");
@@ -227,47 +216,21 @@ TEST_F(ConfigTest, CategoriesAndTheObsoleteFormat)
 
 TEST_F(ConfigTest, UnitsAndNumbers)
 {
-    const struct
-    {
-        const char* unit;
-        const char* text;
-        const char* expected;
-        const char* withComma;
-    } rows[] = {
-        {"mm", "12.5", "12.5mm", "12,5mm"},
-        {"mm", "12.5mm", "12.5mm", "12,5mm"},
-        {"mm", " \t12\r\n", "12mm", "12mm"},
-        {"mm", "12 mm ", "12 mm", "12 mm"},
-        {"mm", "", "", ""},
-        {"mm", "  ", "", ""},
-        {"mm", "abc", "abc", "abc"},
-        {"mm", "abc9", "abc9mm", "abc9mm"},
-        {"mm", "5.", "5.", "5,"},
-        {"mm", "\u00B2", "\u00B2", "\u00B2"},
-        {"", " 1.5 ", "1.5", "1,5"},
-        {"deg", "-3", "-3deg", "-3deg"},
-        {"%", "40", "40", "40"},
-        {"%", "40%", "40", "40"},
-        {"%", "4%0%", "40", "40"},
-        {"mm", "40%", "40%", "40%"},
-    };
     Probe probe(directory);
-    const auto check = [&](bool comma)
+    for (const bool comma : {false, true})
     {
         VEXMELKUtilities::SetCommaDelimeter(comma);
         Release();
-        for (const auto& row : rows)
+        for (const auto& [unit, text, expected] : Table<3>(CaseFile("units")))
         {
-            CATUnicodeString value(row.text);
-            probe.AddUnits(row.unit, value);
-            EXPECT_EQ(value, comma ? row.withComma : row.expected) << row.unit << " + " << row.text;
+            CATUnicodeString value(text.c_str());
+            probe.AddUnits(unit.c_str(), value);
+            EXPECT_EQ(value, comma ? Replaced(expected, ".", ",") : expected) << unit << " + " << text;
         }
         EXPECT_DOUBLE_EQ(probe.GetNumber("1,5"), 1.5);
         EXPECT_DOUBLE_EQ(probe.GetNumber("1.5mm"), 1.5);
         EXPECT_DOUBLE_EQ(probe.GetNumber("x"), 0.0);
-    };
-    check(false);
-    check(true);
+    }
     for (const char* yes : {"TRUE", "true", "True", "tRUE"})
         EXPECT_TRUE(VEXMELKConfig::BooleanFromString(yes)) << yes;
     for (const char* no : {"", "1", "yes", " true", "truer"})
@@ -282,266 +245,65 @@ TEST_F(ConfigTest, NearestAngleAndLength)
         "<config><x><row v='10deg' n='ten'/></x><row n='none'/><row v='20' n='twenty'/><row v='20deg' n='again'/>"
         "<row v='junk' n='zero'/><row v='6500deg' n='far'/></config>");
     Probe probe(directory);
-    constexpr double degree = 3.14159265358979323846 / 180.0;
-    const struct
-    {
-        double angle;
-        const char* name;
-    } angles[] = {{10 * degree, "ten"}, {14.9 * degree, "ten"}, {15.1 * degree, "twenty"}, {25 * degree, "twenty"},
-        {0.0, "zero"}, {100.0, "far"}, {213.5, "no element"}, {213.4, "far"}, {-99.9, "zero"}, {-100.0, "no element"}};
+    constexpr double degree = std::numbers::pi / 180.0;
+    const std::pair<double, const char*> angles[] = {{10 * degree, "ten"}, {14.9 * degree, "ten"},
+        {15.1 * degree, "twenty"}, {25 * degree, "twenty"}, {0.0, "zero"}, {100.0, "far"}, {213.5, "no element"},
+        {213.4, "far"}, {-99.9, "zero"}, {-100.0, "no element"}};
     CATIDOMElement_var found;
-    for (const auto& row : angles)
+    for (const auto& [angle, name] : angles)
     {
-        probe.GetChildElementWithAngleAttributeValue(probe.Root(), "row", "v", row.angle, found);
-        EXPECT_EQ(Attribute(found, "n"), row.name) << row.angle;
+        probe.GetChildElementWithAngleAttributeValue(probe.Root(), "row", "v", angle, found);
+        EXPECT_EQ(Attribute(found, "n"), name) << angle;
     }
 
     directory.Write(defaultFile,
         "<config><x><row v='100' n='100'/></x><row n='none'/><row v='20cm' n='200'/><row v='200' n='again'/>"
         "<row v='-1000mm' n='-1000'/></config>");
     Probe lengths(directory);
-    const struct
+    const std::pair<double, std::string> ranges[] = {{100.0, "100"}, {99.9, "no element"}, {199.9, "100"},
+        {200.0, "200"}, {1099.9, "200"}, {1100.0, "no element"}, {-1000.0, "-1000"}, {-100.1, "-1000"},
+        {-100.0, "no element"}};
+    for (const auto& [length, name] : ranges)
     {
-        double length;
-        const char* name;
-    } ranges[] = {{100.0, "100"}, {99.9, "no element"}, {199.9, "100"}, {200.0, "200"}, {1099.9, "200"},
-        {1100.0, "no element"}, {-1000.0, "-1000"}, {-100.1, "-1000"}, {-100.0, "no element"}};
-    for (const auto& row : ranges)
-    {
-        EXPECT_EQ(lengths.GetChildElementWithLengthRangeAttributeValue(lengths.Root(), "row", "v", row.length, found),
-            row.name != std::string("no element"));
-        EXPECT_EQ(Attribute(found, "n"), row.name) << row.length;
+        EXPECT_EQ(lengths.GetChildElementWithLengthRangeAttributeValue(lengths.Root(), "row", "v", length, found),
+            name != "no element");
+        EXPECT_EQ(Attribute(found, "n"), name) << length;
     }
-}
-
-TEST_F(ConfigTest, Loadings)
-{
-    directory.Write(defaultFile,
-        Document(Standard("S", "<category name='default' loading=' c1 '/><category name='suv' rear_loading='c2'/>",
-                     "loading=' s1 ' rear_loading=''") +
-                 Standard("Plain", "", "loading='p'")));
-    Probe probe(directory);
-    const struct
-    {
-        const char* standard;
-        const char* category;
-        bool rear;
-        const char* expected;
-    } rows[] = {
-        {"S", "", false, " s1 "},
-        {"S", "van", false, " s1 "},
-        {"S", "default", false, "c1"},
-        {"S", "suv", true, "c2"},
-        {"S", "default", true, "c1"},
-        {"S", "van", true, " s1 "},
-        {"Plain", "", true, "p"},
-        {"Plain", "default", false, "p"},
-        {"Unknown", "default", true, "before"},
-    };
-    for (const auto& row : rows)
-    {
-        CATUnicodeString loading("before");
-        EXPECT_TRUE(probe.GetLoading(row.standard, loading, row.category, row.rear));
-        EXPECT_EQ(loading, row.expected) << row.standard << " " << row.category << " " << row.rear;
-    }
-}
-
-TEST_F(ConfigTest, PriorityLevels)
-{
-    const std::string s = "<standard name='S'/>";
-    const std::string t = "<standard name='T'/>";
-    const struct
-    {
-        const char* situation;
-        std::string priorities;
-        int levelOfS;
-        int levelOfT;
-    } rows[] = {
-        {"none", "", 0, 0},
-        {"each level",
-            "<priorities><priority level='1'>" + s + "</priority><priority level='3'><x>" + t +
-                "</x></priority></priorities>",
-            1, 3},
-        {"first level of several",
-            "<priorities><priority level='2'>" + s + "</priority><priority level='1'>" + s + "</priority></priorities>",
-            1, 0},
-        {"first element of a level",
-            "<priorities><priority level='2'>" + s + "</priority><priority level='2'>" + t + "</priority></priorities>",
-            2, 0},
-        {"unknown levels",
-            "<priorities><priority level='0'>" + s + "</priority><priority level='4'>" + t +
-                "</priority><priority level='01'>" + t + "</priority></priorities>",
-            0, 0},
-        {"nameless standard",
-            "<priorities><priority level='1'>" + s + "</priority><priority level='3'>" + t +
-                "<standard/></priority></priorities>",
-            0, 0},
-        {"two elements", "<priorities><priority level='1'>" + s + "</priority></priorities><priorities/>", 0, 0},
-        {"at any depth", "<x><priorities><priority level='2'>" + s + "</priority></priorities></x>", 2, 0},
-        {"no child", "<priorities><x><priority level='2'>" + s + "</priority></x></priorities>", 0, 0},
-    };
-    directory.Write(customerFile, "<config><priorities><priority level='3'>" + s + "</priority></priorities></config>");
-    for (const auto& row : rows)
-    {
-        directory.Write(defaultFile, Document(row.priorities));
-        Probe probe(directory);
-        EXPECT_EQ(probe.FindStandardLevel("S"), row.levelOfS) << row.situation;
-        EXPECT_EQ(probe.FindStandardLevel("T"), row.levelOfT) << row.situation;
-    }
-}
-
-TEST_F(ConfigTest, StandardNamesByCategoryAndLevel)
-{
-    const auto with = [](const char* name, const char* category)
-    { return Standard(name, std::string("<category name='") + category + "'/>"); };
-    directory.Write(defaultFile,
-        Document("<priorities><priority level='1'><standard name='L1'/></priority><priority level='2'>"
-                 "<standard name='L2'/></priority></priorities>" +
-                 with("L2", "suv") + with("Free", "default") + with("L1", "suv") + with("Van", "van") + "<x>" +
-                 with("Deep", "suv") + "</x><standard><category name='suv'/></standard>" + Standard("Old", "")));
-    Probe base(directory);
-    ASSERT_TRUE(base.Root() != NULL_var); // loaded before there is a customer file
-    directory.Write(customerFile, Document(with("Own", "suv") + with("L1", "default") + with("Own", "suv")));
-    Probe both(directory);
-    const struct
-    {
-        Probe* probe;
-        const char* category;
-        bool unordered;
-        int maxLevel;
-        std::vector<std::string> names;
-    } rows[] = {
-        {&base, "suv", true, -1, {"L2", "Free", "L1", "Deep"}},
-        {&base, "suv", false, 3, {"Free", "Deep", "L1", "L2"}},
-        {&base, "suv", false, 1, {"Free", "Deep", "L1"}},
-        {&base, "suv", false, 0, {"Free", "Deep"}},
-        {&base, "suv", false, -1, {}},
-        {&base, "van", true, 3, {"Free", "Van"}},
-        {&base, "none", true, 3, {"Free"}},
-        {&both, "suv", true, 3, {"Own", "L1", "Own", "L2", "Free", "Deep"}},
-        {&both, "suv", false, 3, {"Own", "Own", "Free", "Deep", "L1", "L2"}},
-    };
-    for (const auto& row : rows)
-    {
-        CATListValCATUnicodeString names;
-        names.Append("before");
-        row.probe->GetStandardNames(names, row.category, row.unordered, row.maxLevel);
-        EXPECT_EQ(Texts(names), row.names) << row.category << " " << row.unordered << " " << row.maxLevel;
-    }
-    CATListValCATUnicodeString names;
-    names.Append("before");
-    base.GetStandardWithCategoryList(base.Root(), "van", names);
-    EXPECT_THAT(Texts(names), ElementsAre("before", "Free", "Van"));
 }
 
 TEST_F(ConfigTest, NamesOfDefaultSettings)
 {
-    const std::string use = "<UseDefaultSettings name='Set'/>";
-    const struct
+    for (const auto& [situation, base, customer, before, name] : Table<5>(CaseFile("namesOfDefaultSettings")))
     {
-        const char* situation;
-        std::string base;
-        std::string customer;
-        const char* before;
-        bool result;
-        const char* name;
-    } rows[] = {
-        {"in the standard", Standard("S", use), "", "", true, "Set"},
-        {"no settings", Standard("S", ""), "", "", false, ""},
-        {"two names", Standard("S", use + use), "", "", false, ""},
-        {"one of two has a name", Standard("S", use + "<UseDefaultSettings/>"), "", "", true, "Set"},
-        {"deeper", Standard("S", "<x>" + use + "</x>"), "", "", false, ""},
-        {"the caller's own text counts where an element is", Standard("S", ""), "", "mine", true, "mine"},
-        {"and is replaced", Standard("S", use), "", "mine", true, "Set"},
-        {"by an empty one too", Standard("S", "<UseDefaultSettings name=''/>"), "", "mine", false, ""},
-        {"but not for an unknown standard", Standard("T", use), "", "mine", false, "mine"},
-        {"settings of the base document last", "<DefaultSettings>" + Standard("S", use) + "</DefaultSettings>", "", "",
-            true, "Set"},
-        {"standard before them",
-            "<DefaultSettings>" + Standard("S", use) + "</DefaultSettings>" +
-                Standard("S", "<UseDefaultSettings name='Own'/>"),
-            "", "", true, "Own"},
-        {"settings of the customer document first", Standard("S", "<UseDefaultSettings name='Own'/>"),
-            "<DefaultSettings>" + Standard("S", use) + "</DefaultSettings>", "", true, "Set"},
-        {"but not if there are two", Standard("S", "<UseDefaultSettings name='Own'/>"),
-            "<DefaultSettings>" + Standard("S", use) + "</DefaultSettings><DefaultSettings/>", "", true, "Own"},
-    };
-    for (const auto& row : rows)
-    {
-        SCOPED_TRACE(row.situation);
-        directory.Write(defaultFile, Document(row.base));
+        const auto written = [](std::string text)
+        {
+            text = Replaced(
+                Replaced(text, "D(USE)", "<DefaultSettings>S(USE)</DefaultSettings>"), "S(", "<standard name='S'>");
+            text = Replaced(Replaced(text, ")", "</standard>"), "USE", "<UseDefaultSettings name='Set'/>");
+            return Document(Replaced(text, "OWN", "<UseDefaultSettings name='Own'/>"));
+        };
+        directory.Write(defaultFile, written(base));
         directory.Remove("Customer");
-        if (!row.customer.empty())
-            directory.Write(customerFile, Document(row.customer));
+        if (!customer.empty())
+            directory.Write(customerFile, written(customer));
         Probe probe(directory);
-        CATUnicodeString name(row.before);
-        EXPECT_EQ(static_cast<VEXMELKConfig&>(probe).GetDefaultSettingsName("S", name) != 0, row.result);
-        EXPECT_EQ(name, row.name);
+        CATUnicodeString text(before.c_str());
+        const bool found = static_cast<VEXMELKConfig&>(probe).GetDefaultSettingsName("S", text) != 0;
+        EXPECT_EQ((found ? "found " : "") + std::string(text.ConvertToChar()), name) << situation;
     }
-}
-
-TEST_F(ConfigTest, EyesPointAndRadius)
-{
-    const std::string categories = "<category name='default' point_to_pick=' p '/>";
-    directory.Write(defaultFile,
-        Document(Standard("Points", "<x><eye_points standard=' a '/></x><eye_ellipses standard='no'/>" + categories,
-                     "static_radius='false'") +
-                 Standard("Ellipses", "<eye_ellipses standard='b' percentil=' 95 '/><eye_ellipses standard='no'/>") +
-                 Standard("Extended", "<eye_extended_points standard='c' percentil='no'/>", "static_radius='True'") +
-                 Standard("None", "<category name='suv'/>")));
-    Probe probe(directory);
-    const struct
-    {
-        const char* standard;
-        int type;
-        const char* name;
-        const char* percentil;
-        int staticRadius; // 7: as the caller had it
-    } rows[] = {
-        {"Points", 0, " a ", "before", 0},
-        {"Ellipses", 1, "b", " 95 ", 1},
-        {"Extended", 2, "c", "before", 1},
-        {"None", 2, "before", "before", 1},
-        {"Unknown", 7, "before", "before", 7},
-    };
-    for (const auto& row : rows)
-    {
-        SCOPED_TRACE(row.standard);
-        VEXMELKEyesConfigDefinition eyes{7, "before", "before"};
-        EXPECT_TRUE(probe.GetEyes(row.standard, eyes));
-        EXPECT_EQ(eyes.EyesType, row.type);
-        EXPECT_EQ(eyes.Standard, row.name);
-        EXPECT_EQ(eyes.Percentil, row.percentil);
-        unsigned char use = 7;
-        EXPECT_TRUE(probe.UseStaticRadius(row.standard, use));
-        EXPECT_EQ(use, row.staticRadius);
-    }
-    CATUnicodeString point("before");
-    EXPECT_TRUE(probe.GetPointToPick("Points", "suv", point));
-    EXPECT_EQ(point, "p");
-    EXPECT_TRUE(probe.GetPointToPick("None", "suv", point));
-    EXPECT_EQ(point, "");
-    point = "before";
-    EXPECT_FALSE(probe.GetPointToPick("None", "van", point));
-    EXPECT_EQ(point, "before");
 }
 
 TEST_F(ConfigTest, BrokenFilesAnswerNothingAndAreToldOncePerQuery)
 {
-    const std::string path = directory.Path();
-    const auto fatal = [](int line, int column, const char* message)
-    {
-        return std::string("error MELK CFG: Parse Fatal Error: ") + message + "\n(line: " + std::to_string(line) +
-               ", column: " + std::to_string(column) + ")";
-    };
-    const std::string unreadable = "error Error:  (configuration file not found or not readable) " + path;
+    const std::string fatal = "error MELK CFG: Parse Fatal Error: ";
+    const std::string unreadable = "error Error:  (configuration file not found or not readable) " + directory.Path();
     Probe probe(directory);
     VEXMELKEyesConfigDefinition eyes{7, "before", "before"};
-    CATUnicodeString point("before");
 
     directory.Write(defaultFile, "<config>\n <a></b></config>");
-    EXPECT_FALSE(probe.GetPointToPick("S", "suv", point));
-    EXPECT_THAT(TakeBoxes(), ElementsAre(fatal(2, 7, "mismatched tag"), unreadable + "\\Default\\Sub\\File.xml"))
+    EXPECT_EQ(probe.PointToPick("S", "suv"), "before");
+    EXPECT_THAT(TakeBoxes(),
+        ElementsAre(fatal + "mismatched tag\n(line: 2, column: 7)", unreadable + "\\Default\\Sub\\File.xml"))
         << "once in a query";
     EXPECT_FALSE(probe.GetEyes("S", eyes));
     EXPECT_EQ(eyes.EyesType, 7);
@@ -549,16 +311,15 @@ TEST_F(ConfigTest, BrokenFilesAnswerNothingAndAreToldOncePerQuery)
 
     directory.Write(defaultFile, OneCategory("point_to_pick='base'"));
     directory.Write(customerFile, "");
-    EXPECT_FALSE(probe.GetPointToPick("S", "suv", point)) << "nothing of the base document stands in";
-    EXPECT_THAT(TakeBoxes(), ElementsAre(fatal(1, 1, "no element found"), unreadable + "\\Customer\\Sub\\File.xml"));
-    EXPECT_EQ(point, "before");
+    EXPECT_EQ(probe.PointToPick("S", "suv"), "before") << "nothing of the base document stands in";
+    EXPECT_THAT(TakeBoxes(),
+        ElementsAre(fatal + "no element found\n(line: 1, column: 1)", unreadable + "\\Customer\\Sub\\File.xml"));
 
     directory.Write(customerFile, OneCategory("point_to_pick='customer'"));
-    EXPECT_TRUE(probe.GetPointToPick("S", "suv", point)) << "a later query finds it mended";
-    EXPECT_EQ(point, "customer");
+    EXPECT_EQ(probe.PointToPick("S", "suv"), "found customer") << "a later query finds it mended";
     EXPECT_THAT(TakeBoxes(), IsEmpty());
     directory.Write(customerFile, "");
-    EXPECT_TRUE(probe.GetPointToPick("S", "suv", point)) << "what is loaded stays";
+    EXPECT_EQ(probe.PointToPick("S", "suv"), "found customer") << "what is loaded stays";
 }
 
 TEST_F(ConfigTest, DirectoryInTheFilesPlaceIsAMissingFile)
@@ -575,18 +336,16 @@ TEST_F(ConfigTest, DirectoryInTheFilesPlaceIsAMissingFile)
     EXPECT_THAT(TakeBoxes(), IsEmpty()) << "once per object, whichever way it is looked for";
     probe.SetXMLFileName("Other.xml");
     directory.Write("Default/Other.xml", OneCategory("point_to_pick='p'"));
-    CATUnicodeString point;
-    EXPECT_TRUE(probe.GetPointToPick("S", "default", point));
+    EXPECT_EQ(probe.PointToPick("S", "default"), "found p");
     probe.SetXMLFilePath("nowhere");
-    EXPECT_TRUE(probe.GetPointToPick("S", "default", point)) << "a document that is loaded stays loaded";
+    EXPECT_EQ(probe.PointToPick("S", "default"), "found p") << "a document that is loaded stays loaded";
 }
 
 TEST_F(ConfigTest, CopiesShareWhatIsLoaded)
 {
     directory.Write(defaultFile, OneCategory("point_to_pick='p'"));
     auto original = std::make_unique<Probe>(directory);
-    CATUnicodeString point;
-    EXPECT_TRUE(original->GetPointToPick("S", "default", point));
+    EXPECT_EQ(original->PointToPick("S", "default"), "found p");
     original->m_spWorkingElement1 = original->GetStandardElement("S");
     Probe copy(*original);
     Probe assigned(directory, "Other.xml");
@@ -595,9 +354,7 @@ TEST_F(ConfigTest, CopiesShareWhatIsLoaded)
     directory.Remove("Default");
     for (Probe* probe : {&copy, &assigned})
     {
-        point = "";
-        EXPECT_TRUE(probe->GetPointToPick("S", "default", point));
-        EXPECT_EQ(point, "p");
+        EXPECT_EQ(probe->PointToPick("S", "default"), "found p");
         EXPECT_EQ(Attribute(probe->m_spWorkingElement1, "name"), "S");
         EXPECT_TRUE(probe->m_spWorkingElement2 == NULL_var);
     }

@@ -2,7 +2,6 @@
 #include "LibraryTest.h"
 
 #include <random>
-#include <tuple>
 
 using testing::ElementsAre;
 
@@ -57,11 +56,6 @@ void Walk(const CATIDOMNode_var& node, std::string_view tag, std::vector<CATIDOM
     }
 }
 
-std::string Numbered(const char* prefix, std::size_t number)
-{
-    return std::string(prefix).append(std::to_string(number));
-}
-
 std::string AttributeOf(const CATIDOMElement_var& element, const std::string& name)
 {
     const CATIDOMNode_var attribute = element->GetAttributes()->GetNamedItem(name);
@@ -107,7 +101,7 @@ TEST(Dom, FindsAttributesByWholeName)
 {
     std::string many = "<r><none/><e";
     for (std::size_t number = 0; number < 300; ++number)
-        many += Numbered(" a", number * 7 % 300) + Numbered("='", number) + "'";
+        many += " a" + std::to_string(number * 7 % 300) + "='" + std::to_string(number) + "'";
     const CATIDOMElement_var root = Parse(many + " p:n='1' n='2'/><o late='3'/></r>")->GetDocumentElement();
     const CATIDOMNodeList_var elements = root->GetElementsByTagName("*");
     const CATIDOMNamedNodeMap_var map = elements->Item(1)->GetAttributes();
@@ -115,7 +109,7 @@ TEST(Dom, FindsAttributesByWholeName)
     for (const std::size_t step : {1U, 299U, 101U}) // as written, backwards, and jumping
         for (std::size_t number = 0, at = 0; number < 300; ++number, at = (at + step) % 300)
         {
-            const std::string name = Numbered("a", at * 7 % 300);
+            const std::string name = "a" + std::to_string(at * 7 % 300);
             EXPECT_EQ(map->GetNamedItem(name)->GetNodeValue(), std::to_string(at));
             EXPECT_EQ(map->Item(static_cast<int>(at))->GetNodeName(), name);
         }
@@ -134,25 +128,20 @@ TEST(Dom, ListsDescendantsByTag)
         Parse("<a n='1'><b><a/>t<c><a><b/></a></c></b><!--<b/>--><b/><x:a/><a>t</a></a>")->GetDocumentElement();
     std::vector<CATIDOMElement_var> elements{root};
     Walk(root, "*", elements);
-    const std::tuple<std::size_t, const char*, int> rows[] = {
-        {0, "a", 3},
-        {0, "b", 3},
-        {0, "x:a", 1},
-        {0, "*", 8},
-        {0, "", 0},
-        {0, "A", 0},
-        {0, "n", 0},
-        {0, "#text", 0},
-        {0, "unknown", 0},
-        {1, "b", 1}, // itself left out
-        {1, "a", 2},
-        {1, "*", 4},
-        {2, "*", 0},
-        {3, "a", 1},
-        {8, "a", 0},
-    };
-    for (const auto& [element, tag, length] : rows)
-        EXPECT_EQ(elements[element]->GetElementsByTagName(tag)->GetLength(), length) << element << " " << tag;
+    // An element's number, and how many descendants it has of each tag, itself left out.
+    for (const std::vector<std::string>& row : Cells(R"(
+        0 | a 3 | b 3 | x:a 1 | * 8 | A 0 | n 0 | #text 0 | unknown 0
+        1 | b 1 | a 2 | * 4
+        2 | * 0
+        3 | a 1
+        8 | a 0)"))
+        for (std::size_t cell = 1; cell < row.size(); ++cell)
+        {
+            const std::vector<std::string> tag = Split(row[cell], " ");
+            const CATIDOMNodeList_var list = elements[std::stoul(row[0])]->GetElementsByTagName(tag[0]);
+            EXPECT_EQ(list->GetLength(), std::stoi(tag[1])) << row[0] << " " << tag[0];
+        }
+    EXPECT_EQ(root->GetElementsByTagName("")->GetLength(), 0);
 }
 
 TEST(Dom, AgreesWithAWalkOfThousandsOfElements)
@@ -165,12 +154,12 @@ TEST(Dom, AgreesWithAWalkOfThousandsOfElements)
     {
         for (; open.size() > 1 && random() % 5 < 2; open.pop_back())
             document += "</" + open.back() + ">";
-        open.push_back(Numbered("t", random() % 7));
+        open.push_back("t" + std::to_string(random() % 7));
         // Texts of few letters, around the length up to which equal ones are stored once.
         texts.emplace_back();
         for (std::size_t length = random() % 4 == 0 ? 60 + random() % 8 : 1 + random() % 3; length > 0; --length)
             texts.back() += static_cast<char>('a' + random() % 2);
-        document += "<" + open.back() + Numbered(" n='", number) + "'>" + texts.back() + "<i/>";
+        document += "<" + open.back() + " n='" + std::to_string(number) + "'>" + texts.back() + "<i/>";
     }
     for (; !open.empty(); open.pop_back())
         document += "</" + open.back() + ">";

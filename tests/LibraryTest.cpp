@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <sstream>
 
 TemporaryDirectory::TemporaryDirectory()
 {
@@ -71,4 +72,85 @@ std::string Standard(const std::string& name, const std::string& contents, const
 std::string OneCategory(const std::string& attributes, const std::string& contents)
 {
     return Document(Standard("S", "<category name=\"default\" " + attributes + ">" + contents + "</category>"));
+}
+
+std::string Repeated(std::size_t count, const std::string& text)
+{
+    std::string repeated;
+    for (; count > 0; --count)
+        repeated += text;
+    return repeated;
+}
+
+std::string Replaced(std::string text, const std::string& what, const std::string& with)
+{
+    for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += with.size())
+        text.replace(at, what.size(), with);
+    return text;
+}
+
+std::vector<std::string> Split(std::string_view text, std::string_view separator)
+{
+    std::vector<std::string> parts;
+    for (std::size_t end = 0; end != std::string_view::npos; text.remove_prefix(std::min(end, text.size())))
+    {
+        end = text.find(separator);
+        parts.emplace_back(text.substr(0, end));
+        end = end == std::string_view::npos ? end : end + separator.size();
+    }
+    return parts;
+}
+
+std::string CaseFile(const std::string& name)
+{
+    const std::ifstream file(CASES "/" + name + (name.ends_with(".xml") ? "" : ".txt"));
+    EXPECT_TRUE(file.is_open()) << name;
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+namespace {
+
+std::string Unescaped(const std::string& cell)
+{
+    std::string text;
+    for (std::size_t at = 0; at < cell.size(); ++at)
+    {
+        const char kind = cell[at] == '\\' ? cell.at(++at) : '\0';
+        const std::size_t letter = std::string("nrts").find(kind);
+        if (kind == 'x')
+            text += static_cast<char>(std::stoi(cell.substr(at + 1, 2), nullptr, 16));
+        else
+            text += letter < 4 ? "\n\r\t "[letter] : cell[at];
+        at += kind == 'x' ? 2 : 0;
+    }
+    return text;
+}
+
+} // namespace
+
+std::vector<std::vector<std::string>> Cells(std::string_view table)
+{
+    std::vector<std::vector<std::string>> rows;
+    std::string row;
+    for (const std::string& line : Split(table, "\n"))
+    {
+        row += line.substr(std::min(line.find_first_not_of(' '), line.size()));
+        if (row.ends_with(" \\"))
+        {
+            row.pop_back();
+            continue;
+        }
+        const std::string whole = std::exchange(row, "");
+        if (whole.empty() || whole.starts_with("//"))
+            continue;
+        rows.emplace_back();
+        for (const std::string& cell : Split(whole, "|"))
+        {
+            const std::size_t begin = std::min(cell.find_first_not_of(' '), cell.size());
+            rows.back().push_back(Unescaped(cell.substr(begin, cell.find_last_not_of(' ') + 1 - begin)));
+        }
+    }
+    return rows;
 }

@@ -1,5 +1,5 @@
-// What all tests of the library share: a configuration directory of their own, and a host that hears every box and log
-// line. Each test starts from the state of a fresh process.
+// What all tests of the library share: a configuration directory of their own, a host that hears every box and log
+// line, and tables of cases written as text. Each test starts from the state of a fresh process.
 #ifndef TESTS_LibraryTest_H
 #define TESTS_LibraryTest_H
 
@@ -9,6 +9,7 @@
 #include "VEXMELKLog.h"
 #include "VEXMELKUtilities.h"
 
+#include <array>
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -76,5 +77,29 @@ std::string Document(const std::string& contents);
 std::string Standard(const std::string& name, const std::string& contents, const std::string& attributes = "");
 // A document with the one standard "S" and its one category "default".
 std::string OneCategory(const std::string& attributes, const std::string& contents = "");
+
+std::string Repeated(std::size_t count, const std::string& text);
+// With every place of one text taken by another.
+std::string Replaced(std::string text, const std::string& what, const std::string& with);
+std::vector<std::string> Split(std::string_view text, std::string_view separator);
+
+// The contents of a file in cases/; ".txt" may be left out.
+std::string CaseFile(const std::string& name);
+
+// The cells of a table of cases: a row on each line, "|" between its cells, blanks around them left out; a row goes on
+// in the next line after " \", and "//" begins a comment. \n, \r, \t, \s (a blank) and \xHH stand for a byte.
+std::vector<std::vector<std::string>> Cells(std::string_view table);
+
+// The same with that many cells in each row: for (const auto& [text, result] : Table<2>(R"(...)")).
+template <std::size_t count> std::vector<std::array<std::string, count>> Table(std::string_view table)
+{
+    std::vector<std::array<std::string, count>> rows;
+    for (const std::vector<std::string>& cells : Cells(table))
+    {
+        EXPECT_EQ(cells.size(), count) << "cells in the row of " << cells[0];
+        std::copy_n(cells.begin(), std::min(count, cells.size()), rows.emplace_back().begin());
+    }
+    return rows;
+}
 
 #endif

@@ -1,7 +1,6 @@
 #include "LibraryTest.h"
 #include "Memory.h"
 #include "Registry.h"
-#include "VEXMELKERFieldsOfViewConfig.h"
 #include "VEXMELKOpticalPropsOfWSConfig.h"
 #include "VEXMELKUFCurbConfig.h"
 
@@ -18,6 +17,18 @@ protected:
     {
         VEXMELKUtilities::SetAppMode(static_cast<VEXMELKAppMode>(mode));
         return VEXMELKConfigManager::GetConfigManager();
+    }
+    void WriteCurb(const std::string& offset, const std::string& folder = "")
+    {
+        directory.Write(folder + "Default/OVA/UFCurb.xml", OneCategory("front_offset='" + offset + "'"));
+    }
+    static CATUnicodeString FrontOffset(VEXMELKUFCurbConfig& config)
+    {
+        VEXMELKUFCurbConfigDefinition curb;
+        curb.FrontOffset = "before";
+        const bool isFilled = config.GetStandardData("S", "default", curb) != 0;
+        EXPECT_NE(isFilled, curb.FrontOffset == "before");
+        return curb.FrontOffset;
     }
 };
 
@@ -44,106 +55,63 @@ TEST_F(ManagerTest, ReloadRequestDropsBothManagersOnceAndTakesOverTheCommaSettin
     EXPECT_FALSE(VEXMELKUtilities::GetReloadConfigurationFlag()) << "seen in an unknown mode too";
     EXPECT_TRUE(ManagerOf(0)->CommaDelimiter());
     EXPECT_TRUE(ManagerOf(1)->CommaDelimiter());
+    VEXMELKConfigManager copy(*ManagerOf(0)); // as long as there are no objects, which it would release too
+    EXPECT_TRUE(copy.CommaDelimiter());
+    VEXMELKUtilities::SetCommaDelimeter(0);
+    Release();
+    copy = *ManagerOf(0);
+    EXPECT_FALSE(copy.CommaDelimiter());
 }
 
 TEST_F(ManagerTest, QueryWhileAReloadIsPendingIsAnsweredFromTheOldDocuments)
 {
-    directory.Write("Default/OVA/UFCurb.xml", OneCategory(R"(front_offset="1")"));
-    VEXMELKUFCurbConfig* config = Manager().GetUFCurbConfig();
-    VEXMELKUFCurbConfigDefinition curb;
-    ASSERT_TRUE(config->GetStandardData("S", "default", curb));
-    directory.Write("Default/OVA/UFCurb.xml", OneCategory(R"(front_offset="2")"));
+    WriteCurb("1");
+    VEXMELKUFCurbConfig& config = *Manager().GetUFCurbConfig();
+    EXPECT_EQ(FrontOffset(config), "1mm");
+    WriteCurb("2");
     VEXMELKUtilities::SetReloadConfigurationFlag(1);
-    ASSERT_TRUE(config->GetStandardData("S", "default", curb));
-    EXPECT_EQ(curb.FrontOffset, "1mm");
+    EXPECT_EQ(FrontOffset(config), "1mm");
     EXPECT_TRUE(VEXMELKUtilities::GetReloadConfigurationFlag());
-    ASSERT_TRUE(Manager().GetUFCurbConfig()->GetStandardData("S", "default", curb));
-    EXPECT_EQ(curb.FrontOffset, "2mm");
+    EXPECT_EQ(FrontOffset(*Manager().GetUFCurbConfig()), "2mm");
 }
 
-TEST_F(ManagerTest, ObjectsAreCreatedOnceAndByEveryKeyOfTheirs)
+TEST_F(ManagerTest, ObjectsAreCreatedOnceHaveTheirKeysAndAreReleasedInOrder)
 {
-    const struct
+    // In the order of their release; configurations with other keys than VEXMELK and their name have them in brackets.
+    const std::string order =
+        "BaseData() UFSlopeAngle UFInnerAngle UFCurb UFDynamicCurb(UFDynCurb) UFSpaceToRoad UFOilTub UFWheelFixing "
+        "UFComplete NumberPlates LampPositions Bumpers WheelCovering SeatingBelts ChildProtection FreeSpace "
+        "CrashBarriers() EyeEllipses EyePoints ExtendedEyePoints HeadContour SRPLocationCurves ManikinTemplate() "
+        "FieldsOfView(FieldsOfView,FieldOfView) "
+        "ERFieldsOfView(ERFieldsOfView,ERFieldOfView,ERAFieldOfView,ERBFieldOfView) CRV(CloseRangeVisibility) "
+        "VisionPoints VisionCone Pyramid APillar(PillarCovering) Mirror PedestrianProtection() HeadImpact "
+        "OpticalDistortion() MultipleReflection() DirectView DirectView3D Wipers DBAccess() ReportGen() PPOffset()";
+    std::vector<void*> objects;
+    for (const std::string& described : Split(order, " "))
     {
-        const char* configuration;
-        std::vector<const char*> keys;
-    } rows[] = {
-        {"BaseData", {}},
-        {"UFSlopeAngle", {"VEXMELKUFSlopeAngle"}},
-        {"UFInnerAngle", {"VEXMELKUFInnerAngle"}},
-        {"UFCurb", {"VEXMELKUFCurb"}},
-        {"UFDynamicCurb", {"VEXMELKUFDynCurb"}},
-        {"UFSpaceToRoad", {"VEXMELKUFSpaceToRoad"}},
-        {"UFOilTub", {"VEXMELKUFOilTub"}},
-        {"UFWheelFixing", {"VEXMELKUFWheelFixing"}},
-        {"UFComplete", {"VEXMELKUFComplete"}},
-        {"NumberPlates", {"VEXMELKNumberPlates"}},
-        {"LampPositions", {"VEXMELKLampPositions"}},
-        {"Bumpers", {"VEXMELKBumpers"}},
-        {"WheelCovering", {"VEXMELKWheelCovering"}},
-        {"SeatingBelts", {"VEXMELKSeatingBelts"}},
-        {"ChildProtection", {"VEXMELKChildProtection"}},
-        {"FreeSpace", {"VEXMELKFreeSpace"}},
-        {"CrashBarriers", {}},
-        {"EyeEllipses", {"VEXMELKEyeEllipses"}},
-        {"EyePoints", {"VEXMELKEyePoints"}},
-        {"ExtendedEyePoints", {"VEXMELKExtendedEyePoints"}},
-        {"HeadContour", {"VEXMELKHeadContour"}},
-        {"SRPLocationCurves", {"VEXMELKSRPLocationCurves"}},
-        {"ManikinTemplate", {}},
-        {"FieldsOfView", {"VEXMELKFieldsOfView", "VEXMELKFieldOfView"}},
-        {"ERFieldsOfView",
-            {"VEXMELKERFieldsOfView", "VEXMELKERFieldOfView", "VEXMELKERAFieldOfView", "VEXMELKERBFieldOfView"}},
-        {"CRV", {"VEXMELKCloseRangeVisibility"}},
-        {"VisionPoints", {"VEXMELKVisionPoints"}},
-        {"VisionCone", {"VEXMELKVisionCone"}},
-        {"Pyramid", {"VEXMELKPyramid"}},
-        {"APillar", {"VEXMELKPillarCovering"}},
-        {"Mirror", {"VEXMELKMirror"}},
-        {"PedestrianProtection", {}},
-        {"HeadImpact", {"VEXMELKHeadImpact"}},
-        {"PPOffset", {}},
-        {"OpticalDistortion", {}},
-        {"MultipleReflection", {}},
-        {"DirectView", {"VEXMELKDirectView"}},
-        {"DirectView3D", {"VEXMELKDirectView3D"}},
-        {"Wipers", {"VEXMELKWipers"}},
-        {"DBAccess", {}},
-        {"ReportGen", {}},
-    };
-    std::set<const VEXMELKConfig*> objects;
-    for (const auto& row : rows)
-    {
-        SCOPED_TRACE(row.configuration);
-        const Configuration& configuration = FindConfiguration(row.configuration);
+        const std::string name = Split(described, "(")[0];
+        SCOPED_TRACE(name);
+        const Configuration& configuration = FindConfiguration(name);
         VEXMELKConfig* object = configuration.get(Manager());
         ASSERT_TRUE(object);
-        EXPECT_TRUE(objects.insert(object).second) << "shared with another configuration";
+        objects.push_back(object);
         EXPECT_EQ(configuration.get(Manager()), object);
-        EXPECT_THAT(configuration.keys, SizeIs(row.keys.size()));
-        for (const char* key : row.keys)
-            EXPECT_EQ(Manager().GetConfig(key), object) << key;
+        std::vector<std::string> keys{name};
+        if (described.ends_with("()"))
+            keys.clear();
+        else if (described.ends_with(")"))
+            keys = Split(described.substr(name.size() + 1, described.size() - name.size() - 2), ",");
+        EXPECT_THAT(configuration.keys, SizeIs(keys.size()));
+        for (const std::string& key : keys)
+            EXPECT_EQ(Manager().GetConfig(CATUnicodeString("VEXMELK" + key)), object) << key;
     }
-    EXPECT_EQ(std::size(rows) + 1, AllConfigurations().size());
+    EXPECT_EQ(objects.size() + 1, AllConfigurations().size());
     EXPECT_EQ(Manager().GetOpticalPropsOfWSConfig(), nullptr);
     for (const char* unknown : {"", "vexmelkufcurb", "VEXMELKUFCURB", "UFCurb", "VEXMELKBaseData", "VEXMELKUFCurb "})
         EXPECT_EQ(Manager().GetConfig(unknown), nullptr) << unknown;
-}
-
-TEST_F(ManagerTest, ReleaseGoesInItsOrder)
-{
-    const char* const order[] = {"BaseData", "UFSlopeAngle", "UFInnerAngle", "UFCurb", "UFDynamicCurb", "UFSpaceToRoad",
-        "UFOilTub", "UFWheelFixing", "UFComplete", "NumberPlates", "LampPositions", "Bumpers", "WheelCovering",
-        "SeatingBelts", "ChildProtection", "FreeSpace", "CrashBarriers", "EyeEllipses", "EyePoints",
-        "ExtendedEyePoints", "HeadContour", "SRPLocationCurves", "ManikinTemplate", "FieldsOfView", "ERFieldsOfView",
-        "CRV", "VisionPoints", "VisionCone", "Pyramid", "APillar", "Mirror", "PedestrianProtection", "HeadImpact",
-        "OpticalDistortion", "MultipleReflection", "DirectView", "DirectView3D", "Wipers", "DBAccess", "ReportGen",
-        "PPOffset"};
-    std::vector<void*> expected;
-    for (const char* name : order)
-        expected.push_back(FindConfiguration(name).get(Manager()));
-    const std::set<void*> watched(expected.begin(), expected.end());
-    EXPECT_EQ(Memory::Deletions(watched, [] { Release(); }), expected);
+    const std::set<void*> watched(objects.begin(), objects.end());
+    EXPECT_EQ(watched.size(), objects.size()) << "none is shared with another configuration";
+    EXPECT_EQ(Memory::Deletions(watched, [] { Release(); }), objects);
 }
 
 TEST_F(ManagerTest, DirectoryOfEachMode)
@@ -153,10 +121,8 @@ TEST_F(ManagerTest, DirectoryOfEachMode)
     EXPECT_EQ(path, directory.Path().c_str());
 
     testPath = directory.Path() + "/test";
-    directory.Write("test/Configuration/Default/OVA/UFCurb.xml", OneCategory(R"(front_offset="3")"));
-    VEXMELKUFCurbConfigDefinition curb;
-    EXPECT_TRUE(ManagerOf(1)->GetUFCurbConfig()->GetStandardData("S", "default", curb));
-    EXPECT_EQ(curb.FrontOffset, "3mm");
+    WriteCurb("3", "test/Configuration/");
+    EXPECT_EQ(FrontOffset(*ManagerOf(1)->GetUFCurbConfig()), "3mm");
     EXPECT_EQ(VEXMELKConfigManager::GetTestPath(), testPath.c_str());
 
     CATUnicodeString database;
@@ -195,12 +161,11 @@ TEST_F(ManagerTest, MissingDirectoryIsToldForEachNewObjectAndItsFileOnce)
     EXPECT_TRUE(Manager().GetBaseDataConfig());
     EXPECT_THAT(TakeBoxes(), ElementsAre(undefined));
 
-    VEXMELKUFCurbConfigDefinition curb;
-    EXPECT_FALSE(config->GetStandardData("S", "default", curb));
+    EXPECT_EQ(FrontOffset(*config), "before");
     EXPECT_THAT(
         TakeBoxes(), ElementsAre("error Error: OVA\\UFCurb.xml (configuration file not found or not readable) \n"
                                  "Check the configuration directory in the settings."));
-    EXPECT_FALSE(config->GetStandardData("S", "default", curb));
+    EXPECT_EQ(FrontOffset(*config), "before");
     EXPECT_THAT(TakeBoxes(), IsEmpty());
     CATUnicodeString path("before");
     EXPECT_FALSE(Manager().GetCFGDir(path));
@@ -209,19 +174,13 @@ TEST_F(ManagerTest, MissingDirectoryIsToldForEachNewObjectAndItsFileOnce)
 
 TEST_F(ManagerTest, CommaOfTheCurrentModeCountsWhateverObjectAnswers)
 {
-    directory.Write("Default/OVA/UFCurb.xml", OneCategory(R"(front_offset="1.5")"));
-    VEXMELKUFCurbConfig* config = Manager().GetUFCurbConfig();
+    WriteCurb("1.5");
+    VEXMELKUFCurbConfig& config = *Manager().GetUFCurbConfig();
     VEXMELKUtilities::SetCommaDelimeter(1);
-    const struct
+    const std::pair<int, const char*> rows[] = {{0, "1.5mm"}, {1, "1,5mm"}, {2, "1.5mm"}, {0, "1.5mm"}};
+    for (const auto& [mode, expected] : rows)
     {
-        int mode;
-        const char* expected;
-    } rows[] = {{0, "1.5mm"}, {1, "1,5mm"}, {2, "1.5mm"}, {0, "1.5mm"}};
-    for (const auto& row : rows)
-    {
-        VEXMELKUtilities::SetAppMode(static_cast<VEXMELKAppMode>(row.mode));
-        VEXMELKUFCurbConfigDefinition curb;
-        EXPECT_TRUE(config->GetStandardData("S", "default", curb)) << row.mode;
-        EXPECT_EQ(curb.FrontOffset, row.expected) << row.mode;
+        VEXMELKUtilities::SetAppMode(static_cast<VEXMELKAppMode>(mode));
+        EXPECT_EQ(FrontOffset(config), expected) << mode;
     }
 }

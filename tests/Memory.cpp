@@ -43,13 +43,6 @@ void operator delete(void* object, std::size_t /*size*/) noexcept { Free(object)
 void operator delete[](void* object) noexcept { Free(object); }
 void operator delete[](void* object, std::size_t /*size*/) noexcept { Free(object); }
 
-std::size_t Memory::CountAllocations(const std::function<void()>& run)
-{
-    const std::size_t before = allocations;
-    run();
-    return allocations - before;
-}
-
 bool Memory::RunFailingAllocation(std::size_t number, const std::function<void()>& run)
 {
     failingAllocation = allocations + number;

@@ -1,4 +1,4 @@
-// The test program's own allocation: counts what is allocated, watches what is deleted, and lets an allocation fail.
+// The test program's own allocation: watches what is deleted, and lets an allocation fail.
 #ifndef TESTS_Memory_H
 #define TESTS_Memory_H
 
@@ -8,9 +8,6 @@
 #include <vector>
 
 namespace Memory {
-
-// Calls of operator new while the function runs.
-std::size_t CountAllocations(const std::function<void()>& run);
 
 // Runs the function with the n-th call of operator new, counted from 1, failing. Tells whether it came to that.
 bool RunFailingAllocation(std::size_t number, const std::function<void()>& run);

@@ -10,15 +10,6 @@
 #include <numbers>
 #include <sstream>
 
-// An answer is the result, then the outputs in their order: "~" stands for what the caller had there, '' for an empty
-// text, {...} for a record and [...] for a list.
-struct Question
-{
-    std::string operation;
-    std::string inputs; // in their order, separated by ", "
-    std::string answer;
-};
-
 // A record and the attributes that fill it. A field is written ATTRIBUTE:KIND=WHEN_MISSING>FIELD, where all but the
 // attribute may be left out. Kinds:
 //     none, mm, deg                 a text, with that unit; "" when missing
@@ -49,11 +40,20 @@ protected:
     void WriteDefault(const std::string& file, const std::string& document) { Rewrite("Default/" + file, document); }
     void WriteCustomer(const std::string& file, const std::string& document) { Rewrite("Customer/" + file, document); }
 
-    void Expect(const std::string& configuration, const std::vector<Question>& questions)
+    // Questions in their order, "OPERATION | INPUTS = ANSWER | INPUTS = ANSWER": inputs are separated by ", "; an
+    // answer is the result, then the outputs in their order: "~" stands for what the caller had there, '' for an empty
+    // text,
+    // {...} for a record and [...] for a list.
+    void Expect(const std::string& configuration, std::string_view questions)
     {
-        for (const auto& [operation, inputs, answer] : questions)
-            EXPECT_EQ(Ask(configuration, operation, inputs), answer)
-                << configuration << "." << operation << "(" << inputs << ")";
+        for (const std::vector<std::string>& row : Cells(questions))
+            for (std::size_t cell = 1; cell < row.size(); ++cell)
+            {
+                const std::size_t sign = row[cell].find("= ");
+                const std::string inputs = row[cell].substr(0, row[cell].find_last_not_of(" =", sign) + 1);
+                EXPECT_EQ(Ask(configuration, row[0], inputs), row[cell].substr(sign + 2))
+                    << configuration << "." << row[0] << "(" << inputs << ")";
+            }
     }
 
     // The same object of a configuration for every question, unless a test has its own.
@@ -64,19 +64,17 @@ protected:
 
     std::string Ask(const std::string& configuration, const std::string& operation, const std::string& inputs)
     {
-        const Operation& asked = FindConfiguration(configuration).FindOperation(operation);
         Json outputs = Json::object();
         bool hasRecord = false;
-        for (const Parameter& parameter : asked.parameters)
-        {
-            if (!parameter.isOutput)
-                continue;
-            hasRecord = hasRecord || parameter.type.starts_with('{');
-            if (parameter.type.starts_with("list"))
-                outputs[parameter.name] = Json::array({BeforeOf(parameter.type.substr(sizeof("list of")))});
-            else if (!parameter.type.starts_with('{'))
-                outputs[parameter.name] = BeforeOf(parameter.type);
-        }
+        for (const auto& [name, type, unit, isOutput, isSecret] :
+            FindConfiguration(configuration).FindOperation(operation).parameters)
+            if (isOutput)
+            {
+                const bool isList = type.starts_with("list");
+                const Json value = BeforeOf(isList ? type.substr(sizeof("list of")) : type);
+                outputs[name] = isList ? Json::array({value}) : value;
+                hasRecord = hasRecord || type.starts_with('{');
+            }
         // A first answer shows what the records hold.
         if (hasRecord)
             outputs = Overwritten(Run(configuration, operation, inputs, outputs).outputs);
@@ -96,23 +94,23 @@ protected:
             if (apart == fields.size() || fields[apart].IsSwitch())
             {
                 const Texts texts = AllTexts(fields, 11, apart < fields.size() ? fields[apart].attribute : "");
-                ExpectRecord(reader, Replaced(document, Written(texts)), texts, reader.result);
+                ExpectRecord(reader, Replaced(document, "@", Written(texts)), texts, reader.result);
             }
     }
 
     // The record without any of its attributes.
     void ExpectNone(const Reader& reader, const std::string& document, int result = 1)
     {
-        ExpectRecord(reader, Replaced(document, ""), {}, result);
+        ExpectRecord(reader, Replaced(document, "@", ""), {}, result);
     }
 
     // The record as the caller had it.
     void ExpectUntouched(Reader reader, const std::string& document, int result)
     {
-        std::string kept;
-        for (const Field& field : FieldsIn(reader))
-            kept += field.attribute + ":" + field.kind + "=keep>" + field.name + " ";
-        reader.fields = kept;
+        const std::vector<Field> fields = FieldsIn(reader);
+        reader.fields = "";
+        for (const Field& field : fields)
+            reader.fields += field.attribute + ":" + field.kind + "=keep>" + field.name + " ";
         ExpectRecord(reader, document, {}, result);
     }
 
@@ -130,7 +128,7 @@ protected:
     // A record of an element of the category, or of "default" in place of a missing category; never of both.
     void ExpectElement(const Reader& reader, const std::string& element, int resultOfNone = 1)
     {
-        const std::string other = Category("default", Replaced(element, OtherAttributes(reader)));
+        const std::string other = Category("default", Replaced(element, "@", OtherAttributes(reader)));
         ExpectAll(reader, Document(Standard("S", other + Category("x", element))));
         ExpectAll(reader, Document(Standard("S", Category("X", other) + Category("default", element))));
         ExpectNone(reader, Document(Standard("S", Category("x", element) + other)), resultOfNone);
@@ -195,33 +193,27 @@ private:
             const double number = std::stod(*text);
             return kind == "integer" ? std::trunc(number) : number * (factor == factors.end() ? 1.0 : factor->second);
         }
-        std::string WithUnit(std::string text, bool comma) const
+        std::string WithUnit(const std::string& text, bool comma) const
         {
-            if (comma)
-                std::replace(text.begin(), text.end(), '.', ',');
-            return text + (std::isdigit(static_cast<unsigned char>(text.back())) ? kind : "");
+            const bool isNumber = std::isdigit(static_cast<unsigned char>(text.back())) != 0;
+            return (comma ? Replaced(text, ".", ",") : text) + (isNumber ? kind : "");
         }
     };
 
     static std::vector<Field> FieldsIn(const Reader& reader)
     {
-        const auto take = [](std::string& text, char separator)
-        {
-            const std::size_t end = std::min(text.find(separator), text.size());
-            const std::string rest = text.substr(std::min(end + 1, text.size()));
-            text.erase(end);
-            return rest;
-        };
         std::vector<Field> fields;
         std::istringstream words(reader.fields);
-        for (Field field; words >> field.attribute;)
+        for (std::string word; words >> word;)
         {
-            field.name = take(field.attribute, '>');
-            field.whenMissing = take(field.attribute, '=');
-            field.kind = take(field.attribute, ':');
-            if (field.name.empty())
-                field.name = field.attribute;
-            fields.push_back(field);
+            std::vector<std::string> parts;
+            for (const char* separator : {">", "=", ":"})
+            {
+                const std::vector<std::string> split = Split(word, separator);
+                parts.push_back(split.size() > 1 ? split[1] : "");
+                word = split[0];
+            }
+            fields.push_back({word, parts[2], parts[1], parts[0].empty() ? word : parts[0]});
         }
         return fields;
     }
@@ -259,13 +251,6 @@ private:
         return attributes;
     }
 
-    static std::string Replaced(std::string document, const std::string& attributes)
-    {
-        for (std::size_t at = document.find('@'); at != std::string::npos; at = document.find('@', at))
-            document.replace(at, 1, attributes);
-        return document;
-    }
-
     void Rewrite(const std::string& file, const std::string& document)
     {
         directory.Write(file, document);
@@ -274,24 +259,24 @@ private:
 
     void ExpectRecord(const Reader& reader, const std::string& document, const Texts& texts, int result)
     {
+        const Json::json_pointer pointer(reader.record);
         for (const bool comma : {false, true})
         {
             VEXMELKUtilities::SetCommaDelimeter(comma);
             Rewrite(reader.file, document);
-            const Json::json_pointer pointer(reader.record);
             Json outputs = Json::object();
             for (const Field& field : FieldsIn(reader))
                 outputs[pointer][field.name] = field.Before();
-            const Answered answered = Run(reader.configuration, reader.operation, reader.inputs, WithoutNulls(outputs));
+            outputs = Json::parse(Replaced(outputs.dump(), "null", "{}")); // the elements before the one that is meant
+            const Answered answered = Run(reader.configuration, reader.operation, reader.inputs, outputs);
             std::string expected;
             std::string actual;
             for (const Field& field : FieldsIn(reader))
             {
                 const auto text = texts.find(field.attribute);
-                expected += field.name + "=" +
-                            Described(field.Value(text == texts.end() ? nullptr : &text->second, comma)) + "\n";
-                const Json& record = answered.outputs.at(pointer);
-                actual += field.name + "=" + Described(record.at(field.name)) + "\n";
+                const Json value = field.Value(text == texts.end() ? nullptr : &text->second, comma);
+                expected += field.name + "=" + Described(value) + "\n";
+                actual += field.name + "=" + Described(answered.outputs.at(pointer).at(field.name)) + "\n";
             }
             const std::string asked = reader.configuration + "." + reader.operation + (comma ? " with commas: " : ": ");
             EXPECT_EQ(actual, expected) << asked << document;
@@ -305,34 +290,24 @@ private:
         const std::string& configuration, const std::string& operation, const std::string& inputs, const Json& outputs)
     {
         const Operation& asked = FindConfiguration(configuration).FindOperation(operation);
+        const std::vector<std::string> texts = Split(inputs, ", ");
         Json arguments = Json::object();
-        std::size_t start = 0;
-        for (const Parameter& parameter : asked.parameters)
-        {
-            if (parameter.isOutput || start > inputs.size())
-                continue;
-            const std::size_t end = std::min(inputs.find(", ", start), inputs.size());
-            const std::string text = inputs.substr(start, end - start);
-            start = end + 2;
-            if (parameter.type == "number")
-                arguments[parameter.name] = std::stod(text);
-            else if (parameter.type == "integer")
-                arguments[parameter.name] = std::stoi(text);
-            else if (parameter.type == "flag")
-                arguments[parameter.name] = text == "1";
-            else
-                arguments[parameter.name] = text;
-        }
+        for (const auto& [name, type, unit, isOutput, isSecret] : asked.parameters)
+            if (!isOutput && arguments.size() < texts.size())
+            {
+                const std::string& text = texts[arguments.size()];
+                const bool isText = type == "text";
+                arguments[name] = isText ? Json(text) : type == "flag" ? Json(text == "1") : Json::parse(text);
+            }
         return asked.prepare(arguments, outputs)(Object(configuration));
     }
 
     static Json BeforeOf(const std::string& type)
     {
-        if (type == "flag")
-            return false;
-        if (type == "text")
-            return "~";
-        return type == "number" ? Json(before) : type == "integer" ? Json(static_cast<int>(before)) : Json::object();
+        static const std::map<std::string, Json> values = {
+            {"flag", false}, {"text", "~"}, {"number", before}, {"integer", static_cast<int>(before)}};
+        const auto found = values.find(type);
+        return found == values.end() ? Json::object() : found->second;
     }
 
     // The same with every text and number as the caller has them.
@@ -341,22 +316,8 @@ private:
         if (json.is_structured())
             for (auto& item : json)
                 item = Overwritten(item);
-        else if (json.is_string())
-            json = "~";
-        else if (json.is_number_float())
-            json = before;
-        else if (json.is_number())
-            json = static_cast<int>(before);
-        return json;
-    }
-
-    static Json WithoutNulls(Json json)
-    {
-        if (json.is_null())
-            return Json::object();
-        if (json.is_structured())
-            for (auto& item : json)
-                item = WithoutNulls(item);
+        else if (!json.is_boolean())
+            json = BeforeOf(json.is_string() ? "text" : json.is_number_float() ? "number" : "integer");
         return json;
     }
 
@@ -366,17 +327,16 @@ private:
             return json.get<bool>() ? "1" : "0";
         if (json.is_string())
             return json.get<std::string>().empty() ? "''" : json.get<std::string>();
+        std::ostringstream text;
+        text.precision(9);
         if (json.is_number())
-        {
-            std::ostringstream number;
-            number.precision(9);
-            number << json.get<double>() + 0.0; // no negative zero
-            return number.str() == "-777" ? "~" : number.str();
-        }
-        std::string text;
-        for (const auto& item : json)
-            text += (text.empty() ? "" : " ") + Described(item);
-        return json.is_array() ? "[" + text + "]" : "{" + text + "}";
+            text << json.get<double>() + 0.0; // no negative zero
+        else
+            for (const auto& item : json)
+                text << (text.str().empty() ? "" : " ") << Described(item);
+        if (json.is_number())
+            return text.str() == "-777" ? "~" : text.str();
+        return json.is_array() ? "[" + text.str() + "]" : "{" + text.str() + "}";
     }
 };
 

@@ -1,7 +1,7 @@
 #include "Batch.h"
 #include "LibraryTest.h"
 
-#include <fstream>
+#include <regex>
 #include <sstream>
 #include <sys/wait.h>
 
@@ -76,53 +76,13 @@ TEST_F(ToolTest, BatchAnswersWithResultOutputsMessagesAndLog)
 
 TEST_F(ToolTest, RequestsThatCannotBeUnderstoodNameTheNearestRightOne)
 {
-    const struct
+    for (const auto& [written, error] : Table<2>(CaseFile("requestsThatCannotBeUnderstood")))
     {
-        const char* request;
-        const char* error;
-    } rows[] = {
-        {"", "not a JSON request"},
-        {"{", "not a JSON request"},
-        {"[]", "expected an object"},
-        {R"({"config":"UFCurb"})", "\"operation\" is missing"},
-        {R"({"operation":"x"})", "\"config\" is missing"},
-        {R"({"config":7,"operation":"x"})", "config: expected a text, got 7"},
-        {R"({"config":"UFCurbs","operation":"x"})", "unknown configuration UFCurbs; did you mean UFCurb?"},
-        {R"({"config":"EyeEllipses","operation":"GetRadii2003"})",
-            "unknown operation GetRadii2003; did you mean GetRadii2002?"},
-        {R"({"config":"UFCurb","operation":"GetStandardData","arguments":{"standart":"S"}})",
-            "unknown argument standart; did you mean standard?"},
-        {R"({"config":"UFCurb","operation":"GetStandardData","arguments":{"standard":1}})",
-            "standard: expected a text, got 1"},
-        {R"({"config":"UFCurb","operation":"GetStandardData","arguments":[]})", "arguments: expected an object"},
-        {R"({"config":"UFCurb","operation":"GetStandardData","outputs":{"definition":{"FrontOfset":""}}})",
-            "unknown field definition.FrontOfset; did you mean FrontOffset?"},
-        {R"({"config":"UFCurb","operation":"GetLoading","arguments":{"rear":1}})",
-            "rear: expected true or false, got 1"},
-        {R"({"config":"Bumpers","operation":"GetStandardData","arguments":{"type":1.5}})",
-            "type: expected an integer of 32 bits, got 1.5"},
-        {R"({"config":"Bumpers","operation":"GetStandardData","arguments":{"type":4294967296}})",
-            "type: expected an integer of 32 bits"},
-        {R"({"config":"EyeEllipses","operation":"GetRadii2002","arguments":{"hPointTravel":"x"}})",
-            "hPointTravel: expected a number, got \"x\""},
-        {R"({"config":"UFCurb","operation":"GetStandardNames","outputs":{"names":["a",1]}})",
-            "names[1]: expected a text, got 1"},
-        {R"({"config":"DirectView","operation":"GetStandardData","outputs":{"definition":{"Points":[[1,2]]}}})",
-            "definition.Points[0]: expected a point [x, y, z]"},
-        {R"({"config":"UFCurb","operation":"InitStandardData","outputs":{"attributes":[{"objects":[1]}]}})",
-            "expected an object, got 1"},
-        {R"({"settings":{"mod":1}})", "unknown setting mod; did you mean mode?"},
-        {R"({"settings":{"comma":1}})", "comma: expected true or false, got 1"},
-        {R"({"manager":"relaod"})", "unknown manager request relaod; did you mean reload?"},
-        {R"({"config":"UFCurb","operation":"FindStandardLevel","argument":{}})", "did you mean arguments?"},
-        {R"({"config":"OpticalPropsOfWS","operation":"FindStandardLevel"})", "no configuration object"},
-    };
-    for (const auto& row : rows)
-    {
-        std::string line = row.request;
-        const Json answer = Ask(line.empty() ? "\n" : line);
-        EXPECT_THAT(answer.value("error", "no error"), HasSubstr(row.error)) << row.request;
-        EXPECT_FALSE(answer.contains("result")) << row.request;
+        const std::string request =
+            std::regex_replace(written, std::regex("^(\\w+)\\.(\\w+) ?(.*)"), R"({"config":"$1","operation":"$2",$3})");
+        const Json answer = Ask(request == " " ? "\n" : Replaced(request, ",}", "}"));
+        EXPECT_THAT(answer.value("error", "no error"), HasSubstr(error)) << request;
+        EXPECT_FALSE(answer.contains("result")) << request;
     }
     EXPECT_EQ(Ask(R"({"id":[1],"config":"x"})")["id"], Json::parse("[1]"));
 }
@@ -182,45 +142,12 @@ TEST_F(ToolTest, EveryConfigurationOffersItsOperations)
 TEST_F(ToolTest, CommandsAndTheirExitStatus)
 {
     const TemporaryDirectory empty;
-    const struct
+    for (const auto& [written, status, output] : Table<3>(CaseFile("commands")))
     {
-        std::string arguments;
-        int status;
-        const char* output;
-    } rows[] = {
-        {Tool() + "call UFCurb GetStandardData standard=S category=x", 0,
-            "result: true\ndefinition.FrontOffset: 25mm\ndefinition.FrontAngle: \ndefinition.BackAngle: 7deg\n"},
-        {Tool() + "--format json call UFCurb FindStandardLevel standard=S", 0, "\"result\": 0"},
-        {Tool() + "--comma call UFCurb GetStandardData standard=S 'definition={\"BackOffset\":\"b\"}'", 0, "25mm"},
-        {Tool() + "call UFCurb GetStandardData standard=T", 1, "result: false\n"},
-        {Tool() + "call UFCurb GetStandardData standards=S", 2, "unknown argument standards; did you mean standard?"},
-        {Tool() + "call UFCurb GetStandardNames maxLevel=x", 2, "maxLevel: expected integer, got \"x\""},
-        {Tool() + "call UFCurb", 2, "call needs CONFIG and OPERATION, or --batch"},
-        {Tool() + "call Bumpers FindStandardLevel", 2, "error: MELK CFG: Parse Fatal Error: "},
-        {Tool() + "call Mirror FindStandardLevel", 3, "error: Error: "},
-        {"call UFCurb FindStandardLevel", 3,
-            "error: MELK - Configuration Error: Environment variable \"MELK_CFG_PATH\""},
-        {"--config " + empty.Path() + " list", 3, "UFCurb"},
-        {Tool() + "list", 2, "Default"},
-        {Tool() + "standards UFCurb", 0, "0  S\n"},
-        {Tool() + "standards UFCurb --max-level -1", 0, ""},
-        {Tool() + "standards BaseData", 2, "BaseData has no standards"},
-        {Tool() + "categories UFCurb S", 0, "default\n"},
-        {Tool() + "categories UFCurb T", 1, ""},
-        {"operations UFWheelFixing", 0,
-            "GetStandardData(standard: text, category: text) -> flag, radius: text, offset: text\n"},
-        {"--test-path " + directory.Path() + " call UFCurb FindStandardLevel", 3, "Configuration\\OVA\\UFCurb.xml"},
-        {"--version", 0, "parser: expat_"},
-        {"--help", 0, "there was nothing to work on"},
-        {"frobnicate", 2, ""},
-        {Tool() + "call --batch < /dev/null", 0, ""},
-        {Tool() + "call --batch < " + directory.Path() + "/Default/OVA/UFCurb.xml", 2,
-            "{\"error\":\"not a JSON request"},
-    };
-    for (const auto& row : rows)
-    {
-        const Outcome outcome = RunTool(row.arguments);
-        EXPECT_EQ(outcome.status, row.status) << row.arguments << "\n" << outcome.output;
-        EXPECT_THAT(outcome.output, HasSubstr(row.output)) << row.arguments;
+        const std::string arguments = Replaced(
+            Replaced(Replaced(written, "TOOL ", Tool()), "DIRECTORY", directory.Path()), "EMPTY", empty.Path());
+        const Outcome outcome = RunTool(arguments);
+        EXPECT_EQ(outcome.status, std::stoi(status)) << arguments << "\n" << outcome.output;
+        EXPECT_THAT(outcome.output, HasSubstr(output)) << arguments;
     }
 }

@@ -47,83 +47,53 @@
 #include <cstdlib>
 #include <iostream>
 
-namespace {
-
-int unanswered = 0;
-
-void Print(const char* question, int count)
-{
-    std::cout << question << ": " << count << '\n';
-    unanswered += count > 0 ? 0 : 1;
-}
-
-void AskForStandards(const char* name, VEXMELKCheckConfig* config)
-{
-    CATListValCATUnicodeString names;
-    config->GetStandardNames(names, "default", 0, 3);
-    Print(name, names.Size());
-}
-
-} // namespace
-
 int main(int argc, char** argv)
 {
     if (argc != 2)
         return 2;
     setenv("MELK_CFG_PATH", argv[1], 1);
     VEXMELKConfigManager* manager = VEXMELKConfigManager::GetConfigManager();
-    AskForStandards("UFSlopeAngle", manager->GetUFSlopeAngleConfig());
-    AskForStandards("UFInnerAngle", manager->GetUFInnerAngleConfig());
-    AskForStandards("UFCurb", manager->GetUFCurbConfig());
-    AskForStandards("UFDynamicCurb", manager->GetUFDynamicCurbConfig());
-    AskForStandards("UFSpaceToRoad", manager->GetUFSpaceToRoadConfig());
-    AskForStandards("UFOilTub", manager->GetUFOilTubConfig());
-    AskForStandards("UFWheelFixing", manager->GetUFWheelFixingConfig());
-    AskForStandards("UFComplete", manager->GetUFCompleteConfig());
-    AskForStandards("NumberPlates", manager->GetNumberPlatesConfig());
-    AskForStandards("LampPositions", manager->GetLampPositionsConfig());
-    AskForStandards("Bumpers", manager->GetBumpersConfig());
-    AskForStandards("WheelCovering", manager->GetWheelCoveringConfig());
-    AskForStandards("SeatingBelts", manager->GetSeatingBeltsConfig());
-    AskForStandards("ChildProtection", manager->GetChildProtectionConfig());
-    AskForStandards("FreeSpace", manager->GetFreeSpaceConfig());
-    AskForStandards("CrashBarriers", manager->GetCrashBarriersConfig());
-    AskForStandards("EyeEllipses", manager->GetEyeEllipsesConfig());
-    AskForStandards("EyePoints", manager->GetEyePointsConfig());
-    AskForStandards("ExtendedEyePoints", manager->GetExtendedEyePointsConfig());
-    AskForStandards("HeadContour", manager->GetHeadContourConfig());
-    AskForStandards("SRPLocationCurves", manager->GetSRPLocationCurvesConfig());
-    AskForStandards("ManikinTemplate", manager->GetManikinTemplateConfig());
-    AskForStandards("FieldsOfView", manager->GetFieldsOfViewConfig());
-    AskForStandards("ERFieldsOfView", manager->GetERFieldsOfViewConfig());
-    AskForStandards("CRV", manager->GetCRVConfig());
-    AskForStandards("VisionPoints", manager->GetVisionPointsConfig());
-    AskForStandards("VisionCone", manager->GetVisionConeConfig());
-    AskForStandards("Pyramid", manager->GetPyramidConfig());
-    AskForStandards("APillar", manager->GetAPillarConfig());
-    AskForStandards("Mirror", manager->GetMirrorConfig());
-    AskForStandards("PedestrianProtection", manager->GetPedestrianProtectionConfig());
-    AskForStandards("PPOffset", manager->GetPPOffsetConfig());
-    AskForStandards("OpticalDistortion", manager->GetOpticalDistortionConfig());
-    AskForStandards("MultipleReflection", manager->GetMultipleReflectionConfig());
-    AskForStandards("DirectView", manager->GetDirectViewConfig());
-    AskForStandards("DirectView3D", manager->GetDirectView3DConfig());
-    AskForStandards("Wipers", manager->GetWipersConfig());
-
-    CATListValCATUnicodeString names;
-    manager->GetHeadImpactConfig()->GetStandardNames(names);
-    Print("HeadImpact", names.Size());
-    manager->GetBaseDataConfig()->GetBaseDataCategories(names);
-    Print("BaseData", names.Size());
-    manager->GetReportGenConfig()->GetTemplates(names);
-    Print("ReportGen", names.Size());
-    CATUnicodeString host;
-    CATUnicodeString user;
-    CATUnicodeString password;
-    CATUnicodeString dbName;
-    Print("DBAccess", manager->GetDBAccessConfig()->GetDBAccessParameters(host, user, password, dbName));
     VEXMELKOpticalPropsOfWSConfig windscreen(argv[1], "Vision\\OpticalDistortion.xml");
-    AskForStandards("OpticalPropsOfWS", &windscreen);
+    int unanswered = 0;
+    const auto print = [&](const char* question, int count)
+    {
+        std::cout << question << ": " << count << '\n';
+        unanswered += count > 0 ? 0 : 1;
+    };
+    CATListValCATUnicodeString names;
+    const std::pair<const char*, VEXMELKCheckConfig*> checks[] = {{"UFSlopeAngle", manager->GetUFSlopeAngleConfig()},
+        {"UFInnerAngle", manager->GetUFInnerAngleConfig()}, {"UFCurb", manager->GetUFCurbConfig()},
+        {"UFDynamicCurb", manager->GetUFDynamicCurbConfig()}, {"UFSpaceToRoad", manager->GetUFSpaceToRoadConfig()},
+        {"UFOilTub", manager->GetUFOilTubConfig()}, {"UFWheelFixing", manager->GetUFWheelFixingConfig()},
+        {"UFComplete", manager->GetUFCompleteConfig()}, {"NumberPlates", manager->GetNumberPlatesConfig()},
+        {"LampPositions", manager->GetLampPositionsConfig()}, {"Bumpers", manager->GetBumpersConfig()},
+        {"WheelCovering", manager->GetWheelCoveringConfig()}, {"SeatingBelts", manager->GetSeatingBeltsConfig()},
+        {"ChildProtection", manager->GetChildProtectionConfig()}, {"FreeSpace", manager->GetFreeSpaceConfig()},
+        {"CrashBarriers", manager->GetCrashBarriersConfig()}, {"EyeEllipses", manager->GetEyeEllipsesConfig()},
+        {"EyePoints", manager->GetEyePointsConfig()}, {"ExtendedEyePoints", manager->GetExtendedEyePointsConfig()},
+        {"HeadContour", manager->GetHeadContourConfig()}, {"SRPLocationCurves", manager->GetSRPLocationCurvesConfig()},
+        {"ManikinTemplate", manager->GetManikinTemplateConfig()}, {"FieldsOfView", manager->GetFieldsOfViewConfig()},
+        {"ERFieldsOfView", manager->GetERFieldsOfViewConfig()}, {"CRV", manager->GetCRVConfig()},
+        {"VisionPoints", manager->GetVisionPointsConfig()}, {"VisionCone", manager->GetVisionConeConfig()},
+        {"Pyramid", manager->GetPyramidConfig()}, {"APillar", manager->GetAPillarConfig()},
+        {"Mirror", manager->GetMirrorConfig()}, {"PedestrianProtection", manager->GetPedestrianProtectionConfig()},
+        {"PPOffset", manager->GetPPOffsetConfig()}, {"OpticalDistortion", manager->GetOpticalDistortionConfig()},
+        {"MultipleReflection", manager->GetMultipleReflectionConfig()}, {"DirectView", manager->GetDirectViewConfig()},
+        {"DirectView3D", manager->GetDirectView3DConfig()}, {"Wipers", manager->GetWipersConfig()},
+        {"OpticalPropsOfWS", &windscreen}};
+    for (const auto& [name, config] : checks)
+    {
+        config->GetStandardNames(names, "default", 0, 3);
+        print(name, names.Size());
+    }
+    manager->GetHeadImpactConfig()->GetStandardNames(names);
+    print("HeadImpact", names.Size());
+    manager->GetBaseDataConfig()->GetBaseDataCategories(names);
+    print("BaseData", names.Size());
+    manager->GetReportGenConfig()->GetTemplates(names);
+    print("ReportGen", names.Size());
+    CATUnicodeString text;
+    print("DBAccess", manager->GetDBAccessConfig()->GetDBAccessParameters(text, text, text, text));
     VEXMELKConfigManager::ReleaseConfigManager();
     return unanswered;
 }
