@@ -1,0 +1,101 @@
+// A packed configuration directory, asked every question that its file can answer.
+//
+// The first line is a byte of settings ('1': with decimal commas) and the name of the file below the directory. Then
+// come the Default file, the Customer file and the document type definition, separated by lines "----"; what is not
+// there is not written.
+#include "Host.h"
+#include "Questions.h"
+#include "Require.h"
+#include "VEXMELKUtilities.h"
+
+#include <array>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+
+namespace {
+
+constexpr std::size_t rounds = 3;
+
+std::string_view Take(std::string_view& text, std::string_view separator)
+{
+    const std::size_t end = std::min(text.find(separator), text.size());
+    const std::string_view taken = text.substr(0, end);
+    text.remove_prefix(std::min(end + separator.size(), text.size()));
+    return taken;
+}
+
+// A directory of its own for each process, in memory where there is such a place.
+class Directory
+{
+public:
+    Directory()
+    {
+        const std::filesystem::path memory = "/dev/shm";
+        const bool inMemory = std::filesystem::is_directory(memory);
+        std::string name = (inMemory ? memory : std::filesystem::temp_directory_path()) / "melk-fuzz-XXXXXX";
+        m_Path = mkdtemp(name.data());
+    }
+    Directory(const Directory&) = delete;
+    Directory& operator=(const Directory&) = delete;
+    ~Directory() { std::filesystem::remove_all(m_Path); }
+
+    std::string Path() const { return m_Path; }
+    void Write(const std::filesystem::path& name, std::string_view contents) const
+    {
+        const std::filesystem::path path = m_Path / name;
+        if (contents.empty())
+        {
+            std::filesystem::remove(path);
+            return;
+        }
+        std::filesystem::create_directories(path.parent_path());
+        std::ofstream(path, std::ios::binary) << contents;
+    }
+
+private:
+    std::filesystem::path m_Path;
+};
+
+void RequireNumbers(const Json& json)
+{
+    Require(!json.is_number_float() || !std::isnan(json.get<double>()));
+    if (json.is_structured())
+        for (const auto& item : json)
+            RequireNumbers(item);
+}
+
+} // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    static const Directory directory;
+    static Host host(false);
+    host.SetConfigurationDirectory(directory.Path());
+
+    std::string_view text = TextOf(data, size);
+    const std::string_view head = Take(text, "\n");
+    const std::string file(head.substr(std::min<std::size_t>(1, head.size())));
+    const std::string_view contents = Take(text, "\n----\n");
+    const std::string_view customer = Take(text, "\n----\n");
+    for (const Configuration& configuration : AllConfigurations())
+    {
+        if (file.empty() || file != FileOf(configuration))
+            continue;
+        const std::string layout = configuration.isSingle ? "" : "Default/";
+        directory.Write(layout + file, contents);
+        directory.Write("Customer/" + file, customer);
+        directory.Write("basedata.dtd", text);
+        VEXMELKConfigManager::ReleaseConfigManager();
+        VEXMELKUtilities::SetCommaDelimeter(head.front() == '1');
+        const std::vector<Question> questions = QuestionsFor(configuration, contents, rounds);
+        const Json answers = Ask(configuration, questions);
+        RequireNumbers(answers);
+        VEXMELKConfigManager::ReleaseConfigManager();
+        Require(Ask(configuration, questions) == answers); // nothing is left of the first load
+        host.TakeMessages();
+        directory.Write(layout + file, {});
+        directory.Write("Customer/" + file, {});
+    }
+    return 0;
+}
