@@ -1,0 +1,158 @@
+#!/usr/bin/env python3
+"""Tests the tests: changes one place of core, occupant, vision or safety at a time and runs the tests against it.
+
+    scripts/mutate.py [--count N] [--seed S] [--jobs J] [--file PART]
+
+Needs the release build (cmake --preset release && cmake --build --preset release). A mutant is caught when a test fails,
+crashes or hangs; one that does not compile does not count. Prints the survivors and the share that was caught."""
+import argparse
+import concurrent.futures
+import os
+import pathlib
+import queue
+import random
+import re
+import shutil
+import subprocess
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+FOLDERS = ("core", "occupant", "vision", "safety")
+TESTS = ROOT / "build/release/bin/melk_tests"
+
+# What is changed: a name for the kind, what to look for in a line, and what to put there.
+SWAPS = [
+    ("comparison", r" == ", " != "),
+    ("comparison", r" != ", " == "),
+    ("comparison", r" < ", " <= "),
+    ("comparison", r" <= ", " < "),
+    ("comparison", r" > ", " >= "),
+    ("comparison", r" >= ", " > "),
+    ("condition", r" && ", " || "),
+    ("condition", r" \|\| ", " && "),
+    ("condition", r"\bif \(!", "if ("),
+    ("unit", r'", "mm", ', '", "deg", '),
+    ("unit", r'", "deg", ', '", "mm", '),
+    ("unit", r'(\{"\w+"), "", ', r'\1, "mm", '),
+    ("default", r", (Keep|true|false)\}", {"Keep": ", 77.0}", "true": ", false}", "false": ", true}"}),
+    ("default", r', "[^"]+"\},', "},"),
+    ("default", r", 0\.0\}", ", 77.0}"),
+    ("result", r"\breturn 1;", "return 0;"),
+    ("result", r"\breturn 0;", "return 1;"),
+    ("result", r"\breturn true;", "return false;"),
+    ("result", r"\breturn false;", "return true;"),
+    ("number", r"\b100\.0\b", "10.0"),
+]
+# What is taken out: a row of a table, a statement.
+REMOVALS = [
+    ("row", re.compile(r'^\s+\{"\w+", .*\},$')),
+    ("statement", re.compile(r"^\s+[\w.\->\[\]]+ = [^{}]*;(\s*//.*)?$")),
+    ("statement", re.compile(r"^\s+[\w.\->]+\([^{}]*\);(\s*//.*)?$")),
+]
+
+
+def mutants_of(path):
+    lines = path.read_text().splitlines(keepends=True)
+    for number, line in enumerate(lines):
+        code = line.split("//")[0]
+        if code.lstrip().startswith("#"):
+            continue
+        for kind, pattern, replacement in SWAPS:
+            for match in re.finditer(pattern, code):
+                new = replacement[match.group(1)] if isinstance(replacement, dict) else match.expand(replacement)
+                yield kind, number, line[: match.start()] + new + line[match.end() :]
+        for kind, pattern in REMOVALS:
+            if pattern.match(line.rstrip("\n")) and "return" not in line:
+                yield kind, number, "\n"
+
+
+def chosen(count, seed, part):
+    """The same number from every kind as far as there are so many, spread over the files."""
+    by_kind = {}
+    for folder in FOLDERS:
+        for path in sorted((ROOT / folder).glob("*.cpp")):
+            if part in str(path):
+                for kind, number, line in mutants_of(path):
+                    by_kind.setdefault(kind, []).append((path.relative_to(ROOT), kind, number, line))
+    generator = random.Random(seed)
+    for mutants in by_kind.values():
+        generator.shuffle(mutants)
+    picked = []
+    while len(picked) < count and any(by_kind.values()):
+        picked += [mutants.pop() for mutants in by_kind.values() if mutants]
+    return picked[:count]
+
+
+class Worker:
+    def __init__(self, number):
+        self.source = ROOT / f"build/mutate/{number}/source"
+        self.build = ROOT / f"build/mutate/{number}/build"
+        shutil.rmtree(self.source, ignore_errors=True)
+        files = subprocess.run(["git", "ls-files"], cwd=ROOT, check=True, capture_output=True, text=True).stdout.split("\n")
+        for file in filter(None, files):
+            if not file.startswith("tests/") and (ROOT / file).exists():
+                (self.source / file).parent.mkdir(parents=True, exist_ok=True)
+                shutil.copy2(ROOT / file, self.source / file)
+        options = ["-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DMELK_TOOL=OFF", "-DMELK_TESTS=OFF"]
+        subprocess.run(["cmake", "-S", self.source, "-B", self.build, *options], check=True, stdout=subprocess.DEVNULL)
+        if not self.compiles():
+            raise SystemExit("the library itself does not build")
+        if self.fails():
+            raise SystemExit("the tests fail without any mutant")
+
+    def compiles(self):
+        return subprocess.run(["ninja", "-C", self.build], capture_output=True).returncode == 0
+
+    def fails(self):
+        environment = dict(os.environ, LD_LIBRARY_PATH=str(self.build / "lib"), GTEST_FAIL_FAST="1")
+        try:
+            command = [TESTS, "--gtest_brief=1", "--gtest_filter=-ToolTest*"]
+            return subprocess.run(command, env=environment, capture_output=True, timeout=120).returncode != 0
+        except subprocess.TimeoutExpired:
+            return True
+
+    def run(self, mutant):
+        path, _, number, line = mutant
+        original = (ROOT / path).read_text()
+        lines = original.splitlines(keepends=True)
+        lines[number] = line
+        (self.source / path).write_text("".join(lines))
+        result = "invalid" if not self.compiles() else "caught" if self.fails() else "survived"
+        (self.source / path).write_text(original)
+        return result
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--count", type=int, default=250)
+    parser.add_argument("--seed", type=int, default=1)
+    parser.add_argument("--jobs", type=int, default=os.cpu_count())
+    parser.add_argument("--file", default="", help="only files whose path contains this")
+    options = parser.parse_args()
+    mutants = chosen(options.count, options.seed, options.file)
+    workers = queue.Queue()
+    for number in range(options.jobs):
+        workers.put(Worker(number))
+
+    def run(mutant):
+        worker = workers.get()
+        try:
+            return worker.run(mutant)
+        finally:
+            workers.put(worker)
+
+    totals = {}
+    with concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
+        for mutant, result in zip(mutants, pool.map(run, mutants)):
+            path, kind, number, line = mutant
+            totals.setdefault(kind, {"caught": 0, "survived": 0, "invalid": 0})[result] += 1
+            if result == "survived":
+                print(f"survived: {path}:{number + 1} ({kind}): {line.strip() or '(removed)'}", flush=True)
+    print(f"\n{'kind':12}{'caught':>8}{'survived':>10}{'invalid':>9}")
+    for kind, of_kind in sorted(totals.items()):
+        print(f"{kind:12}{of_kind['caught']:8}{of_kind['survived']:10}{of_kind['invalid']:9}")
+    caught = sum(of_kind["caught"] for of_kind in totals.values())
+    survived = sum(of_kind["survived"] for of_kind in totals.values())
+    print(f"{caught} of {caught + survived} mutants caught: {100.0 * caught / max(caught + survived, 1):.1f} %")
+
+
+main()
