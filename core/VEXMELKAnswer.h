@@ -7,17 +7,23 @@
 #include <exception>
 #include <type_traits>
 
-// While the outermost operation of an object runs, a load that failed is not repeated.
+// While the outermost operation of an object runs, a load that failed is not repeated. The object outlives its
+// operation: a box may run the host's own code, and that may have the manager release it.
 class VEXMELKConfig::QueryScope
 {
 public:
-    explicit QueryScope(VEXMELKConfig& config) : m_Config(config) { ++m_Config.m_RunningQueries; }
+    explicit QueryScope(VEXMELKConfig& config) : m_Config(config)
+    {
+        m_Config.AddRef();
+        ++m_Config.m_RunningQueries;
+    }
     QueryScope(const QueryScope&) = delete;
     QueryScope& operator=(const QueryScope&) = delete;
     ~QueryScope()
     {
         if (--m_Config.m_RunningQueries == 0)
             m_Config.m_LoadFailed = false;
+        m_Config.Release();
     }
 
 private:

@@ -5,7 +5,7 @@
 
 namespace {
 
-const CATExternalComponent registration(
+const CATExternalComponent errorHandlerRegistration(
     "VEXMELKSAXErrorHandler", []() -> CATBaseUnknown* { return new VEXMELKSAXErrorHandler; });
 
 CATUnicodeString MessageText(const CATSAXParseException* exception)

@@ -6,7 +6,7 @@ namespace {
 
 constexpr const char* sharedDocumentType = "basedata.dtd";
 
-const CATExternalComponent registration(
+const CATExternalComponent entityResolverRegistration(
     "VEXMELKXMLEntityResolver", []() -> CATBaseUnknown* { return new VEXMELKXMLEntityResolver; });
 
 } // namespace

@@ -63,6 +63,26 @@ TEST_F(ManagerTest, ReloadRequestDropsBothManagersOnceAndTakesOverTheCommaSettin
     EXPECT_FALSE(copy.CommaDelimiter());
 }
 
+// A host's box may run other checks while it is open; the last object that the manager held answers to its end.
+TEST_F(ManagerTest, BoxInWhichAReloadIsCarriedOutLeavesTheQueryItsObject)
+{
+    class Reloading final : public ::VEXMELKMessagePresenter
+    {
+    public:
+        void Show(Kind /*kind*/, const CATUnicodeString& /*title*/, const CATUnicodeString& /*text*/) override
+        {
+            ++boxes;
+            VEXMELKUtilities::SetReloadConfigurationFlag(1);
+            VEXMELKConfigManager::GetConfigManager();
+        }
+        int boxes = 0;
+    } presenter;
+    VEXMELKGUI::InstallPresenter(&presenter);
+    EXPECT_EQ(FrontOffset(*ManagerOf(0)->GetUFCurbConfig()), "before");
+    EXPECT_EQ(presenter.boxes, 1);
+    VEXMELKGUI::InstallPresenter(nullptr);
+}
+
 TEST_F(ManagerTest, QueryWhileAReloadIsPendingIsAnsweredFromTheOldDocuments)
 {
     WriteCurb("1");

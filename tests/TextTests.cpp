@@ -291,7 +291,7 @@ TEST(Handle, HoldsItsComponentAsLongAsItLives)
         Handle second = first;
         const Handle third(second.Get());
         Handle moved = std::move(first);
-        EXPECT_TRUE(first == NULL_var); // NOLINT(bugprone-use-after-move)
+        EXPECT_TRUE(first == NULL_var); // NOLINT(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
         second = *&second;
         second = Handle::Create(4);
         EXPECT_EQ(second->value, 4);

@@ -20,8 +20,9 @@ Outcome RunTool(const std::string& arguments)
 {
     FILE* pipe = popen((std::string("env -u MELK_CFG_PATH " MELKCFG " ") + arguments + " 2>&1").c_str(), "r");
     std::string output;
-    for (char buffer[4096]; const std::size_t read = fread(buffer, 1, sizeof buffer, pipe);)
-        output.append(buffer, read);
+    char buffer[4096];
+    for (std::size_t read = 1; read > 0; output.append(buffer, read))
+        read = fread(buffer, 1, sizeof buffer, pipe);
     const int status = pclose(pipe);
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, output};
 }

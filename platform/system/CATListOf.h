@@ -5,6 +5,7 @@
 #include "CATUnicodeString.h"
 
 #include <algorithm>
+#include <unordered_set>
 #include <vector>
 
 template <class Value> class CATListOf
@@ -28,11 +29,8 @@ public:
     // Keeps the first of each.
     void RemoveDuplicates()
     {
-        auto kept = m_Values.begin();
-        for (auto value = m_Values.begin(); value != m_Values.end(); ++value)
-            if (std::find(m_Values.begin(), kept, *value) == kept)
-                std::iter_swap(kept++, value);
-        m_Values.erase(kept, m_Values.end());
+        std::unordered_set<Value> known;
+        std::erase_if(m_Values, [&known](const Value& value) { return !known.insert(value).second; });
     }
 
     auto begin() const { return m_Values.begin(); }

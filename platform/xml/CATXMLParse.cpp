@@ -55,6 +55,10 @@ template <auto Event, class... Arguments> void CATXMLParse::Guarded(void* self, 
     {
         parse->FailForMemory();
     }
+    catch (...)
+    {
+        parse->Fail("a handler of the document failed");
+    }
 }
 
 // While it lives, events come from the parser of an external subset.
@@ -380,6 +384,8 @@ std::optional<std::string> CATXMLParse::ReadExternalFile(const CATUnicodeString&
         bytes.resize(size + pieceBytes);
         const long read = file.Read(bytes.data() + size, pieceBytes);
         if (read < 0)
+            Fail(std::string("cannot be read: ") + std::strerror(errno));
+        if (m_Failure)
             return std::nullopt;
         bytes.resize(size + static_cast<std::size_t>(read));
         m_BytesRead += static_cast<std::size_t>(read);

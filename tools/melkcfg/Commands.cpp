@@ -159,7 +159,7 @@ Json AssignedValue(const Parameter& parameter, const std::string& text)
 {
     if (parameter.type == Codec<CATUnicodeString>::Type())
         return text;
-    const Json value = Json::parse(text, nullptr, false);
+    Json value = Json::parse(text, nullptr, false);
     if (value.is_discarded())
         throw WrongType(parameter.name, parameter.type.c_str(), text);
     return value;

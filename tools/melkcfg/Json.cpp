@@ -12,12 +12,12 @@ std::size_t Distance(std::string_view left, std::string_view right)
     const auto lower = [](char character) { return std::tolower(static_cast<unsigned char>(character)); };
     std::vector<std::size_t> row(right.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
-    for (std::size_t i = 0; i < left.size(); ++i)
+    for (const char wanted : left)
     {
         std::size_t diagonal = row[0]++;
         for (std::size_t j = 0; j < right.size(); ++j)
         {
-            const std::size_t substituted = diagonal + (lower(left[i]) == lower(right[j]) ? 0 : 1);
+            const std::size_t substituted = diagonal + (lower(wanted) == lower(right[j]) ? 0 : 1);
             diagonal = row[j + 1];
             row[j + 1] = std::min({substituted, row[j + 1] + 1, row[j] + 1});
         }

@@ -64,6 +64,7 @@ template <> constexpr auto FieldsOf<VEXMELKEyePointPosition>()
     return Fields<mm, &R::dx, &R::dy, &R::dz>();
 }
 
+// NOLINTNEXTLINE(readability-function-size): one table
 std::vector<Configuration> OccupantConfigurations()
 {
     using Manager = VEXMELKConfigManager;

@@ -187,6 +187,7 @@ template <> constexpr auto FieldsOf<VEXMELKWipersDefinition>()
     return Fields<none, &R::a_field, &R::b_field, &R::c_field>();
 }
 
+// NOLINTNEXTLINE(readability-function-size): one table
 std::vector<Configuration> VisionConfigurations()
 {
     using Manager = VEXMELKConfigManager;
