@@ -25,5 +25,7 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/VEXMELKConfigurationConfig.cmake
               ${CMAKE_CURRENT_BINARY_DIR}/VEXMELKConfigurationConfigVersion.cmake
         DESTINATION ${package_directory})
 
+# Relative, so that the installed folder may be moved, or chosen when it is installed.
+file(RELATIVE_PATH prefix_from_pkgconfig /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(cmake/VEXMELKConfiguration.pc.in VEXMELKConfiguration.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/VEXMELKConfiguration.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
