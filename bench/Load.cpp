@@ -15,15 +15,19 @@ namespace {
 class AnyConfiguration : public VEXMELKConfig
 {
 public:
-    explicit AnyConfiguration(const fs::path& file) : VEXMELKConfig(file.parent_path().c_str(), file.filename().c_str())
-    {
-    }
+    explicit AnyConfiguration(const std::string& file) : AnyConfiguration(file, file.rfind('/')) {}
     std::size_t Elements()
     {
         VEXMELKRootDOMElementsDefinition roots;
         if (!GetRootDOMElements(roots))
             throw std::runtime_error("the library did not load a file");
         return 1 + static_cast<std::size_t>(roots.DefaultRootElement->GetElementsByTagName("*")->GetLength());
+    }
+
+private:
+    AnyConfiguration(std::string_view file, std::size_t slash)
+        : VEXMELKConfig(CATUnicodeString(file.substr(0, slash)), CATUnicodeString(file.substr(slash + 1)))
+    {
     }
 };
 
@@ -34,7 +38,7 @@ public:
     {
         for (const fs::path& file : files)
         {
-            m_Configurations.push_back(CATHandle<AnyConfiguration>::Create(file));
+            m_Configurations.push_back(CATHandle<AnyConfiguration>::Create(file.native()));
             m_Configurations.back()->FindStandardLevel(""); // asks for the catalogue, so for all of it
         }
     }

@@ -22,7 +22,9 @@ Pugixml::Document Pugixml::Load(const std::filesystem::path& file)
 
 Libxml2::Document Libxml2::Load(const std::filesystem::path& file)
 {
-    Document document(xmlReadFile(file.c_str(), nullptr, XML_PARSE_HUGE | XML_PARSE_NONET), xmlFreeDoc);
+    // With the defaults that a type definition declares, as the library and Xerces-C read them.
+    constexpr int options = XML_PARSE_HUGE | XML_PARSE_NONET | XML_PARSE_DTDLOAD | XML_PARSE_DTDATTR;
+    Document document(xmlReadFile(file.c_str(), nullptr, options), xmlFreeDoc);
     RequireLoaded(document != nullptr, "libxml2", file);
     return document;
 }

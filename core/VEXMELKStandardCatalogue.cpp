@@ -3,22 +3,28 @@
 bool VEXMELKNameIndex::Add(const CATIDOMElement_var& element)
 {
     const CATIDOMNode_var name = AttributeOf(element, "name");
-    if (name == NULL_var || Find(name->GetNodeValue()) != CATTextTable::none)
+    if (name == NULL_var || Compare(name->GetNodeValue()) != CATTextTable::none)
+        return false;
+    const auto number = static_cast<CATTextTable::Number>(m_Entries.size());
+    if (number >= comparedUpTo && m_Table.FindOrAdd(name->GetNodeValue(), number, NameOf()) != number)
         return false;
     m_Entries.push_back({name->GetNodeValue(), element});
-    const auto number = static_cast<CATTextTable::Number>(m_Entries.size() - 1);
-    if (number >= comparedUpTo)
-        m_Table.Add(name->GetNodeValue(), number);
     return true;
 }
 
 CATTextTable::Number VEXMELKNameIndex::Find(std::string_view name) const
 {
+    const CATTextTable::Number number = Compare(name);
+    return number == CATTextTable::none ? m_Table.Find(name, NameOf()) : number;
+}
+
+CATTextTable::Number VEXMELKNameIndex::Compare(std::string_view name) const
+{
     const std::size_t compared = std::min(m_Entries.size(), comparedUpTo);
     for (std::size_t number = 0; number < compared; ++number)
         if (CATTextEqual(m_Entries[number].name, name))
             return static_cast<CATTextTable::Number>(number);
-    return m_Table.Find(name, [this](CATTextTable::Number number) { return std::string_view(m_Entries[number].name); });
+    return CATTextTable::none;
 }
 
 void VEXMELKStandardCatalogue::AddDocument(const CATIDOMElement_var& root)

@@ -36,8 +36,15 @@ private:
         VEXMELKNodeText name;
         CATIDOMElement_var element;
     };
+    // The number of the name among the compared ones, or CATTextTable::none.
+    CATTextTable::Number Compare(std::string_view name) const;
+    auto NameOf() const
+    {
+        return [this](CATTextTable::Number number) { return std::string_view(m_Entries[number].name); };
+    }
+
     std::vector<Entry> m_Entries;
-    CATTextTable m_Table;
+    CATTextTable m_Table; // of those that are not compared
 };
 
 class VEXMELKStandardCatalogue

@@ -5,6 +5,8 @@
 #ifndef CATShortText_H
 #define CATShortText_H
 
+#include "CATTextHash.h"
+
 #include <cstdint>
 #include <cstring>
 #include <string_view>
@@ -74,32 +76,12 @@ private:
         std::memcpy(static_cast<void*>(&other), bytes, sizeof bytes);
     }
 
-    // The text, and a zero byte behind it. Short texts are copied by two words that may overlap, both read before
-    // either is written.
+    // The text, and a zero byte behind it.
     static void Place(char* to, std::string_view text)
     {
-        const char* from = text.data();
         const std::size_t size = text.size();
-        if (size > 16)
-            std::memmove(to, from, size);
-        else if (size >= 8)
-            CopyEnds<std::uint64_t>(to, from, size);
-        else if (size >= 4)
-            CopyEnds<std::uint32_t>(to, from, size);
-        else if (size >= 2)
-            CopyEnds<std::uint16_t>(to, from, size);
-        else if (size == 1)
-            *to = *from;
+        CATTextCopy(to, text);
         to[size] = '\0';
-    }
-    template <class Word> static void CopyEnds(char* to, const char* from, std::size_t size)
-    {
-        Word first;
-        Word last;
-        std::memcpy(&first, from, sizeof first);
-        std::memcpy(&last, from + size - sizeof last, sizeof last);
-        std::memcpy(to, &first, sizeof first);
-        std::memcpy(to + size - sizeof last, &last, sizeof last);
     }
 
     union

@@ -1,4 +1,4 @@
-// Comparing and hashing the names of documents and standards.
+// Comparing, hashing and copying texts that are short as a rule: names of documents and standards, values.
 //
 // The names come out of files, so the hash is salted per process: nobody can write a file whose names all collide.
 #ifndef CATTextHash_H
@@ -47,6 +47,32 @@ inline bool CATTextEqual(std::string_view left, std::string_view right)
     if (size >= 4)
         return sameEnds(4);
     return size < 2 ? size == 0 || *left.data() == *right.data() : sameEnds(2);
+}
+
+// Copies the text, from where it may overlap. Short ones are copied by two words that may overlap too, both read before
+// either is written.
+inline void CATTextCopy(char* to, std::string_view text)
+{
+    const char* from = text.data();
+    const std::size_t size = text.size();
+    const auto copyEnds = [&]<class Word>(Word first)
+    {
+        Word last;
+        std::memcpy(&first, from, sizeof first);
+        std::memcpy(&last, from + size - sizeof last, sizeof last);
+        std::memcpy(to, &first, sizeof first);
+        std::memcpy(to + size - sizeof last, &last, sizeof last);
+    };
+    if (size > 16)
+        std::memmove(to, from, size);
+    else if (size >= 8)
+        copyEnds(std::uint64_t{});
+    else if (size >= 4)
+        copyEnds(std::uint32_t{});
+    else if (size >= 2)
+        copyEnds(std::uint16_t{});
+    else if (size == 1)
+        *to = *from;
 }
 
 inline std::uint32_t CATTextHash(std::string_view text, std::uint64_t salt)

@@ -2,25 +2,18 @@
 
 #include <algorithm>
 
-void CATTextTable::Insert(std::vector<Slot>& slots, const Slot& entry)
+void CATTextTable::Grow()
 {
-    const std::size_t mask = slots.size() - 1;
-    std::size_t slot = entry.hash & mask;
-    while (slots[slot].number != none)
-        slot = (slot + 1) & mask;
-    slots[slot] = entry;
-}
-
-void CATTextTable::Add(std::string_view text, Number number)
-{
-    if (m_Used * 2 >= m_Slots.size())
+    std::vector<Slot> larger(std::max<std::size_t>(m_Slots.size() * 2, 128), Slot{0, none});
+    const std::size_t mask = larger.size() - 1;
+    for (const Slot& entry : m_Slots)
     {
-        std::vector<Slot> larger(std::max<std::size_t>(m_Slots.size() * 2, 16), Slot{0, none});
-        for (const Slot& entry : m_Slots)
-            if (entry.number != none)
-                Insert(larger, entry);
-        m_Slots.swap(larger);
+        if (entry.number == none)
+            continue;
+        std::size_t slot = entry.hash & mask;
+        while (larger[slot].number != none)
+            slot = (slot + 1) & mask;
+        larger[slot] = entry;
     }
-    Insert(m_Slots, {CATTextHash(text, m_Salt), number});
-    ++m_Used;
+    m_Slots.swap(larger);
 }

@@ -15,18 +15,23 @@ public:
     // The number of the text, or none; "textOf(number)" is the text of a number.
     template <class TextOf> Number Find(std::string_view text, const TextOf& textOf) const
     {
-        if (m_Slots.empty())
-            return none;
-        const std::uint32_t hash = CATTextHash(text, m_Salt);
-        const std::size_t mask = m_Slots.size() - 1;
-        for (std::size_t slot = hash & mask; m_Slots[slot].number != none; slot = (slot + 1) & mask)
-            if (m_Slots[slot].hash == hash && CATTextEqual(textOf(m_Slots[slot].number), text))
-                return m_Slots[slot].number;
-        return none;
+        return m_Slots.empty() ? none : m_Slots[SlotOf(text, CATTextHash(text, m_Salt), textOf)].number;
     }
 
-    // Adds a text that is not in the table.
-    void Add(std::string_view text, Number number);
+    // The number of the text; when it has none, it gets "number".
+    template <class TextOf> Number FindOrAdd(std::string_view text, Number number, const TextOf& textOf)
+    {
+        if (m_Used * 2 >= m_Slots.size())
+            Grow();
+        const std::uint32_t hash = CATTextHash(text, m_Salt);
+        Slot& slot = m_Slots[SlotOf(text, hash, textOf)];
+        if (slot.number == none)
+        {
+            slot = {hash, number};
+            ++m_Used;
+        }
+        return slot.number;
+    }
 
 private:
     struct Slot
@@ -34,7 +39,18 @@ private:
         std::uint32_t hash;
         Number number;
     };
-    static void Insert(std::vector<Slot>& slots, const Slot& entry);
+
+    // The slot of the text, or the empty one that it would get.
+    template <class TextOf> std::size_t SlotOf(std::string_view text, std::uint32_t hash, const TextOf& textOf) const
+    {
+        const std::size_t mask = m_Slots.size() - 1;
+        std::size_t slot = hash & mask;
+        while (m_Slots[slot].number != none &&
+               (m_Slots[slot].hash != hash || !CATTextEqual(textOf(m_Slots[slot].number), text)))
+            slot = (slot + 1) & mask;
+        return slot;
+    }
+    void Grow();
 
     std::uint64_t m_Salt = CATTextHashSalt();
     std::vector<Slot> m_Slots; // a power of two, at most half of it in use; none in empty ones

@@ -79,7 +79,11 @@ public:
         m_Text.Append(text);
         return *this;
     }
-    friend CATUnicodeString operator+(CATUnicodeString left, std::string_view right) { return left += right; }
+    friend CATUnicodeString operator+(CATUnicodeString left, std::string_view right)
+    {
+        left += right;
+        return left; // moved, where "left += right" itself would be copied
+    }
     friend bool operator==(const CATUnicodeString& left, const CATUnicodeString& right)
     {
         return CATTextEqual(left, right);

@@ -2,16 +2,29 @@
 
 #include <algorithm>
 
-CATXMLNames::Symbol CATXMLNames::Intern(std::string_view name)
+// The same names come in the same order over and over: the one that followed the last time is tried first.
+CATXMLNames::Symbol CATXMLNames::Intern(const char* name)
 {
-    const Symbol known = Find(name);
-    if (known != none)
-        return known;
-    const auto symbol = static_cast<Symbol>(m_Entries.Size());
-    const auto offset = static_cast<std::uint32_t>(m_Characters.Size());
-    std::copy(name.begin(), name.end(), m_Characters.Extend(name.size()));
-    m_Entries.Append({offset, static_cast<std::uint32_t>(name.size())});
-    m_Table.Add(name, symbol);
+    Symbol symbol = m_Latest == none ? none : m_Entries[m_Latest].following;
+    if (!Is(symbol, name))
+    {
+        symbol = FindOrAdd(name);
+        if (m_Latest != none)
+            m_Entries[m_Latest].following = symbol;
+    }
+    return m_Latest = symbol;
+}
+
+CATXMLNames::Symbol CATXMLNames::FindOrAdd(std::string_view name)
+{
+    const auto added = static_cast<Symbol>(m_Entries.Size());
+    const Symbol symbol = m_Table.FindOrAdd(name, added, [this](Symbol known) { return Name(known); });
+    if (symbol == added)
+    {
+        m_Entries.Append(
+            {static_cast<std::uint32_t>(m_Characters.Size()), static_cast<std::uint32_t>(name.size()), none});
+        *std::copy(name.begin(), name.end(), m_Characters.Extend(name.size() + 1)) = '\0';
+    }
     return symbol;
 }
 

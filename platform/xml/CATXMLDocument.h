@@ -13,6 +13,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <new>
 #include <string_view>
 #include <type_traits>
@@ -43,7 +44,7 @@ public:
     Value* Extend(std::size_t count)
     {
         if (m_Capacity - m_Size < count)
-            Reallocate(m_Size + count + m_Size / 2);
+            Reallocate(std::max(m_Size + count + m_Size / 2, firstBytes / sizeof(Value)));
         m_Size += count;
         return m_Values + (m_Size - count);
     }
@@ -54,6 +55,8 @@ public:
     void Shrink() { Reallocate(m_Size); }
 
 private:
+    static constexpr std::size_t firstBytes = 1024; // most documents are small: these hold much of one
+
     void Reallocate(std::size_t capacity)
     {
         if (capacity == m_Capacity)
@@ -81,7 +84,8 @@ public:
     {
         return m_Table.Find(name, [this](Symbol symbol) { return Name(symbol); });
     }
-    Symbol Intern(std::string_view name);
+    // The symbol of the name, which is numbered now if it is new.
+    Symbol Intern(const char* name);
     std::string_view Name(Symbol symbol) const
     {
         const Entry& entry = m_Entries[symbol];
@@ -95,11 +99,18 @@ private:
     {
         std::uint32_t offset;
         std::uint32_t length;
+        Symbol following; // the one that was asked for next, the last time
     };
+    Symbol FindOrAdd(std::string_view name);
+    bool Is(Symbol symbol, const char* name) const
+    {
+        return symbol != none && std::strcmp(m_Characters.Data() + m_Entries[symbol].offset, name) == 0;
+    }
 
     CATTextTable m_Table;
-    CATXMLBuffer<char> m_Characters;
+    CATXMLBuffer<char> m_Characters; // each name ends with a zero
     CATXMLBuffer<Entry> m_Entries;
+    Symbol m_Latest = none;
 };
 
 class CATXMLDocument

@@ -30,7 +30,7 @@ CATXMLDocumentWriter::Index CATXMLDocumentWriter::AddTextNode(
 
 void CATXMLDocumentWriter::AppendCharacters(std::string_view text)
 {
-    std::copy(text.begin(), text.end(), m_Document->m_Text.Extend(text.size()));
+    CATTextCopy(m_Document->m_Text.Extend(text.size()), text);
 }
 
 CATXMLDocumentWriter::Index CATXMLDocumentWriter::AddValue(std::string_view value)
@@ -39,12 +39,13 @@ CATXMLDocumentWriter::Index CATXMLDocumentWriter::AddValue(std::string_view valu
     std::size_t length = value.size();
     for (; length >= 128; length >>= 7)
         m_Document->m_Text.Append(static_cast<char>((length & 127) | 128));
-    m_Document->m_Text.Append(static_cast<char>(length));
-    AppendCharacters(value);
+    char* end = m_Document->m_Text.Extend(1 + value.size());
+    *end = static_cast<char>(length);
+    CATTextCopy(end + 1, value);
     return offset;
 }
 
-void CATXMLDocumentWriter::StartElement(std::string_view tag, const char* const* attributes, int line, int column)
+void CATXMLDocumentWriter::StartElement(const char* tag, const char* const* attributes, int line, int column)
 {
     CloseText();
     CATXMLDocument& document = *m_Document;
@@ -69,7 +70,10 @@ void CATXMLDocumentWriter::EndElement()
 void CATXMLDocumentWriter::AppendText(std::string_view piece)
 {
     if (m_OpenText == CATXMLDocument::none)
-        m_OpenText = AddTextNode(CATXMLDocument::Text, 0, {});
+    {
+        m_OpenText = AddTextNode(CATXMLDocument::Text, 0, piece);
+        return;
+    }
     AppendCharacters(piece);
     m_Document->m_Nodes[m_OpenText].endOrLength += static_cast<Index>(piece.size());
 }
@@ -97,7 +101,7 @@ void CATXMLDocumentWriter::CloseText()
 
 void CATXMLDocumentWriter::Comment(std::string_view text) { AddTextNode(CATXMLDocument::Comment, 0, text); }
 
-void CATXMLDocumentWriter::Instruction(std::string_view target, std::string_view data)
+void CATXMLDocumentWriter::Instruction(const char* target, std::string_view data)
 {
     AddTextNode(CATXMLDocument::ProcessingInstruction, m_Document->m_Names.Intern(target), data);
 }

@@ -15,14 +15,14 @@ public:
     CATXMLDocumentWriter();
 
     // "attributes" are pairs of name and value, ended by a null pointer. Line and column count from 1.
-    void StartElement(std::string_view tag, const char* const* attributes, int line, int column);
+    void StartElement(const char* tag, const char* const* attributes, int line, int column);
     void EndElement();
     // Adjacent pieces become one text node, or one CDATA section between StartCData and EndCData.
     void AppendText(std::string_view piece);
     void StartCData();
     void EndCData();
     void Comment(std::string_view text);
-    void Instruction(std::string_view target, std::string_view data);
+    void Instruction(const char* target, std::string_view data);
 
     // Bytes that the document takes up so far.
     std::size_t Bytes() const;

@@ -140,27 +140,52 @@ void CATXMLParse::Feed(const Reader& reader, std::size_t expectedBytes)
 {
     if (expectedBytes > CATXMLBounds::documentBytes)
         return Fail(Bound(CATXMLBounds::documentBytes, "bytes in the document"));
+    // One byte more than there should be, so that a document of one piece shows its end with it.
     std::size_t piece = std::min(pieceBytes, expectedBytes + 1);
     for (bool atEnd = false; !atEnd && !m_Failure;)
     {
-        void* buffer = XML_GetBuffer(m_Parser, static_cast<int>(piece));
+        auto* buffer = static_cast<char*>(XML_GetBuffer(m_Parser, static_cast<int>(piece)));
         if (!buffer)
             throw std::bad_alloc();
-        const long read = reader(buffer, piece);
-        if (read < 0)
-            return Fail(std::string("cannot be read: ") + std::strerror(errno));
-        if (m_BytesRead == 0)
-            m_ByteOrderMark = StartsWithByteOrderMark({static_cast<char*>(buffer), static_cast<std::size_t>(read)});
-        m_BytesRead += static_cast<std::size_t>(read);
-        if (m_BytesRead > CATXMLBounds::documentBytes)
-            return Fail(Bound(CATXMLBounds::documentBytes, "bytes in the document"));
-        atEnd = read == 0;
+        const bool isFirst = m_BytesRead == 0;
+        const std::size_t read = Fill(reader, buffer, piece);
+        if (m_Failure)
+            return;
+        atEnd = read < piece;
+        if (isFirst)
+            SeeBegin({buffer, read}, atEnd);
         const XML_Index before = XML_GetCurrentByteIndex(m_Parser);
         CheckParsed(XML_ParseBuffer(m_Parser, static_cast<int>(read), atEnd ? XML_TRUE : XML_FALSE));
         // A single piece of markup larger than the buffer: larger steps keep the work linear.
         if (XML_GetCurrentByteIndex(m_Parser) == before)
             piece = std::min(piece * 2, CATXMLBounds::documentBytes);
     }
+}
+
+void CATXMLParse::SeeBegin(std::string_view bytes, bool isWhole)
+{
+    m_ByteOrderMark = StartsWithByteOrderMark(bytes);
+    if (isWhole)
+        m_Places.SeeDocument(bytes);
+}
+
+// Reads until the buffer is full or the file ends, and tells how many bytes that were.
+std::size_t CATXMLParse::Fill(const Reader& reader, char* buffer, std::size_t size)
+{
+    std::size_t filled = 0;
+    for (long read = 1; read > 0 && filled < size; filled += static_cast<std::size_t>(read))
+    {
+        read = reader(buffer + filled, size - filled);
+        if (read < 0)
+        {
+            Fail(std::string("cannot be read: ") + std::strerror(errno));
+            break;
+        }
+    }
+    m_BytesRead += filled;
+    if (m_BytesRead > CATXMLBounds::documentBytes)
+        Fail(Bound(CATXMLBounds::documentBytes, "bytes in the document"));
+    return filled;
 }
 
 void CATXMLParse::CheckParsed(XML_Status status)
@@ -182,7 +207,10 @@ void CATXMLParse::FailAt(Place place, const std::string& message)
 void CATXMLParse::FailForMemory()
 {
     if (!m_Failure)
-        m_Failure = CATSAXParseException(CATUnicodeString("out of memory"), Here().line, Here().column);
+    {
+        const Place place = Here();
+        m_Failure = CATSAXParseException(CATUnicodeString("out of memory"), place.line, place.column);
+    }
     XML_StopParser(m_Parser, XML_FALSE);
 }
 
@@ -195,9 +223,14 @@ CATXMLParse::Place CATXMLParse::Here() const
     return {line, afterMark ? column - 1 : column};
 }
 
+CATXMLParse::Place CATXMLParse::ElementPlace()
+{
+    return m_Places.MoveToEvent(m_Parser) ? Place{m_Places.Line(), m_Places.Column()} : Here();
+}
+
 void CATXMLParse::OnStartElement(const XML_Char* tag, const XML_Char** attributes)
 {
-    const Place place = Here();
+    const Place place = ElementPlace();
     if (++m_Depth > CATXMLBounds::elementDepth)
         return Fail(Bound(CATXMLBounds::elementDepth, "elements within each other"));
     if (m_HasDoctype)
@@ -239,8 +272,10 @@ void CATXMLParse::OnStartCData() { m_Writer.StartCData(); }
 
 void CATXMLParse::OnEndCData() { m_Writer.EndCData(); }
 
-void CATXMLParse::OnXmlDeclaration(const XML_Char* version, const XML_Char* /*encoding*/, int /*standalone*/)
+void CATXMLParse::OnXmlDeclaration(const XML_Char* version, const XML_Char* encoding, int /*standalone*/)
 {
+    if (encoding && m_ExternalDepth == 0)
+        m_Places.SeeEncoding(encoding);
     if (version && std::string_view(version) != "1.0")
         Fail(std::string("XML version ") + version + " is not supported");
 }
@@ -303,8 +338,11 @@ void CATXMLParse::OnMarkup(const XML_Char* markup, int length)
 
 void CATXMLParse::OnSkippedEntity(const XML_Char* /*name*/, int /*isParameter*/) { Fail(undeclaredEntity); }
 
+// Only by what its document type declares can a document grow beyond its measure.
 void CATXMLParse::CheckGrowth()
 {
+    if (!m_HasDoctype)
+        return;
     const std::size_t bytes = m_Writer.Bytes();
     if (bytes <= CATXMLBounds::expandedBytes)
         return;
@@ -366,7 +404,8 @@ std::optional<CATXMLParse::External> CATXMLParse::FindExternal(
     if (m_MissingExternals.insert(systemId).second && m_ErrorHandler != NULL_var)
     {
         const std::string message = std::string("\"") + systemId + "\" cannot be had; the document is read without it";
-        const CATSAXParseException warning(CATUnicodeString(message), Here().line, Here().column);
+        const Place place = Here();
+        const CATSAXParseException warning(CATUnicodeString(message), place.line, place.column);
         m_ErrorHandler->Warning(&warning);
     }
     return std::nullopt;
@@ -377,21 +416,16 @@ std::optional<std::string> CATXMLParse::ReadExternalFile(const CATUnicodeString&
     CATInputFile file(path);
     if (!file.IsOpen())
         return std::nullopt;
+    const std::size_t piece = std::min(pieceBytes, file.Size() + 1);
     std::string bytes;
-    for (;;)
+    for (std::size_t size = 0;; size = bytes.size())
     {
-        const std::size_t size = bytes.size();
-        bytes.resize(size + pieceBytes);
-        const long read = file.Read(bytes.data() + size, pieceBytes);
-        if (read < 0)
-            Fail(std::string("cannot be read: ") + std::strerror(errno));
+        bytes.resize(size + piece);
+        bytes.resize(
+            size + Fill([&](void* buffer, std::size_t left) { return file.Read(buffer, left); }, &bytes[size], piece));
         if (m_Failure)
             return std::nullopt;
-        bytes.resize(size + static_cast<std::size_t>(read));
-        m_BytesRead += static_cast<std::size_t>(read);
-        if (m_BytesRead > CATXMLBounds::documentBytes)
-            Fail(Bound(CATXMLBounds::documentBytes, "bytes in the document"));
-        if (read == 0 || m_Failure)
+        if (bytes.size() < size + piece)
             return bytes;
     }
 }

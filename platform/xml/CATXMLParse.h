@@ -5,6 +5,7 @@
 #include "CATIXMLDOMDocumentBuilder.h"
 #include "CATXMLDocumentWriter.h"
 #include "CATXMLEntities.h"
+#include "CATXMLPlaceCounter.h"
 
 #include <expat.h>
 #include <functional>
@@ -34,6 +35,8 @@ private:
 
     void SetHandlers();
     void Feed(const Reader& reader, std::size_t expectedBytes);
+    void SeeBegin(std::string_view bytes, bool isWhole);
+    std::size_t Fill(const Reader& reader, char* buffer, std::size_t size);
     void CheckParsed(XML_Status status);
 
     // Records the first failure, at the parser's position, and stops the parse.
@@ -43,6 +46,7 @@ private:
         int column;
     };
     Place Here() const;
+    Place ElementPlace();
     void Fail(const std::string& message) { FailAt(Here(), message); }
     void FailAt(Place place, const std::string& message);
     void FailForMemory();
@@ -90,6 +94,7 @@ private:
     XML_Parser m_Parser = nullptr; // the one whose events are coming in: the document's or an external subset's
     CATXMLDocumentWriter m_Writer;
     CATXMLEntities m_Entities;
+    CATXMLPlaceCounter m_Places;
     std::optional<CATSAXParseException> m_Failure;
     std::set<std::string> m_MissingExternals;
     std::string m_ExternalName; // of the external subset that is being read

@@ -1,0 +1,68 @@
+#include "CATXMLPlaceCounter.h"
+
+#include <strings.h>
+
+namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+bool IsUTF16(std::string_view bytes)
+{
+    return bytes.starts_with('\xFE') || bytes.starts_with('\xFF') ||
+           bytes.substr(0, 2).find('\0') != std::string_view::npos;
+}
+
+// One that ends a line without a line feed.
+bool HasLoneReturn(std::string_view bytes)
+{
+    for (std::size_t at = bytes.find('\r'); at != std::string_view::npos; at = bytes.find('\r', at + 1))
+        if (at + 1 == bytes.size() || bytes[at + 1] != '\n')
+            return true;
+    return false;
+}
+
+bool BeginsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }
+
+} // namespace
+
+void CATXMLPlaceCounter::SeeDocument(std::string_view bytes)
+{
+    m_IsCounting = !IsUTF16(bytes) && !HasLoneReturn(bytes);
+    if (bytes.starts_with(byteOrderMark))
+        m_Column = 0;
+}
+
+void CATXMLPlaceCounter::SeeEncoding(std::string_view name)
+{
+    if (name.size() != 5 || strncasecmp(name.data(), "UTF-8", 5) != 0)
+        m_IsCounting = false;
+}
+
+bool CATXMLPlaceCounter::MoveToEvent(XML_Parser parser)
+{
+    if (!m_IsCounting)
+        return false;
+    int offset = 0;
+    int size = 0;
+    const char* buffer = XML_GetInputContext(parser, &offset, &size);
+    const XML_Index event = XML_GetCurrentByteIndex(parser);
+    const XML_Index ahead = event - m_Passed;
+    m_IsCounting = buffer && ahead >= 0 && ahead <= offset;
+    if (!m_IsCounting)
+        return false;
+    Pass({buffer + offset - ahead, static_cast<std::size_t>(ahead)});
+    m_Passed = event;
+    return true;
+}
+
+void CATXMLPlaceCounter::Pass(std::string_view bytes)
+{
+    for (std::size_t end = bytes.find('\n'); end != std::string_view::npos; end = bytes.find('\n'))
+    {
+        bytes.remove_prefix(end + 1);
+        ++m_Line;
+        m_Column = 1;
+    }
+    for (const char byte : bytes)
+        m_Column += BeginsCharacter(byte) ? 1 : 0;
+}
