@@ -70,12 +70,7 @@ unsigned char VEXMELKConfig::GetDefaultSettingsName(const CATUnicodeString& stan
 
 int VEXMELKConfig::FindStandardLevel(const CATUnicodeString& standard)
 {
-    return Answer(
-        [&]
-        {
-            VEXMELKRootDOMElementsDefinition roots;
-            return GetRootDOMElements(roots) ? m_Catalogue->FindLevel(standard) : 0;
-        });
+    return Answer([&] { return HasDocuments() ? m_Catalogue->FindLevel(standard) : 0; });
 }
 
 unsigned char VEXMELKConfig::BooleanFromString(const CATUnicodeString& text) { return CompareStrings(text, "TRUE"); }
@@ -148,13 +143,19 @@ unsigned char VEXMELKConfig::GetRootDOMElement(CATIDOMElement_var& root)
     return 0;
 }
 
+unsigned char VEXMELKConfig::HasDocuments()
+{
+    if (m_spRootElement != NULL_var)
+        return 1;
+    const bool loaded = !m_LoadFailed && LoadDocuments();
+    m_LoadFailed = !loaded && m_RunningQueries > 0;
+    return loaded;
+}
+
 unsigned char VEXMELKConfig::GetRootDOMElements(VEXMELKRootDOMElementsDefinition& roots)
 {
-    if (m_spRootElement == NULL_var && (m_LoadFailed || !LoadDocuments()))
-    {
-        m_LoadFailed = m_RunningQueries > 0;
+    if (!HasDocuments())
         return 0;
-    }
     roots.DefaultRootElement = m_spRootElement;
     roots.CustomerRootElement = m_spCustomerRootElement;
     return 1;
@@ -244,29 +245,26 @@ void VEXMELKConfig::ReportFailure(const char* reason) noexcept
 
 CATIDOMElement_var VEXMELKConfig::GetStandardElement(const CATUnicodeString& standard)
 {
-    VEXMELKRootDOMElementsDefinition roots;
-    return GetRootDOMElements(roots) ? m_Catalogue->FindStandard(standard) : CATIDOMElement_var();
+    return HasDocuments() ? m_Catalogue->FindStandard(standard) : CATIDOMElement_var();
 }
 
 CATIDOMElement_var VEXMELKConfig::GetRootChildElement(std::string_view tag, std::string_view name)
 {
-    VEXMELKRootDOMElementsDefinition roots;
-    if (!GetRootDOMElements(roots))
+    if (!HasDocuments())
         return NULL_var;
-    const CATIDOMElement_var found = FindChild(roots.CustomerRootElement, tag, "name", name);
-    return found != NULL_var ? found : FindChild(roots.DefaultRootElement, tag, "name", name);
+    const CATIDOMElement_var found = FindChild(m_spCustomerRootElement, tag, "name", name);
+    return found != NULL_var ? found : FindChild(m_spRootElement, tag, "name", name);
 }
 
 void VEXMELKConfig::GetRootChildNames(std::string_view tag, CATListValCATUnicodeString& names)
 {
     names.RemoveAll();
-    VEXMELKRootDOMElementsDefinition roots;
-    if (!GetRootDOMElements(roots))
+    if (!HasDocuments())
         return;
     CATListValCATUnicodeString ofBase;
-    ChildAttributeValues(roots.CustomerRootElement, tag, "name", names);
-    ChildAttributeValues(roots.DefaultRootElement, tag, "name", ofBase);
-    if (roots.CustomerRootElement == NULL_var)
+    ChildAttributeValues(m_spCustomerRootElement, tag, "name", names);
+    ChildAttributeValues(m_spRootElement, tag, "name", ofBase);
+    if (m_spCustomerRootElement == NULL_var)
         std::swap(names, ofBase);
     else
         AppendMissing(names, ofBase);
@@ -280,8 +278,7 @@ CATIDOMElement_var VEXMELKConfig::GetStandardElement(CATIDOMElement_var& parent,
 VEXMELKConfig::StandardData VEXMELKConfig::FindStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category)
 {
-    VEXMELKRootDOMElementsDefinition roots;
-    if (!GetRootDOMElements(roots))
+    if (!HasDocuments())
         return {};
     const auto found = m_Catalogue->FindCategories(standard, category, defaultCategory);
     return {found.standard, found.category, found.defaultCategory};
@@ -342,9 +339,9 @@ CATIDOMElement_var VEXMELKConfig::GetCategoryElement(const CATUnicodeString& sta
 
 CATIDOMElement_var VEXMELKConfig::GetCategoryElement(const CATUnicodeString& standard, const CATUnicodeString& category)
 {
-    CATIDOMNamedNodeMap_var map;
-    CATIDOMNamedNodeMap_var defaultMap;
-    return GetCategoryElement(standard, category, map, defaultMap);
+    const StandardData data = FindStandardData(standard, category);
+    const CATIDOMElement_var element = CategoryOrObsolete(data, category, 1);
+    return element != NULL_var ? element : CategoryOrObsolete(data, defaultCategory, 1);
 }
 
 // Children ----------------------------------------------------------------------
@@ -387,7 +384,10 @@ unsigned char VEXMELKConfig::GetChildElementWithLengthRangeAttributeValue(const 
 
 // Values ----------------------------------------------------------------------
 
-void VEXMELKConfig::AddUnits(const CATUnicodeString& unit, CATUnicodeString& value) { NormalizeValue(unit, value); }
+void VEXMELKConfig::AddUnits(const CATUnicodeString& unit, CATUnicodeString& value)
+{
+    value = NormalizedValue(unit, value);
+}
 
 // NOLINTBEGIN(performance-unnecessary-value-param): the signature is given
 unsigned char VEXMELKConfig::GetAttributeMapItemValue(CATIDOMNamedNodeMap_var map, const CATUnicodeString& name,

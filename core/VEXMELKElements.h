@@ -173,7 +173,7 @@ CATIDOMElement_var NearestElement(const CATIDOMElement_var& root, std::string_vi
             const CATIDOMNode_var item = AttributeOf(element, attribute);
             if (item == NULL_var)
                 return;
-            const std::optional<double> away = distance(CATUnicodeString(item->GetNodeValue()));
+            const std::optional<double> away = distance(item->GetNodeValue());
             if (!away || *away >= best)
                 return;
             nearest = element;

@@ -66,21 +66,19 @@ bool ReadFields(const CATIDOMElement_var& element, const CATIDOMNamedNodeMap_var
     return ReadFields(element->GetAttributes(), defaultMap, fields);
 }
 
-void NormalizeValue(std::string_view unit, CATUnicodeString& value)
+CATUnicodeString NormalizedValue(std::string_view unit, std::string_view text)
 {
-    const CATUnicodeString text = value;
+    CATUnicodeString value;
     Normalize(unit, VEXMELKConfigManager::WritesCommas(), text, value);
+    return value;
 }
 
 CATIDOMElement_var NearestAngle(
     const CATIDOMElement_var& parent, std::string_view tag, std::string_view attribute, double angle)
 {
     constexpr double farthest = 100.0;
-    const auto distance = [angle](CATUnicodeString text)
-    {
-        NormalizeValue("deg", text);
-        return std::optional(std::fabs(ParameterRadians(text, "config_angle") - angle));
-    };
+    const auto distance = [angle](std::string_view text)
+    { return std::optional(std::fabs(ParameterRadians(NormalizedValue("deg", text), "config_angle") - angle)); };
     return NearestElement(parent, tag, attribute, farthest, distance);
 }
 
@@ -88,10 +86,9 @@ CATIDOMElement_var NearestLengthBelow(
     const CATIDOMElement_var& parent, std::string_view tag, std::string_view attribute, double length)
 {
     constexpr double farthest = 900.0;
-    const auto distance = [length](CATUnicodeString text)
+    const auto distance = [length](std::string_view text)
     {
-        NormalizeValue("mm", text);
-        const double start = ParameterMillimetres(text, "config_length");
+        const double start = ParameterMillimetres(NormalizedValue("mm", text), "config_length");
         return start <= length ? std::optional(length - start) : std::nullopt;
     };
     return NearestElement(parent, tag, attribute, farthest, distance);

@@ -102,9 +102,9 @@ bool ReadFields(const CATIDOMNamedNodeMap_var& map, const CATIDOMNamedNodeMap_va
 bool ReadFields(const CATIDOMElement_var& element, const CATIDOMNamedNodeMap_var& defaultMap,
     std::initializer_list<VEXMELKField> fields);
 
-// Strips blanks, turns "." into "," when the application writes commas, appends the unit to a text that ends in a
-// digit, and removes "%" when the unit is "%".
-void NormalizeValue(std::string_view unit, CATUnicodeString& value);
+// The text without blanks at its ends, with "," for "." when the application writes commas, with the unit when it ends
+// in a digit, and without "%" when the unit is "%".
+CATUnicodeString NormalizedValue(std::string_view unit, std::string_view text);
 
 // The descendant with the tag whose attribute is nearest to the angle (radians), and the one whose attribute is the
 // largest length not above the length (millimetres); null when none is near enough.

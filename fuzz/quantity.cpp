@@ -46,11 +46,8 @@ std::string Replaced(std::string_view text, char what, char with)
 // Written as the application writes it, the text stays the quantity that it is; the point may become a comma.
 CATUnicodeString Normalized(std::string_view unit, const CATUnicodeString& text)
 {
-    CATUnicodeString normalized = text;
-    NormalizeValue(unit, normalized);
-    CATUnicodeString again = normalized;
-    NormalizeValue(unit, again);
-    Require(again == normalized);
+    const CATUnicodeString normalized = NormalizedValue(unit, text);
+    Require(NormalizedValue(unit, normalized) == normalized);
     return normalized;
 }
 

@@ -189,6 +189,8 @@ private:
     static CATIXMLDOMDocumentBuilder_var GetDOMParser();
     unsigned char GetRootDOMElement(const CATUnicodeString& filePath, CATIDOMElement_var& root);
     void ReportMissingFile(const CATUnicodeString& filePath);
+    // Loads the documents unless they are there already, or could not be loaded for the running query.
+    unsigned char HasDocuments();
     unsigned char LoadDocuments();
     unsigned char FillStandardLevelList(const CATIDOMElement_var& root, VEXMELKStandardCatalogue& catalogue);
 

@@ -2,6 +2,7 @@
 
 #include "CATMathDef.h"
 #include "CATNumberText.h"
+#include "CATTextHash.h"
 
 #include <algorithm>
 #include <span>
@@ -57,12 +58,16 @@ bool QuantityFromText(std::string_view text, std::span<const Unit> units, double
 {
     double number = 0.0;
     text = CATStripped(text);
-    const bool comma = text.find(',') != std::string_view::npos;
-    if (!(comma ? TakeCommaNumber(text, number) : CATTakeNumber(text, number)))
-        return false;
-    const std::string_view symbol = CATStripped(text);
+    std::string_view rest = text;
+    if (!CATTakeNumber(rest, number) || rest.starts_with(','))
+    {
+        rest = text;
+        if (!TakeCommaNumber(rest, number))
+            return false;
+    }
+    const std::string_view symbol = CATStripped(rest);
     for (const Unit& unit : units)
-        if (unit.symbol == symbol)
+        if (CATTextEqual(unit.symbol, symbol))
         {
             value = number * unit.factor / unit.divisor;
             return true;

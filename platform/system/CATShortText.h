@@ -15,7 +15,7 @@ class CATShortText
 {
 public:
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): of the union, one member
-    CATShortText() noexcept : m_Inline{} {}
+    CATShortText() noexcept { m_Inline[0] = '\0'; }
     explicit CATShortText(std::string_view text) : CATShortText() { Assign(text); }
     CATShortText(const CATShortText& other) : CATShortText() { Assign(other.View()); }
     CATShortText(CATShortText&& other) noexcept : CATShortText() { Swap(other); }

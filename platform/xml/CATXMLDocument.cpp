@@ -36,7 +36,7 @@ void CATXMLNames::Shrink()
 
 void CATXMLDocument::Destroy(const CATXMLDocument* document) { delete document; }
 
-std::string_view CATXMLDocument::NodeName(Index node) const
+std::string_view CATXMLDocument::OtherNodeName(Index node) const
 {
     switch (Type(node))
     {
@@ -77,7 +77,8 @@ CATXMLDocument::Elements CATXMLDocument::ElementsByTagName(Index node, std::stri
         return {m_TagElements.Data(), 0, 0};
     const Index* first = m_TagElements.Data() + m_TagBegins[symbol];
     const Index* last = m_TagElements.Data() + m_TagBegins[symbol + 1];
-    const Index* begin = std::lower_bound(first, last, node + 1);
-    const Index* end = std::lower_bound(begin, last, after);
+    // Most often the list begins or ends within the node's subtree.
+    const Index* begin = first == last || *first > node ? first : std::lower_bound(first, last, node + 1);
+    const Index* end = begin == last || last[-1] < after ? last : std::lower_bound(begin, last, after);
     return {m_TagElements.Data(), static_cast<Index>(begin - m_TagElements.Data()), static_cast<Index>(end - begin)};
 }

@@ -154,7 +154,10 @@ public:
     // Node 0 is the document itself.
     Index RootElement() const { return m_Root; }
     NodeType Type(Index node) const { return static_cast<NodeType>(m_Nodes[node].type); }
-    std::string_view NodeName(Index node) const;
+    std::string_view NodeName(Index node) const
+    {
+        return Type(node) == Element ? m_Names.Name(m_Nodes[node].symbol) : OtherNodeName(node);
+    }
     std::string_view NodeText(Index node) const; // of texts, CDATA sections, comments and instructions; else empty
     Index Parent(Index node) const { return m_Nodes[node].parent; }
     Index FirstChild(Index node) const { return EndOf(node) > node + 1 ? node + 1 : none; }
@@ -226,6 +229,7 @@ private:
     };
 
     static void Destroy(const CATXMLDocument* document);
+    std::string_view OtherNodeName(Index node) const;
 
     bool HasChildren(Index node) const { return Type(node) == Element || Type(node) == Document; }
     Index EndOf(Index node) const { return HasChildren(node) ? m_Nodes[node].endOrLength : node + 1; }
