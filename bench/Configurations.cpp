@@ -88,7 +88,7 @@ Case Main(const char* operation, Result (Config::*query)(Arguments...), Plan pla
     for (const Configuration& configuration : AllConfigurations())
         if (configuration.get == GetObject<Getter>)
             main.configuration = configuration.name;
-    const auto& parameters = FindConfiguration(main.configuration).FindOperation(operation).parameters;
+    const auto& parameters = FindConfiguration(main.configuration).FindOperation(operation).Parameters();
     const auto set = [&]<std::size_t... Index>(std::index_sequence<Index...>)
     {
         ((std::get<Index>(*values) = std::tuple_element_t<Index, Values>(std::get<Index>(given))), ...);
@@ -471,7 +471,7 @@ void Check(const Case& one, const std::shared_ptr<ByHand>& byHand)
     const Configuration& configuration = FindConfiguration(one.configuration);
     VEXMELKConfig& object = *configuration.get(*VEXMELKConfigManager::GetConfigManager());
     const Operation& operation = configuration.FindOperation(one.operation);
-    const Answered answered = operation.prepare(one.arguments, Json::object())(object);
+    const Answered answered = operation.Prepare(one.arguments, Json::object())(object);
     const Json& result = answered.result;
     Require(one.library() == (result.is_boolean() ? static_cast<int>(result.get<bool>()) : result.get<int>()),
         one.configuration + ": result");

@@ -80,7 +80,7 @@ inline std::vector<Question> QuestionsFor(
         for (const Operation& operation : configuration.operations)
         {
             Json arguments = Json::object();
-            for (const Parameter& parameter : operation.parameters)
+            for (const Parameter& parameter : operation.Parameters())
                 if (!parameter.isOutput)
                     arguments[parameter.name] = words.Argument(parameter, round, arguments.size());
             questions.push_back({&operation, arguments});
@@ -95,7 +95,7 @@ inline Json Ask(const Configuration& configuration, const std::vector<Question>&
     for (const Question& question : questions)
     {
         VEXMELKConfig& object = *configuration.get(*VEXMELKConfigManager::GetConfigManager());
-        const Answered answered = question.operation->prepare(question.arguments, Json::object())(object);
+        const Answered answered = question.operation->Prepare(question.arguments, Json::object())(object);
         answers.push_back({{"result", answered.result}, {"outputs", answered.outputs}});
     }
     return answers;

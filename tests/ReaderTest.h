@@ -67,7 +67,7 @@ protected:
         Json outputs = Json::object();
         bool hasRecord = false;
         for (const auto& [name, type, unit, isOutput, isSecret] :
-            FindConfiguration(configuration).FindOperation(operation).parameters)
+            FindConfiguration(configuration).FindOperation(operation).Parameters())
             if (isOutput)
             {
                 const bool isList = type.starts_with("list");
@@ -292,14 +292,14 @@ private:
         const Operation& asked = FindConfiguration(configuration).FindOperation(operation);
         const std::vector<std::string> texts = Split(inputs, ", ");
         Json arguments = Json::object();
-        for (const auto& [name, type, unit, isOutput, isSecret] : asked.parameters)
+        for (const auto& [name, type, unit, isOutput, isSecret] : asked.Parameters())
             if (!isOutput && arguments.size() < texts.size())
             {
                 const std::string& text = texts[arguments.size()];
                 const bool isText = type == "text";
                 arguments[name] = isText ? Json(text) : type == "flag" ? Json(text == "1") : Json::parse(text);
             }
-        return asked.prepare(arguments, outputs)(Object(configuration));
+        return asked.Prepare(arguments, outputs)(Object(configuration));
     }
 
     static Json BeforeOf(const std::string& type)

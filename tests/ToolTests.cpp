@@ -133,7 +133,7 @@ TEST_F(ToolTest, EveryConfigurationOffersItsOperations)
         EXPECT_EQ(offers("GetStandardNames"),
             configuration.name != "BaseData" && configuration.name != "DBAccess" && configuration.name != "ReportGen");
         for (const Operation& operation : configuration.operations)
-            for (const Parameter& parameter : operation.parameters)
+            for (const Parameter& parameter : operation.Parameters())
                 EXPECT_FALSE(parameter.name.empty() || parameter.type.empty()) << configuration.name << operation.name;
     }
     EXPECT_EQ(AllConfigurations().size(), 42U);

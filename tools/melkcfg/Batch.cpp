@@ -89,19 +89,19 @@ Answered RunOperation(const Configuration& configuration, const Operation& opera
 {
     std::vector<std::string> argumentNames;
     std::vector<std::string> outputNames;
-    for (const Parameter& parameter : operation.parameters)
+    for (const Parameter& parameter : operation.Parameters())
         (parameter.isOutput ? outputNames : argumentNames).push_back(parameter.name);
     CheckNames("argument", arguments, argumentNames);
     CheckNames("output", outputs, outputNames);
 
-    const Operation::Call call = operation.prepare(arguments, outputs);
+    const Operation::Call call = operation.Prepare(arguments, outputs);
 
     VEXMELKConfigManager* manager = VEXMELKConfigManager::GetConfigManager();
     VEXMELKConfig* object = manager ? configuration.get(*manager) : nullptr;
     if (!object)
         throw RequestError("no configuration object");
     Answered answered = call(*object);
-    for (const Parameter& parameter : operation.parameters)
+    for (const Parameter& parameter : operation.Parameters())
         if (parameter.isSecret && !showSecrets)
             answered.outputs[parameter.name] = hiddenSecret;
     return answered;

@@ -137,18 +137,18 @@ std::string OperationText(const Operation& operation)
 {
     std::vector<std::string> arguments;
     std::vector<std::string> outputs;
-    for (const Parameter& parameter : operation.parameters)
+    for (const Parameter& parameter : operation.Parameters())
         (parameter.isOutput ? outputs : arguments).push_back(ParameterText(parameter));
-    if (!operation.resultType.empty())
-        outputs.insert(outputs.begin(), operation.resultType);
-    return operation.name + "(" + Joined(arguments) + ") -> " + Joined(outputs);
+    if (!operation.ResultType().empty())
+        outputs.insert(outputs.begin(), operation.ResultType());
+    return std::string(operation.name) + "(" + Joined(arguments) + ") -> " + Joined(outputs);
 }
 
 Json OperationJson(const Operation& operation)
 {
     Json json = {{"name", operation.name}, {"arguments", Json::array()}, {"outputs", Json::array()},
-        {"result", operation.resultType.empty() ? Json() : Json(operation.resultType)}};
-    for (const Parameter& parameter : operation.parameters)
+        {"result", operation.ResultType().empty() ? Json() : Json(operation.ResultType())}};
+    for (const Parameter& parameter : operation.Parameters())
         json[parameter.isOutput ? "outputs" : "arguments"].push_back(
             {{"name", parameter.name}, {"type", parameter.type}, {"unit", parameter.unit}});
     return json;
@@ -172,7 +172,7 @@ void Assign(const Operation& operation, const std::string& assignment, Json& arg
         throw RequestError("expected NAME=VALUE, got " + assignment);
     const std::string name = assignment.substr(0, equals);
     std::vector<std::string> names;
-    for (const Parameter& parameter : operation.parameters)
+    for (const Parameter& parameter : operation.Parameters())
     {
         names.push_back(parameter.name);
         if (parameter.name == name)
@@ -283,7 +283,7 @@ ExitStatus RunCall(const CommandOptions& options, const Host& host)
         PrintJson({{"result", answered.result}, {"outputs", answered.outputs}});
     else
     {
-        if (!operation.resultType.empty())
+        if (!operation.ResultType().empty())
             PrintValues("result", answered.result);
         for (const auto& output : answered.outputs.items())
             PrintValues(output.key(), output.value());

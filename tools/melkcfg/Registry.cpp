@@ -17,8 +17,6 @@ std::string Stripped(std::string_view text)
     return stripped.ConvertToChar();
 }
 
-} // namespace
-
 std::vector<Parameter> ParseParameters(std::string_view text)
 {
     std::vector<Parameter> parameters;
@@ -37,6 +35,20 @@ std::vector<Parameter> ParseParameters(std::string_view text)
         parameters.push_back(parameter);
     }
     return parameters;
+}
+
+} // namespace
+
+const std::vector<Parameter>& Operation::Parameters() const
+{
+    if (m_Parameters.empty())
+    {
+        m_Parameters = ParseParameters(m_ParameterText);
+        const std::vector<std::string> types = m_ParameterTypes();
+        for (std::size_t index = 0; index < m_Parameters.size(); ++index)
+            m_Parameters[index].type = types[index];
+    }
+    return m_Parameters;
 }
 
 std::vector<Operation> ConfigOperations()
@@ -74,7 +86,7 @@ const Operation& Configuration::FindOperation(const std::string& operation) cons
     {
         if (known.name == operation)
             return known;
-        names.push_back(known.name);
+        names.emplace_back(known.name);
     }
     throw UnknownName("operation", operation, names);
 }
@@ -85,8 +97,8 @@ const std::vector<Configuration>& AllConfigurations()
     {
         std::vector<Configuration> configurations;
         for (const auto& folder :
-            {OccupantConfigurations(), UnderfloorConfigurations(), VisionConfigurations(), SafetyConfigurations()})
-            configurations.insert(configurations.end(), folder.begin(), folder.end());
+            {OccupantConfigurations, UnderfloorConfigurations, VisionConfigurations, SafetyConfigurations})
+            std::ranges::move(folder(), std::back_inserter(configurations));
         return configurations;
     }();
     return all;

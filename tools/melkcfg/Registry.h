@@ -31,15 +31,42 @@ struct Answered
     Json outputs = Json::object();
 };
 
-struct Operation
+class Operation
 {
-    std::string name;
-    std::string resultType; // empty when the operation has no result
-    std::vector<Parameter> parameters;
+public:
+    using Call = std::function<Answered(VEXMELKConfig& object)>;
+    using Preparation =
+        std::function<Call(const std::vector<Parameter>& parameters, const Json& arguments, const Json& outputs)>;
+    using TypeName = std::string (*)();
+    using TypeNames = std::vector<std::string> (*)();
+
+    Operation(std::string_view operationName, std::string_view parameterText, TypeName resultType,
+        TypeNames parameterTypes, Preparation preparation)
+        : name(operationName),
+          m_ParameterText(parameterText),
+          m_ResultType(resultType),
+          m_ParameterTypes(parameterTypes),
+          m_Preparation(std::move(preparation))
+    {
+    }
+
+    std::string_view name;
+    std::string ResultType() const { return m_ResultType(); } // empty when the operation has no result
+    // Worked out when they are first asked for: there are hundreds of operations, and most runs ask for one.
+    const std::vector<Parameter>& Parameters() const;
     // Reads the arguments by name (a missing one is "", 0 or false) and what the outputs hold before, and returns what
     // is then to be run. So a request that cannot be understood does not touch the library.
-    using Call = std::function<Answered(VEXMELKConfig& object)>;
-    std::function<Call(const Json& arguments, const Json& outputs)> prepare;
+    Call Prepare(const Json& arguments, const Json& outputs) const
+    {
+        return m_Preparation(Parameters(), arguments, outputs);
+    }
+
+private:
+    std::string_view m_ParameterText;
+    TypeName m_ResultType;
+    TypeNames m_ParameterTypes;
+    Preparation m_Preparation;
+    mutable std::vector<Parameter> m_Parameters;
 };
 
 struct Configuration
@@ -66,8 +93,6 @@ std::vector<Configuration> UnderfloorConfigurations();
 std::vector<Configuration> OccupantConfigurations();
 std::vector<Configuration> VisionConfigurations();
 std::vector<Configuration> SafetyConfigurations();
-
-std::vector<Parameter> ParseParameters(std::string_view text);
 
 // Registering -----------------------------------------------------------------------------------------------------
 
@@ -114,23 +139,29 @@ Operation::Call Prepare(Result (Config::*method)(Arguments...), const std::vecto
     };
 }
 
+template <class Result> std::string TypeOf()
+{
+    if constexpr (std::is_void_v<Result>)
+        return {};
+    else
+        return Codec<Result>::Type();
+}
+
+template <class... Arguments> std::vector<std::string> TypesOf()
+{
+    return {TypeOf<typename Holder<Arguments>::Type>()...};
+}
+
 } // namespace RegistryDetail
 
 template <class Config, class Result, class... Arguments>
 Operation Query(const char* name, const char* parameterText, Result (Config::*method)(Arguments...))
 {
-    Operation operation;
-    operation.name = name;
-    if constexpr (!std::is_void_v<Result>)
-        operation.resultType = Codec<Result>::Type();
-    operation.parameters = ParseParameters(parameterText);
-    const std::string types[] = {"", Codec<typename RegistryDetail::Holder<Arguments>::Type>::Type()...};
-    for (std::size_t index = 0; index < operation.parameters.size(); ++index)
-        operation.parameters[index].type = types[index + 1];
-    operation.prepare = [method, parameters = operation.parameters](const Json& arguments, const Json& outputs) {
+    const auto prepare = [method](const std::vector<Parameter>& parameters, const Json& arguments, const Json& outputs)
+    {
         return RegistryDetail::Prepare(method, parameters, arguments, outputs, std::index_sequence_for<Arguments...>());
     };
-    return operation;
+    return {name, parameterText, RegistryDetail::TypeOf<Result>, RegistryDetail::TypesOf<Arguments...>, prepare};
 }
 
 // The operations of the bases of a class.
