@@ -57,6 +57,7 @@ void RegisterLoads()
     {
         add("1 MB", reader, [] { return FileOfSize(megabyte); });
         add("19 MB", reader, [] { return FileOfSize(19 * megabyte); });
+        add("44 files of 10 kB", reader, [] { return Files(44, FileOfSize(10000).front()); });
         add("sample", reader, SampleFiles);
         for (const std::size_t bytes : {megabyte, 19 * megabyte})
             if (reader != "expat")
