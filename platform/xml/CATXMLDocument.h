@@ -55,7 +55,7 @@ public:
     void Shrink() { Reallocate(m_Size); }
 
 private:
-    static constexpr std::size_t firstBytes = 1024; // most documents are small: these hold much of one
+    static constexpr std::size_t firstBytes = 4096; // most documents are small: these hold much of one
 
     void Reallocate(std::size_t capacity)
     {
