@@ -174,10 +174,11 @@ CATIDOMElement_var NearestElement(const CATIDOMElement_var& root, std::string_vi
             if (item == NULL_var)
                 return;
             const std::optional<double> away = distance(item->GetNodeValue());
-            if (!away || *away >= best)
-                return;
-            nearest = element;
-            best = *away;
+            if (away && *away < best)
+            {
+                nearest = element;
+                best = *away;
+            }
         });
     return nearest;
 }

@@ -238,10 +238,11 @@ unsigned char VEXMELKEyeEllipsesConfig::GetHPointTravelData(const CATUnicodeStri
             for (const VEXMELKEyeEllipsesHPointData& data : m_HPointData)
             {
                 const double distance = std::fabs(length(data.value) - hPointTravel);
-                if (distance >= best)
-                    continue;
-                nearest = &data;
-                best = distance;
+                if (distance < best)
+                {
+                    nearest = &data;
+                    best = distance;
+                }
             }
             if (!nearest)
                 return 0;

@@ -17,6 +17,18 @@ AttributeList List(const char* json)
 
 Json State(const AttributeList& list) { return Codec<AttributeList>::Write(list); }
 
+// Opens the helpers of single attributes.
+class OpenCurb : public VEXMELKUFCurbConfig
+{
+public:
+    using VEXMELKUFCurbConfig::CFGAttributeAddColorRange;
+    using VEXMELKUFCurbConfig::CFGAttributeSetColorRanges;
+    using VEXMELKUFCurbConfig::GetChildElementWithAtrributeValue;
+    using VEXMELKUFCurbConfig::GetChildElementWithAttributeMap;
+    using VEXMELKUFCurbConfig::GetDefaultSettingsElement;
+    using VEXMELKUFCurbConfig::VEXMELKUFCurbConfig;
+};
+
 } // namespace
 
 class AttributeTest : public LibraryTest
@@ -28,27 +40,18 @@ protected:
 
 TEST_F(AttributeTest, ValuesAndReadOnlyFlagsByKindAndType)
 {
-    const struct
+    for (const auto& [name, kind, value, readOnly] : Table<4>(CaseFile("kindsOfAttributes")))
     {
-        const char* name;
-        int kind;
-        const char* value;
-        bool readOnly;
-    } rows[] = {
-        {"simple", 0, "12.5%", false}, {"typed", 0, "t", true}, {"empty", 0, "before", false},
-        {"list", 0, "before", true}, {"list", 1, "before", true}, {"simple", 1, "before", false},
-        {"other", 0, "before", true}, {"scale", 0, "before", true}, {"Simple", 0, "before", false},
-        {"typed", 3, "before", true}, // an unknown kind is left alone, its flag too
-    };
-    for (const auto& row : rows)
-    {
+        SCOPED_TRACE(name + " as " + kind);
         AttributeList list;
-        list.Append({row.kind, row.name, list.NewAccess(), nullptr, nullptr});
+        list.Append({std::stoi(kind), name.c_str(), list.NewAccess(), list.NewAccess(), list.NewAccess()});
         list[1].firstAccess->SetValueFromText("before");
-        list[1].firstAccess->SetReadOnly(row.readOnly && row.kind == 3);
+        list[1].firstAccess->SetReadOnly(kind == "3");
         EXPECT_TRUE(Config().FillCFGAttributes("Set", list));
-        EXPECT_EQ(list[1].firstAccess->GetText(), row.value) << row.name << " as " << row.kind;
-        EXPECT_EQ(list[1].firstAccess->IsReadOnly(), row.readOnly) << row.name << " as " << row.kind;
+        EXPECT_EQ(list[1].firstAccess->GetText(), value);
+        EXPECT_EQ(list[1].firstAccess->IsReadOnly(), readOnly == "1");
+        EXPECT_EQ(list[1].firstAccess->GetRangeCount(), 0);
+        EXPECT_FALSE(list[1].secondAccess->IsReadOnly() || list[1].thirdAccess->IsReadOnly());
     }
     EXPECT_THAT(TakeBoxes(), IsEmpty());
 }
@@ -76,28 +79,47 @@ TEST_F(AttributeTest, ColourRanges)
     EXPECT_TRUE(incomplete[1].secondAccess->IsReadOnly()) << "but for the flag";
 }
 
+TEST_F(AttributeTest, ColourRangesNeedAllThatTheyAreReadFromAndInto)
+{
+    const auto config = CATHandle<OpenCurb>::Create(CATUnicodeString(directory.Path()));
+    CATIDOMElement_var scale;
+    CATIDOMElement_var range;
+    CATIDOMNamedNodeMap_var rangeMap;
+    config->GetChildElementWithAtrributeValue(
+        config->GetDefaultSettingsElement("Set"), "parameter", "name", "scale", scale);
+    ASSERT_TRUE(config->GetChildElementWithAttributeMap(scale, "range", range, rangeMap));
+    for (const std::string lacking : {"first", "second", "third", "map", "element"})
+    {
+        AttributeList list = List(R"([{"kind":2,"name":"scale","objects":[{"ranges":[{}]},{"ranges":[{}]},{}]}])");
+        const Json before = State(list);
+        const VEXMELKCFGAttributeStr& all = list[1];
+        VEXMELKCFGAttributeStr some = {all.kind, all.name, lacking == "first" ? nullptr : all.firstAccess,
+            lacking == "second" ? nullptr : all.secondAccess, lacking == "third" ? nullptr : all.thirdAccess};
+        config->CFGAttributeSetColorRanges(some, lacking == "map" ? CATIDOMNamedNodeMap_var() : scale->GetAttributes(),
+            lacking == "element" ? CATIDOMElement_var() : scale);
+        if (lacking == "first" || lacking == "second" || lacking == "map") // a range needs no more
+            config->CFGAttributeAddColorRange(some, lacking == "map" ? CATIDOMNamedNodeMap_var() : rangeMap);
+        EXPECT_EQ(State(list), before) << "without the " << lacking;
+    }
+}
+
 TEST_F(AttributeTest, InitMakesEditableFirstAndFollowsTheSettingsOfTheStandard)
 {
     const char* const json = R"([{"kind":0,"name":"simple","objects":[{"value":"v","read_only":true}]},
-        {"kind":1,"name":"none","objects":[{"value":"v","read_only":true}]},
+        {"kind":0,"name":"simple","objects":[null]},
         {"kind":2,"name":"none","objects":[{"read_only":true},{"read_only":true},{"read_only":true}]},
-        {"kind":0,"name":"simple","objects":[null]}])";
-    const struct
-    {
-        const char* standard;
-        bool result;
-        const char* value;
-    } rows[] = {{"S", true, "12.5%"}, {"T", false, "v"}, {"unknown", false, "v"}};
-    for (const auto& row : rows)
+        {"kind":2,"name":"none","objects":[null,null,null]},
+        {"kind":1,"name":"none","objects":[{"value":"v","read_only":true}]}])";
+    for (const auto& [standard, result, value] : Table<3>("S|1|12.5%\nT|0|v\nunknown|0|v"))
     {
         AttributeList list = List(json);
-        EXPECT_EQ(Config().InitStandardData(row.standard, list) != 0, row.result) << row.standard;
-        EXPECT_EQ(list[1].firstAccess->GetText(), row.value) << row.standard;
+        EXPECT_EQ(Config().InitStandardData(standard.c_str(), list), std::stoi(result)) << standard;
+        EXPECT_EQ(list[1].firstAccess->GetText(), value) << standard;
         for (const auto* access :
-            {list[1].firstAccess, list[2].firstAccess, list[3].firstAccess, list[3].secondAccess, list[3].thirdAccess})
-            EXPECT_FALSE(access->IsReadOnly()) << row.standard;
-        EXPECT_EQ(list[2].firstAccess->GetText(), "v") << "values are not cleared";
-        EXPECT_EQ(list.Size(), 4);
+            {list[1].firstAccess, list[5].firstAccess, list[3].firstAccess, list[3].secondAccess, list[3].thirdAccess})
+            EXPECT_FALSE(access->IsReadOnly()) << standard;
+        EXPECT_EQ(list[5].firstAccess->GetText(), "v") << "values are not cleared";
+        EXPECT_EQ(list.Size(), 5);
     }
     AttributeList list = List(json);
     EXPECT_TRUE(Config().FillCFGAttributes("no such settings", list));
@@ -121,7 +143,8 @@ TEST_F(AttributeTest, TraceTellsWhatWasRead)
     VEXMELKLog::SetLevel(0);
     AttributeList list = List(R"([{"kind":0,"name":"typed","objects":[{}]},{"kind":1,"name":"simple","objects":[{}]},
         {"kind":2,"name":"list","objects":[{},{},{}]},{"kind":1,"name":"list","objects":[{}]},
-        {"kind":0,"name":"scale","objects":[{}]},{"kind":2,"name":"scale","objects":[{},{},{}]}])");
+        {"kind":0,"name":"scale","objects":[{}]},{"kind":2,"name":"scale","objects":[{},{},{}]},
+        {"kind":2,"name":"plain","objects":[{},{},{}]}])");
     EXPECT_TRUE(Config().InitStandardData("S", list));
     std::string log;
     for (const std::string& line : TakeLog())

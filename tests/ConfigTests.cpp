@@ -309,6 +309,9 @@ TEST_F(ConfigTest, BrokenFilesAnswerNothingAndAreToldOncePerQuery)
     EXPECT_FALSE(probe.GetEyes("S", eyes));
     EXPECT_EQ(eyes.EyesType, 7);
     EXPECT_THAT(TakeBoxes(), testing::SizeIs(2)) << "and again in the next";
+    CATUnicodeString loading;
+    EXPECT_TRUE(probe.GetLoading("S", loading, "suv", 1));
+    EXPECT_THAT(TakeBoxes(), testing::SizeIs(2)) << "however often a query looks";
 
     directory.Write(defaultFile, OneCategory("point_to_pick='base'"));
     directory.Write(customerFile, "");
@@ -321,6 +324,11 @@ TEST_F(ConfigTest, BrokenFilesAnswerNothingAndAreToldOncePerQuery)
     EXPECT_THAT(TakeBoxes(), IsEmpty());
     directory.Write(customerFile, "");
     EXPECT_EQ(probe.PointToPick("S", "suv"), "found customer") << "what is loaded stays";
+
+    directory.Write("Sub/File.xml", "");
+    CATIDOMElement_var root = probe.Root();
+    EXPECT_FALSE(probe.GetSingleRoot(root));
+    EXPECT_TRUE(root == NULL_var);
 }
 
 TEST_F(ConfigTest, DirectoryInTheFilesPlaceIsAMissingFile)
@@ -334,6 +342,7 @@ TEST_F(ConfigTest, DirectoryInTheFilesPlaceIsAMissingFile)
     EXPECT_EQ(probe.FindStandardLevel("S"), 0);
     CATIDOMElement_var root;
     EXPECT_FALSE(probe.GetSingleRoot(root));
+    EXPECT_TRUE(probe.Root() == NULL_var);
     EXPECT_THAT(TakeBoxes(), IsEmpty()) << "once per object, whichever way it is looked for";
     probe.SetXMLFileName("Other.xml");
     directory.Write("Default/Other.xml", OneCategory("point_to_pick='p'"));

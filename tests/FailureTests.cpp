@@ -3,6 +3,7 @@
 #include "LibraryTest.h"
 #include "Memory.h"
 #include "VEXArray.h"
+#include "VEXMELKEyeEllipsesConfig.h"
 #include "VEXMELKUFCurbConfig.h"
 
 #include <algorithm>
@@ -169,6 +170,23 @@ TEST_F(FailureTest, AnyAllocationMayFail)
         EXPECT_GT(number, 40U);
     }
     EXPECT_GT(m_Failures, 80);
+}
+
+TEST_F(FailureTest, DataThatWereReadByHalfAreReadAgain)
+{
+    directory.Write("Default/Manikin/EyeEllipses.xml",
+        Document(Standard("S", "<category name=''><side_view cutoff90='1'/></category><category name='b'><side_view "
+                               "cutoff90='2' cutoff95='a text that is not held inline'/></category>")));
+    VEXMELKEyeEllipsesConfig& config = *Manager().GetEyeEllipsesConfig();
+    std::size_t number = 0;
+    for (bool failed = true; failed;)
+    {
+        double axis = 0.0;
+        EXPECT_TRUE(config.GetSideViewMinorAxis("S", "", 90, axis));
+        EXPECT_EQ(axis, 1.0) << number;
+        failed = Memory::RunFailingAllocation(++number, [&] { config.GetSideViewMinorAxis("S", "b", 90, axis); });
+    }
+    EXPECT_THAT(TakeBoxes(), testing::SizeIs(number - 1));
 }
 
 TEST_F(FailureTest, AnyFileOperationMayFail)
