@@ -17,5 +17,4 @@ report() {
         --filter 'core/' --filter 'occupant/' --filter 'vision/' --filter 'safety/' "$@"
 }
 report --txt | grep -v ' 100% ' || true
-report --branches --txt | grep -v ' 100% ' || true
-report --print-summary --txt /dev/null | tail -n 3
+report --branches --txt --print-summary | grep -v ' 100% ' || true

@@ -32,7 +32,8 @@ SWAPS = [
     ("condition", r"\bif \(!", "if ("),
     ("unit", r'", "mm", ', '", "deg", '),
     ("unit", r'", "deg", ', '", "mm", '),
-    ("unit", r'(\{"\w+"), "", ', r'\1, "mm", '),
+    # Flags and plain numbers do not look at their unit, and a length without one is in millimetres anyway.
+    ("unit", r'(\{"\w+"), "", (?!.*\b(?:AsFlag|AsNumber|InMetres|InMillimetres|ByLengthParameter)\b)', r'\1, "mm", '),
     ("default", r", (Keep|true|false)\}", {"Keep": ", 77.0}", "true": ", false}", "false": ", true}"}),
     ("default", r', "[^"]+"\},', "},"),
     ("default", r", 0\.0\}", ", 77.0}"),
@@ -86,7 +87,7 @@ class Worker:
     def __init__(self, number):
         self.source = ROOT / f"build/mutate/{number}/source"
         self.build = ROOT / f"build/mutate/{number}/build"
-        shutil.rmtree(self.source, ignore_errors=True)
+        shutil.rmtree(self.source.parent, ignore_errors=True)
         files = subprocess.run(["git", "ls-files"], cwd=ROOT, check=True, capture_output=True, text=True).stdout.split("\n")
         for file in filter(None, files):
             if not file.startswith("tests/") and (ROOT / file).exists():
@@ -116,8 +117,11 @@ class Worker:
         lines = original.splitlines(keepends=True)
         lines[number] = line
         (self.source / path).write_text("".join(lines))
-        result = "invalid" if not self.compiles() else "caught" if self.fails() else "survived"
+        compiles = self.compiles()
+        result = "invalid" if not compiles else "caught" if self.fails() else "survived"
         (self.source / path).write_text(original)
+        if not compiles and not self.compiles():
+            raise SystemExit("the unchanged library no longer builds")
         return result
 
 
