@@ -80,9 +80,12 @@ public:
     using Symbol = CATTextTable::Number;
     static constexpr Symbol none = CATTextTable::none;
 
+    // The name asked for last is asked for again right away more often than not.
     Symbol Find(std::string_view name) const
     {
-        return m_Table.Find(name, [this](Symbol symbol) { return Name(symbol); });
+        if (m_Latest == none || !CATTextEqual(Name(m_Latest), name))
+            m_Latest = m_Table.Find(name, [this](Symbol symbol) { return Name(symbol); });
+        return m_Latest;
     }
     // The symbol of the name, which is numbered now if it is new.
     Symbol Intern(const char* name);
@@ -110,7 +113,7 @@ private:
     CATTextTable m_Table;
     CATXMLBuffer<char> m_Characters; // each name ends with a zero
     CATXMLBuffer<Entry> m_Entries;
-    Symbol m_Latest = none;
+    mutable Symbol m_Latest = none;
 };
 
 class CATXMLDocument
