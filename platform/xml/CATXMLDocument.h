@@ -48,14 +48,17 @@ public:
         m_Size += count;
         return m_Values + (m_Size - count);
     }
+    // Slots that are added have undefined contents.
     void Resize(std::size_t size)
     {
-        m_Size < size ? static_cast<void>(Extend(size - m_Size)) : static_cast<void>(m_Size = size);
+        if (size > m_Capacity)
+            Reallocate(size);
+        m_Size = size;
     }
     void Shrink() { Reallocate(m_Size); }
 
 private:
-    static constexpr std::size_t firstBytes = 4096; // most documents are small: these hold much of one
+    static constexpr std::size_t firstBytes = 4096; // most documents are small: growing begins with what holds one
 
     void Reallocate(std::size_t capacity)
     {
