@@ -251,7 +251,7 @@ def growth_table(results):
 
 
 def plot(title, series):
-    width, height, left, right, top, bottom = 460, 300, 64, 16, 34, 34
+    width, height, left, right, top, bottom = 480, 300, 64, 36, 34, 34
     every = [point for points in series.values() for point in points]
     low = [math.floor(math.log10(min(values))) for values in zip(*every)]
     high = [math.ceil(math.log10(max(values))) for values in zip(*every)]
