@@ -225,7 +225,8 @@ CATXMLParse::Place CATXMLParse::Here() const
 
 CATXMLParse::Place CATXMLParse::ElementPlace()
 {
-    return m_Places.MoveToEvent(m_Parser) ? Place{m_Places.Line(), m_Places.Column()} : Here();
+    const bool moved = m_Places.MoveTo(XML_GetCurrentByteIndex(m_Parser));
+    return moved ? Place{m_Places.Line(), m_Places.Column()} : Here();
 }
 
 void CATXMLParse::OnStartElement(const XML_Char* tag, const XML_Char** attributes)

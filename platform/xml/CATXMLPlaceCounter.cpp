@@ -28,6 +28,7 @@ bool BeginsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC
 void CATXMLPlaceCounter::SeeDocument(std::string_view bytes)
 {
     m_IsCounting = !IsUTF16(bytes) && !HasLoneReturn(bytes);
+    m_Ahead = bytes;
     if (bytes.starts_with(byteOrderMark))
         m_Column = 0;
 }
@@ -38,20 +39,17 @@ void CATXMLPlaceCounter::SeeEncoding(std::string_view name)
         m_IsCounting = false;
 }
 
-bool CATXMLPlaceCounter::MoveToEvent(XML_Parser parser)
+bool CATXMLPlaceCounter::MoveTo(XML_Index place)
 {
     if (!m_IsCounting)
         return false;
-    int offset = 0;
-    int size = 0;
-    const char* buffer = XML_GetInputContext(parser, &offset, &size);
-    const XML_Index event = XML_GetCurrentByteIndex(parser);
-    const XML_Index ahead = event - m_Passed;
-    m_IsCounting = buffer && ahead >= 0 && ahead <= offset;
+    const auto distance = static_cast<std::size_t>(place - m_Place);
+    m_IsCounting = place >= m_Place && distance <= m_Ahead.size();
     if (!m_IsCounting)
         return false;
-    Pass({buffer + offset - ahead, static_cast<std::size_t>(ahead)});
-    m_Passed = event;
+    Pass(m_Ahead.substr(0, distance));
+    m_Ahead.remove_prefix(distance);
+    m_Place = place;
     return true;
 }
 

@@ -9,14 +9,14 @@
 class CATXMLPlaceCounter
 {
 public:
-    // The whole document, before it is parsed. Without it, nothing is counted.
+    // The whole document, before it is parsed; it has to stay where it is. Without it, nothing is counted.
     void SeeDocument(std::string_view bytes);
     // The encoding that the document declares.
     void SeeEncoding(std::string_view name);
 
-    // Moves on to where the parser's current event begins. False when only the parser can tell where that is.
-    bool MoveToEvent(XML_Parser parser);
-    // Both from 1; a byte-order mark is no column.
+    // Moves on to the byte of that index. False when only the parser can tell line and column there.
+    bool MoveTo(XML_Index place);
+    // Of that byte, both from 1; a byte-order mark is no column.
     int Line() const { return m_Line; }
     int Column() const { return m_Column; }
 
@@ -24,7 +24,8 @@ private:
     void Pass(std::string_view bytes);
 
     bool m_IsCounting = false;
-    XML_Index m_Passed = 0;
+    std::string_view m_Ahead; // the bytes from m_Place on
+    XML_Index m_Place = 0;
     int m_Line = 1;
     int m_Column = 1;
 };
