@@ -20,6 +20,20 @@ Answers AnswersOf(const VEXMELKFreeSpaceDefinition& data)
         data.FSNoseWidth.ConvertToChar(), data.FSBodyWidth.ConvertToChar()};
 }
 
+void RegisterQueries(const Shape& shape)
+{
+    const std::string name =
+        "query/" + std::to_string(shape.standards) + "/" + std::to_string(shape.ownStandards) + "/";
+    const auto add = [&](const char* who, void (*query)(benchmark::State&, const Shape&))
+    { benchmark::RegisterBenchmark((name + who).c_str(), [=](benchmark::State& state) { query(state, shape); }); };
+    add("library", [](benchmark::State& state, const Shape& s) { QueryLibrary(state, s, false); });
+    add("library with comma", [](benchmark::State& state, const Shape& s) { QueryLibrary(state, s, true); });
+    add("pugixml", QueryByHand<Pugixml>);
+    add("libxml2", QueryByHand<Libxml2>);
+    add("tinyxml2", QueryByHand<Tinyxml2>);
+    add("xerces", QueryByHand<Xerces>);
+}
+
 } // namespace
 
 void QueryLibrary(benchmark::State& state, const Shape& shape, bool withComma)
@@ -52,17 +66,6 @@ void QueryLibrary(benchmark::State& state, const Shape& shape, bool withComma)
 void RegisterQueries()
 {
     for (const int standards : {10, 1000, 20000})
-    {
-        Shape shape;
-        shape.standards = standards;
-        const auto name = [&](const char* who) { return "query/" + std::to_string(standards) + "/" + who; };
-        const auto add = [&](const char* who, void (*query)(benchmark::State&, const Shape&))
-        { benchmark::RegisterBenchmark(name(who).c_str(), [=](benchmark::State& state) { query(state, shape); }); };
-        add("library", [](benchmark::State& state, const Shape& s) { QueryLibrary(state, s, false); });
-        add("library with comma", [](benchmark::State& state, const Shape& s) { QueryLibrary(state, s, true); });
-        add("pugixml", QueryByHand<Pugixml>);
-        add("libxml2", QueryByHand<Libxml2>);
-        add("tinyxml2", QueryByHand<Tinyxml2>);
-        add("xerces", QueryByHand<Xerces>);
-    }
+        for (const int ownStandards : {standards, 1})
+            RegisterQueries({standards, ownStandards});
 }

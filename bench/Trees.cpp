@@ -62,6 +62,20 @@ void AppendCategory(const Shape& shape, int standard, int category, std::string&
     text += "    </category>\n";
 }
 
+std::string DocumentOf(const Shape& shape, int firstStandard, int standards)
+{
+    std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<configuration>\n";
+    for (int standard = firstStandard; standard < firstStandard + standards; ++standard)
+    {
+        text += "  <standard name=\"" + StandardName(standard) + "\">\n";
+        AppendCategory(shape, standard, 0, text);
+        for (int place = 1; place < shape.categories; ++place)
+            AppendCategory(shape, standard, place == shape.categories / 2 ? 1 : place + 1, text);
+        text += "  </standard>\n";
+    }
+    return text + "</configuration>\n";
+}
+
 void Write(const fs::path& file, const std::string& text)
 {
     fs::create_directories(file.parent_path());
@@ -86,19 +100,7 @@ Answers ExpectedAnswers(int standard, bool withComma)
     return answers;
 }
 
-std::string Document(const Shape& shape)
-{
-    std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<configuration>\n";
-    for (int standard = 0; standard < shape.standards; ++standard)
-    {
-        text += "  <standard name=\"" + StandardName(standard) + "\">\n";
-        AppendCategory(shape, standard, 0, text);
-        for (int place = 1; place < shape.categories; ++place)
-            AppendCategory(shape, standard, place == shape.categories / 2 ? 1 : place + 1, text);
-        text += "  </standard>\n";
-    }
-    return text + "</configuration>\n";
-}
+std::string Document(const Shape& shape) { return DocumentOf(shape, 0, shape.standards); }
 
 Shape ShapeOfSize(std::size_t bytes)
 {
@@ -122,12 +124,11 @@ const fs::path& TreeOf(const Shape& shape)
     if (isNew)
     {
         place->second =
-            ScratchDirectory() / (std::to_string(shape.standards) + "-" + std::to_string(shape.categories) + "-" +
-                                     std::to_string(shape.attributes) + "-" + std::to_string(shape.children));
+            ScratchDirectory() / (std::to_string(shape.standards) + "-" + std::to_string(shape.ownStandards) + "-" +
+                                     std::to_string(shape.categories) + "-" + std::to_string(shape.attributes) + "-" +
+                                     std::to_string(shape.children));
         Write(DefaultFile(place->second), Document(shape));
-        Write(CustomerFile(place->second),
-            "<configuration>\n  <standard name=\"Own\">\n    <category name=\"default\" FSFrontAngle=\"1\"/>\n"
-            "  </standard>\n</configuration>\n");
+        Write(CustomerFile(place->second), DocumentOf(shape, shape.standards, shape.ownStandards));
     }
     return place->second;
 }

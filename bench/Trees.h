@@ -8,10 +8,11 @@
 #include <string>
 #include <vector>
 
-// How a generated document looks. Every category has "attributes" attributes and "children" elements.
+// How the generated documents look. Every category has "attributes" attributes and "children" elements.
 struct Shape
 {
-    int standards = 10;
+    int standards = 10;   // of the Default document
+    int ownStandards = 1; // of the Customer document, which has none of the others
     int categories = 3; // "default" first, "car" in the middle
     int attributes = 16;
     int children = 6;
@@ -43,7 +44,7 @@ Shape ShapeOfSize(std::size_t bytes);
 
 // Directories below the one that MELK_BENCH_DIR names, written when first asked for and kept for the process.
 std::filesystem::path ScratchDirectory();
-// A directory with Default/OVA/FreeSpace.xml and a small Customer/OVA/FreeSpace.xml.
+// A directory with Default/OVA/FreeSpace.xml and Customer/OVA/FreeSpace.xml.
 const std::filesystem::path& TreeOf(const Shape& shape);
 std::filesystem::path DefaultFile(const std::filesystem::path& tree);
 std::filesystem::path CustomerFile(const std::filesystem::path& tree);
