@@ -52,9 +52,9 @@ void VEXMELKCheckConfig::GetStandardWithCategoryList(
     ForEachElement(root, "standard",
         [&](const CATIDOMElement_var& standard)
         {
-            const CATIDOMNode_var name = AttributeOf(standard, "name");
-            if (name != NULL_var && (FindChild(standard, "category", "name", category) != NULL_var ||
-                                        FindChild(standard, "category", "name", defaultCategory) != NULL_var))
-                names.Append(CATUnicodeString(name->GetNodeValue()));
+            const std::optional<VEXMELKNodeText> name = AttributeText(standard, "name");
+            if (name && (FindChild(standard, "category", "name", category) != NULL_var ||
+                            FindChild(standard, "category", "name", defaultCategory) != NULL_var))
+                names.Append(CATUnicodeString(*name));
         });
 }

@@ -41,10 +41,7 @@ unsigned char VEXMELKConfig::GetLoading(
             const char* attribute = rear ? "rear_loading" : "loading";
             const CATIDOMElement_var element = GetStandardElement(standard);
             if (element != NULL_var)
-            {
-                const CATIDOMNode_var item = AttributeOf(element, attribute);
-                loading = item == NULL_var ? VEXMELKNodeText() : item->GetNodeValue();
-            }
+                loading = AttributeText(element, attribute).value_or(VEXMELKNodeText());
             if (!category.IsEmpty() && !standard.IsEmpty())
                 GetAttributeMapItemValue(
                     GetStandardDataAttributeMap(standard, category, 1), attribute, "", loading, NULL_var);
@@ -212,11 +209,10 @@ unsigned char VEXMELKConfig::FillStandardLevelList(const CATIDOMElement_var& roo
         const bool nameless = VisitElements(priority, "standard",
             [&](const CATIDOMElement_var& standard)
             {
-                const CATIDOMNode_var name = AttributeOf(standard, "name");
-                if (name == NULL_var)
-                    return true;
-                level.Standards.Append(CATUnicodeString(name->GetNodeValue()));
-                return false;
+                const std::optional<VEXMELKNodeText> name = AttributeText(standard, "name");
+                if (name)
+                    level.Standards.Append(CATUnicodeString(*name));
+                return !name;
             });
         if (!nameless)
             continue;

@@ -6,6 +6,7 @@
 
 #include "CATIDOM.h"
 #include "CATListOf.h"
+#include "CATTextHash.h"
 #include "VEXArray.h"
 
 #include <optional>
@@ -14,19 +15,19 @@
 // What a node's text comes as; a view into the document, which its handles keep alive.
 using VEXMELKNodeText = decltype(std::declval<CATIDOMNode>().GetNodeValue());
 
-// The attribute as it is written; null when the element does not have it.
-inline CATIDOMNode_var AttributeOf(const CATIDOMElement_var& element, std::string_view name)
+// The attribute as it is written; none when the element does not have it.
+inline std::optional<VEXMELKNodeText> AttributeText(const CATIDOMElement_var& element, std::string_view name)
 {
-    return element->GetAttributes()->GetNamedItem(name);
+    return element->GetAttributes()->GetNamedItemValue(name);
 }
 
 // Assigns the attribute as it is written; a missing one leaves the text, and the result is false.
 inline bool AssignAttribute(const CATIDOMElement_var& element, std::string_view name, CATUnicodeString& text)
 {
-    const CATIDOMNode_var item = AttributeOf(element, name);
-    if (item != NULL_var)
-        text = item->GetNodeValue();
-    return item != NULL_var;
+    const std::optional<VEXMELKNodeText> written = AttributeText(element, name);
+    if (written)
+        text = *written;
+    return written.has_value();
 }
 
 // The attributes of an element; null for a null element.
@@ -50,7 +51,7 @@ template <class Visit> bool VisitElements(const CATIDOMElement_var& root, std::s
 
 inline bool IsChild(const CATIDOMElement_var& descendant, const CATIDOMElement_var& parent)
 {
-    return descendant->GetParentNode()->GetNodeName() == parent->GetNodeName();
+    return CATTextEqual(descendant->GetParentNode()->GetNodeName(), parent->GetNodeName());
 }
 
 template <class Visit> bool VisitChildren(const CATIDOMElement_var& parent, std::string_view tag, Visit visit)
@@ -128,18 +129,18 @@ inline CATIDOMElement_var FirstChildOfEither(
     return found != NULL_var ? found : FirstChild(second, tag);
 }
 
-// The attribute of the first child with the tag that has it; null when none has.
-inline CATIDOMNode_var FirstChildAttribute(
+// The attribute of the first child with the tag that has it; none when none has.
+inline std::optional<VEXMELKNodeText> FirstChildAttribute(
     const CATIDOMElement_var& parent, std::string_view tag, std::string_view attribute)
 {
-    CATIDOMNode_var item;
+    std::optional<VEXMELKNodeText> text;
     VisitChildren(parent, tag,
         [&](const CATIDOMElement_var& element)
         {
-            item = AttributeOf(element, attribute);
-            return item != NULL_var;
+            text = AttributeText(element, attribute);
+            return text.has_value();
         });
-    return item;
+    return text;
 }
 
 // The first child with the tag whose attribute has exactly that value; null when there is none.
@@ -150,8 +151,8 @@ inline CATIDOMElement_var FindChild(
     VisitChildren(parent, tag,
         [&](const CATIDOMElement_var& element)
         {
-            const CATIDOMNode_var item = AttributeOf(element, attribute);
-            if (item == NULL_var || item->GetNodeValue() != value)
+            const std::optional<VEXMELKNodeText> text = AttributeText(element, attribute);
+            if (!text || !CATTextEqual(*text, value))
                 return false;
             found = element;
             return true;
@@ -170,10 +171,10 @@ CATIDOMElement_var NearestElement(const CATIDOMElement_var& root, std::string_vi
     ForEachElement(root, tag,
         [&](const CATIDOMElement_var& element)
         {
-            const CATIDOMNode_var item = AttributeOf(element, attribute);
-            if (item == NULL_var)
+            const std::optional<VEXMELKNodeText> text = AttributeText(element, attribute);
+            if (!text)
                 return;
-            const std::optional<double> away = distance(item->GetNodeValue());
+            const std::optional<double> away = distance(*text);
             if (away && *away < best)
             {
                 nearest = element;
@@ -191,9 +192,8 @@ inline void ChildAttributeValues(const CATIDOMElement_var& parent, std::string_v
     ForEachChild(parent, tag,
         [&](const CATIDOMElement_var& child)
         {
-            const CATIDOMNode_var item = AttributeOf(child, attribute);
-            if (item != NULL_var)
-                values.Append(CATUnicodeString(item->GetNodeValue()));
+            if (const std::optional<VEXMELKNodeText> text = AttributeText(child, attribute))
+                values.Append(CATUnicodeString(*text));
         });
 }
 

@@ -2,13 +2,13 @@
 
 bool VEXMELKNameIndex::Add(const CATIDOMElement_var& element)
 {
-    const CATIDOMNode_var name = AttributeOf(element, "name");
-    if (name == NULL_var || Compare(name->GetNodeValue()) != CATTextTable::none)
+    const std::optional<VEXMELKNodeText> name = AttributeText(element, "name");
+    if (!name || Compare(*name) != CATTextTable::none)
         return false;
     const auto number = static_cast<CATTextTable::Number>(m_Entries.size());
-    if (number >= comparedUpTo && m_Table.FindOrAdd(name->GetNodeValue(), number, NameOf()) != number)
+    if (number >= comparedUpTo && m_Table.FindOrAdd(*name, number, NameOf()) != number)
         return false;
-    m_Entries.push_back({name->GetNodeValue(), element});
+    m_Entries.push_back({*name, element});
     return true;
 }
 

@@ -91,9 +91,9 @@ unsigned char VEXMELKExtendedEyePointsConfig::GetExtendedEyePointMovements(
             CATIDOMElement_var fixed = FirstChildOfEither(element, defaultElement, standardMovements);
             if (fixed != NULL_var)
             {
-                const CATIDOMNode_var position = AttributeOf(fixed, "used_eye_position");
-                if (position != NULL_var)
-                    movements.used_eye_position = EyePositionFromName(position->GetNodeValue());
+                const std::optional<VEXMELKNodeText> position = AttributeText(fixed, "used_eye_position");
+                if (position)
+                    movements.used_eye_position = EyePositionFromName(*position);
                 GetExtendedEyePointStandardMovementsAttrs(
                     fixed, "ext_up", movements.ext_up_dx, movements.ext_up_dy, movements.ext_up_dz);
                 GetExtendedEyePointStandardMovementsAttrs(

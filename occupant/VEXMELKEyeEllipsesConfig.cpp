@@ -36,7 +36,7 @@ unsigned char ReadRadii(const CATIDOMElement_var& coeficients, VEXMELKTravelChoi
     const VEXMELKChosenRow chosen = ChooseRow(rule, coeficients, "radii", "h_point_travel", hPointTravel);
     if (chosen.fails || !chosen.found)
         return 0;
-    const CATIDOMElement_var row = FindChild(coeficients, "radii", "h_point_travel", chosen.travel);
+    const CATIDOMElement_var row = FindChild(coeficients, "radii", "h_point_travel", chosen.travelText);
     const bool is99 = cutoff == 99;
     ReadFields(row, NULL_var,
         {
@@ -165,7 +165,7 @@ unsigned char VEXMELKEyeEllipsesConfig::GetCoeficients1997(const CATUnicodeStrin
                 if (chosen.fails)
                     return 0;
                 if (chosen.found)
-                    ReadFields(FindChild(coeficients, kind, "h_point_travel", chosen.travel), NULL_var,
+                    ReadFields(FindChild(coeficients, kind, "h_point_travel", chosen.travelText), NULL_var,
                         {{"value", "", *value, AsNumber, Keep}});
                 else
                     complete = 0;

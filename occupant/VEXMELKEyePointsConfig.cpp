@@ -141,10 +141,11 @@ VEXIMELKEyes::EyesType VEXMELKEyePointsConfig::GetEyesType(const CATUnicodeStrin
     return Answer(
         [&]
         {
-            const CATIDOMNode_var name = FirstChildAttribute(GetStandardElement(standard), "eye_points_type", "name");
-            if (name != NULL_var && name->GetNodeValue() == "single_point")
+            const std::optional<VEXMELKNodeText> name =
+                FirstChildAttribute(GetStandardElement(standard), "eye_points_type", "name");
+            if (name == "single_point")
                 return VEXIMELKEyes::SinglePoint;
-            if (name != NULL_var && name->GetNodeValue() == "single_pair")
+            if (name == "single_pair")
                 return VEXIMELKEyes::SinglePair;
             return VEXIMELKEyes::NoEyes;
         });

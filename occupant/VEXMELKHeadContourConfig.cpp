@@ -33,10 +33,11 @@ unsigned char VEXMELKHeadContourConfig::GetMiddleStripeWitdh(const CATUnicodeStr
     return Answer(
         [&]() -> unsigned char
         {
-            const CATIDOMNode_var text = FirstChildAttribute(GetStandardElement(standard), "middle_stripe", "width");
-            if (text == NULL_var)
+            const std::optional<VEXMELKNodeText> text =
+                FirstChildAttribute(GetStandardElement(standard), "middle_stripe", "width");
+            if (!text)
                 return 0;
-            width = MillimetresFromText(CATUnicodeString(text->GetNodeValue()));
+            width = MillimetresFromText(CATUnicodeString(*text));
             return 1;
         });
 }
@@ -95,8 +96,7 @@ unsigned char VEXMELKHeadContourConfig::GetRadii(const CATUnicodeString& standar
             const VEXMELKChosenRow chosen = ChooseRow(rowRule, rows, "h_point_travel", "value", hPointTravel);
             if (!chosen.found)
                 return 0;
-            const double travel = MillimetresFromText(CATUnicodeString(chosen.travel));
-            const CATIDOMElement_var row = NearestLengthBelow(rows, "h_point_travel", "value", travel);
+            const CATIDOMElement_var row = NearestLengthBelow(rows, "h_point_travel", "value", chosen.travel);
             if (row == NULL_var)
                 return 0;
             return ReadFields(row, NULL_var,
@@ -143,9 +143,9 @@ CATIDOMElement_var VEXMELKHeadContourConfig::CoeficientsRow(
 {
     VEXMELKChosenRow chosen = ChooseRow(rowRule, seats.seat, tag, "h_point_travel", hPointTravel);
     if (chosen.found)
-        return FindChild(seats.seat, tag, "h_point_travel", chosen.travel);
+        return FindChild(seats.seat, tag, "h_point_travel", chosen.travelText);
     chosen = ChooseRow(rowRule, seats.general, tag, "h_point_travel", hPointTravel);
-    return chosen.found ? FindChild(seats.general, tag, "h_point_travel", chosen.travel) : CATIDOMElement_var();
+    return chosen.found ? FindChild(seats.general, tag, "h_point_travel", chosen.travelText) : CATIDOMElement_var();
 }
 
 unsigned char VEXMELKHeadContourConfig::GetCoeficients(const CATUnicodeString& standard,
@@ -208,10 +208,9 @@ unsigned char VEXMELKHeadContourConfig::GetDeltas(const CATUnicodeString& standa
             if (!chosen.found)
                 return 0;
             // Looked for in the seat first, wherever the travel came from.
-            const double travel = MillimetresFromText(CATUnicodeString(chosen.travel));
-            CATIDOMElement_var row = NearestLengthBelow(seats.seat, "deltas", "h_point_travel", travel);
+            CATIDOMElement_var row = NearestLengthBelow(seats.seat, "deltas", "h_point_travel", chosen.travel);
             if (row == NULL_var)
-                row = NearestLengthBelow(seats.general, "deltas", "h_point_travel", travel);
+                row = NearestLengthBelow(seats.general, "deltas", "h_point_travel", chosen.travel);
             if (row == NULL_var)
                 return 0;
             return ReadFields(row, NULL_var,

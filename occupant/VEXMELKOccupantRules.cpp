@@ -51,11 +51,15 @@ VEXMELKChosenRow ChooseRow(VEXMELKTravelChoice::Rule rule, const CATIDOMElement_
     ForEachChild(parent, tag,
         [&](const CATIDOMElement_var& row)
         {
-            const CATIDOMNode_var item = AttributeOf(row, attribute);
-            if (item == NULL_var || !choice.Show(MillimetresFromText(CATUnicodeString(item->GetNodeValue()))))
+            const std::optional<VEXMELKNodeText> text = AttributeText(row, attribute);
+            if (!text)
                 return;
-            chosen.travel = item->GetNodeValue();
+            const double millimetres = MillimetresFromText(CATUnicodeString(*text));
+            if (!choice.Show(millimetres))
+                return;
             chosen.found = true;
+            chosen.travelText = *text;
+            chosen.travel = millimetres;
         });
     chosen.fails = choice.Fails();
     return chosen;
@@ -102,6 +106,6 @@ void ReadOffsets(const CATIDOMElement_var& element, double& dx, double& dy, doub
 
 double LineLength(const CATIDOMElement_var& standard, std::string_view tag, double whenNone)
 {
-    const CATIDOMNode_var length = FirstChildAttribute(standard, tag, "length");
-    return length == NULL_var ? whenNone : MillimetresFromText(CATUnicodeString(length->GetNodeValue()));
+    const std::optional<VEXMELKNodeText> length = FirstChildAttribute(standard, tag, "length");
+    return length ? MillimetresFromText(CATUnicodeString(*length)) : whenNone;
 }

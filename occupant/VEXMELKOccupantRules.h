@@ -43,7 +43,8 @@ struct VEXMELKChosenRow
 {
     bool fails = false;
     bool found = false;
-    VEXMELKNodeText travel; // the text of the row's travel
+    VEXMELKNodeText travelText; // the row's travel as it is written
+    double travel = 0.0;        // in millimetres
 };
 
 // Chooses among the children with the tag by their attribute; children without it are no rows.

@@ -56,8 +56,8 @@ CATUnicodeString VEXMELKMirrorConfig::GetPosition(
             const CATIDOMElement_var element = GetCategoryElement(standard, category);
             if (FindChild(element, instructionField, positionType, position) != NULL_var)
                 return position;
-            const CATIDOMNode_var first = FirstChildAttribute(element, instructionField, positionType);
-            return first == NULL_var ? CATUnicodeString() : CATUnicodeString(first->GetNodeValue());
+            const std::optional<VEXMELKNodeText> first = FirstChildAttribute(element, instructionField, positionType);
+            return CATUnicodeString(first.value_or(VEXMELKNodeText()));
         });
 }
 

@@ -69,7 +69,7 @@ bool QuantityFromText(std::string_view text, std::span<const Unit> units, double
     for (const Unit& unit : units)
         if (CATTextEqual(unit.symbol, symbol))
         {
-            value = number * unit.factor / unit.divisor;
+            value = unit.divisor == 1.0 ? number * unit.factor : number / unit.divisor;
             return true;
         }
     return false;
