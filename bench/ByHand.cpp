@@ -52,7 +52,7 @@ void Assign(const char* text, const Wanted& wanted, Value& value)
     {
     case Kind::Text:
     case Kind::Code:
-        Normalize(text, wanted.unit.c_str(), value.text);
+        Normalize(text, wanted.unit.c_str(), false, value.text);
         break;
     case Kind::Flag:
         value.number = strcasecmp(text, "true") == 0;

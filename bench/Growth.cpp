@@ -14,7 +14,7 @@ void AddQueries(const char* dimension, int Shape::*member, std::initializer_list
         benchmark::RegisterBenchmark(
             name("library").c_str(), [=](benchmark::State& state) { QueryLibrary(state, shape, false); });
         benchmark::RegisterBenchmark(
-            name("pugixml").c_str(), [=](benchmark::State& state) { QueryByHand<Pugixml>(state, shape); });
+            name("pugixml").c_str(), [=](benchmark::State& state) { QueryByHand<Pugixml>(state, shape, false); });
     }
 }
 

@@ -7,6 +7,7 @@
 
 #include "Trees.h"
 
+#include <algorithm>
 #include <cstring>
 #include <libxml/parser.h>
 #include <libxml/tree.h>
@@ -17,8 +18,17 @@
 #include <xercesc/parsers/XercesDOMParser.hpp>
 #include <xercesc/util/XMLString.hpp>
 
-// Strips blanks and appends the unit to a text that ends in a digit.
-inline void Normalize(const char* text, const char* unit, std::string& value)
+// Writes a comma for the point, where asked to, and appends the unit to a text that ends in a digit.
+inline void Finish(const char* unit, bool withComma, std::string& value)
+{
+    if (withComma)
+        std::replace(value.begin(), value.end(), '.', ',');
+    if (!value.empty() && value.back() >= '0' && value.back() <= '9')
+        value += unit;
+}
+
+// Strips blanks before that.
+inline void Normalize(const char* text, const char* unit, bool withComma, std::string& value)
 {
     while (*text == ' ')
         ++text;
@@ -26,8 +36,7 @@ inline void Normalize(const char* text, const char* unit, std::string& value)
     while (size > 0 && text[size - 1] == ' ')
         --size;
     value.assign(text, size);
-    if (size > 0 && value.back() >= '0' && value.back() <= '9')
-        value += unit;
+    Finish(unit, withComma, value);
 }
 
 struct Pugixml
@@ -49,7 +58,10 @@ struct Pugixml
         const pugi::xml_attribute attribute = element.attribute(name.c_str());
         return attribute ? attribute.value() : nullptr;
     }
-    static void Assign(Text text, const char* unit, std::string& value) { Normalize(text, unit, value); }
+    static void Assign(Text text, const char* unit, bool withComma, std::string& value)
+    {
+        Normalize(text, unit, withComma, value);
+    }
 
 private:
     static Element SkipOthers(Element node)
@@ -81,7 +93,10 @@ struct Libxml2
                 return attribute->children ? Chars(attribute->children->content) : "";
         return nullptr;
     }
-    static void Assign(Text text, const char* unit, std::string& value) { Normalize(text, unit, value); }
+    static void Assign(Text text, const char* unit, bool withComma, std::string& value)
+    {
+        Normalize(text, unit, withComma, value);
+    }
 
 private:
     static const char* Chars(const xmlChar* text) { return reinterpret_cast<const char*>(text); }
@@ -108,7 +123,10 @@ struct Tinyxml2
     static bool HasTag(Element element, const Name& tag) { return IsEqual(element->Name(), tag); }
     static bool IsEqual(Text text, const Name& name) { return std::strcmp(text, name.c_str()) == 0; }
     static Text Attribute(Element element, const Name& name) { return element->Attribute(name.c_str()); }
-    static void Assign(Text text, const char* unit, std::string& value) { Normalize(text, unit, value); }
+    static void Assign(Text text, const char* unit, bool withComma, std::string& value)
+    {
+        Normalize(text, unit, withComma, value);
+    }
 };
 
 struct Xerces
@@ -131,7 +149,7 @@ struct Xerces
         return attribute ? attribute->getValue() : nullptr;
     }
     // The values are ASCII here, which is the quickest to transcode.
-    static void Assign(Text text, const char* unit, std::string& value)
+    static void Assign(Text text, const char* unit, bool withComma, std::string& value)
     {
         while (*text == u' ')
             ++text;
@@ -140,8 +158,7 @@ struct Xerces
             value.push_back(static_cast<char>(*text));
         while (!value.empty() && value.back() == ' ')
             value.pop_back();
-        if (!value.empty() && value.back() >= '0' && value.back() <= '9')
-            value += unit;
+        Finish(unit, withComma, value);
     }
 };
 
@@ -175,7 +192,7 @@ public:
             m_Names[field] = Peer::NameOf(freeSpaceFields[field].attribute);
     }
 
-    bool operator()(const Name& standard, const Name& category, Answers& answers) const
+    bool operator()(const Name& standard, const Name& category, bool withComma, Answers& answers) const
     {
         auto element = FindNamed<Peer>(Peer::Root(m_Customer), m_Standard, standard);
         if (!element)
@@ -192,7 +209,7 @@ public:
             if (!text && other)
                 text = Peer::Attribute(other, m_Names[field]);
             if (text)
-                Peer::Assign(text, freeSpaceFields[field].unit, answers[field]);
+                Peer::Assign(text, freeSpaceFields[field].unit, withComma, answers[field]);
             else
                 answers[field].clear();
         }

@@ -20,14 +20,16 @@ Answers AnswersOf(const VEXMELKFreeSpaceDefinition& data)
         data.FSNoseWidth.ConvertToChar(), data.FSBodyWidth.ConvertToChar()};
 }
 
-void RegisterQueries(const Shape& shape)
+void RegisterQueries(const Shape& shape, bool withComma)
 {
-    const std::string name =
-        "query/" + std::to_string(shape.standards) + "/" + std::to_string(shape.ownStandards) + "/";
-    const auto add = [&](const char* who, void (*query)(benchmark::State&, const Shape&))
-    { benchmark::RegisterBenchmark((name + who).c_str(), [=](benchmark::State& state) { query(state, shape); }); };
-    add("library", [](benchmark::State& state, const Shape& s) { QueryLibrary(state, s, false); });
-    add("library with comma", [](benchmark::State& state, const Shape& s) { QueryLibrary(state, s, true); });
+    const std::string name = "query/" + std::to_string(shape.standards) + "/" + std::to_string(shape.ownStandards) +
+                             (withComma ? "/comma/" : "/point/");
+    const auto add = [&](const char* who, void (*query)(benchmark::State&, const Shape&, bool))
+    {
+        benchmark::RegisterBenchmark(
+            (name + who).c_str(), [=](benchmark::State& state) { query(state, shape, withComma); });
+    };
+    add("library", QueryLibrary);
     add("pugixml", QueryByHand<Pugixml>);
     add("libxml2", QueryByHand<Libxml2>);
     add("tinyxml2", QueryByHand<Tinyxml2>);
@@ -67,5 +69,6 @@ void RegisterQueries()
 {
     for (const int standards : {10, 1000, 20000})
         for (const int ownStandards : {standards, 1})
-            RegisterQueries({standards, ownStandards});
+            for (const bool withComma : {false, true})
+                RegisterQueries({standards, ownStandards}, withComma);
 }

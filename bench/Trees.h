@@ -13,7 +13,7 @@ struct Shape
 {
     int standards = 10;   // of the Default document
     int ownStandards = 1; // of the Customer document, which has none of the others
-    int categories = 3; // "default" first, "car" in the middle
+    int categories = 3;   // "default" first, "car" in the middle
     int attributes = 16;
     int children = 6;
 

@@ -18,7 +18,7 @@ inline constexpr int turns = 256;
 
 void QueryLibrary(benchmark::State& state, const Shape& shape, bool withComma);
 
-template <class Peer> void QueryByHand(benchmark::State& state, const Shape& shape)
+template <class Peer> void QueryByHand(benchmark::State& state, const Shape& shape, bool withComma)
 {
     static std::map<Shape, TypicalByHand<Peer>> loaded;
     const auto place = loaded.try_emplace(shape, TreeOf(shape)).first;
@@ -31,13 +31,14 @@ template <class Peer> void QueryByHand(benchmark::State& state, const Shape& sha
         const int standard = AskedStandard(shape, turn);
         standards.push_back(Peer::NameOf(StandardName(standard)));
         if (turn < 16)
-            Require(ask(standards.back(), category, answers) && answers == ExpectedAnswers(standard, false),
+            Require(
+                ask(standards.back(), category, withComma, answers) && answers == ExpectedAnswers(standard, withComma),
                 "the typical query, " + StandardName(standard));
     }
     std::size_t turn = 0;
     for (auto _ : state)
     {
-        benchmark::DoNotOptimize(ask(standards[turn++ % turns], category, answers));
+        benchmark::DoNotOptimize(ask(standards[turn++ % turns], category, withComma, answers));
         benchmark::ClobberMemory();
     }
 }

@@ -2,6 +2,7 @@
 #include "CATPath.h"
 #include "LibraryTest.h"
 
+#include <algorithm>
 #include <climits>
 #include <clocale>
 #include <cmath>
@@ -160,6 +161,25 @@ TEST(Text, SearchesReplacesAndJoins)
         grown = "y";
         EXPECT_EQ(copy, Repeated(length, "x")) << length;
         EXPECT_EQ(copy.GetLengthInByte(), static_cast<int>(length));
+    }
+}
+
+// Bytes that differ from the point in one bit stand beside it, at every place of a word.
+TEST(Text, ReplacesACharacterOfTextsOfAnyLength)
+{
+    const std::string bytes = "..-/.\xAE,.\x01\xFFn.x";
+    for (std::size_t length = 0; length <= 60; ++length)
+    {
+        const std::string text = Repeated(5, bytes).substr(0, length);
+        std::string expected = text;
+        std::replace(expected.begin(), expected.end(), '.', '\xAE');
+        CATUnicodeString replaced;
+        for (const char& byte : text) // one by one: the storage is full now and then
+            replaced.Append({&byte, 1});
+        replaced.ReplaceAll('.', '\xAE');
+        EXPECT_TRUE(replaced == expected) << length;
+        replaced.ReplaceAll('.', 'x'); // none is left
+        EXPECT_STREQ(replaced.ConvertToChar(), expected.c_str()) << length;
     }
 }
 

@@ -14,8 +14,7 @@
 class CATShortText
 {
 public:
-    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): of the union, one member
-    CATShortText() noexcept { m_Inline[0] = '\0'; }
+    CATShortText() noexcept = default;
     explicit CATShortText(std::string_view text) : CATShortText() { Assign(text); }
     CATShortText(const CATShortText& other) : CATShortText() { Assign(other.View()); }
     CATShortText(CATShortText&& other) noexcept : CATShortText() { Swap(other); }
@@ -62,6 +61,23 @@ public:
         Data()[size] = '\0';
     }
 
+    // Eight bytes at a time: the storage is made of whole words, and what lies behind the text does not matter.
+    void ReplaceAll(char what, char with)
+    {
+        constexpr std::uint64_t everyByte = 0x0101010101010101U;
+        constexpr std::uint64_t lowBits = everyByte * 0x7FU;
+        for (char* at = Data(); at < Data() + m_Size; at += sizeof(std::uint64_t))
+        {
+            std::uint64_t word = 0;
+            std::memcpy(&word, at, sizeof word);
+            const std::uint64_t difference = word ^ everyByte * static_cast<unsigned char>(what);
+            // In each byte 1 where there is no difference, else 0.
+            const std::uint64_t isWhat = ~(((difference & lowBits) + lowBits) | difference | lowBits) >> 7U;
+            word ^= isWhat * static_cast<unsigned char>(what ^ with);
+            std::memcpy(at, &word, sizeof word);
+        }
+    }
+
 private:
     static constexpr std::uint32_t inlineCapacity = 23;
 
@@ -86,7 +102,7 @@ private:
 
     union
     {
-        char m_Inline[inlineCapacity + 1];
+        char m_Inline[inlineCapacity + 1] = {};
         char* m_Heap;
     };
     std::uint32_t m_Size = 0;

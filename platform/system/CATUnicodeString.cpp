@@ -90,11 +90,6 @@ int CATUnicodeString::SearchSubString(std::string_view text) const
     return position == std::string_view::npos ? -1 : static_cast<int>(position);
 }
 
-void CATUnicodeString::ReplaceAll(char what, char with)
-{
-    std::replace(m_Text.Data(), m_Text.Data() + m_Text.Size(), what, with);
-}
-
 void CATUnicodeString::RemoveAll(char what)
 {
     char* begin = m_Text.Data();

@@ -52,7 +52,7 @@ public:
     int SearchSubString(std::string_view text) const;
 
     void Append(std::string_view text) { m_Text.Append(text); }
-    void ReplaceAll(char what, char with);
+    void ReplaceAll(char what, char with) { m_Text.ReplaceAll(what, with); }
     void RemoveAll(char what);
 
     // Takes blanks (space, tab, line ends) from both ends.
