@@ -74,8 +74,8 @@ time_first_answers() {
 }
 
 take_times() {
-    local repetitions=5 seconds=0.05
-    [ -z "$quick" ] || repetitions=1 seconds=0.02
+    local repetitions=15 seconds=0.02
+    [ -z "$quick" ] || repetitions=3
     "$build/bin/melk_bench" --benchmark_filter='^(query|configurations|load|growth)/' \
         --benchmark_enable_random_interleaving=true --benchmark_repetitions="$repetitions" \
         --benchmark_min_time="$seconds" --benchmark_format=json >"$results/times.json" 2>"$results/times.log"

@@ -10,6 +10,7 @@
 #include "CATTextTable.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -19,7 +20,8 @@
 #include <type_traits>
 
 // A growing array of plain values that never holds two copies of a large block while it grows, and can give back what
-// it has not used.
+// it has not used. It can begin in storage of somebody else: most documents are small, and so are written without
+// asking for memory before it is known how much they need.
 template <class Value> class CATXMLBuffer
 {
     static_assert(std::is_trivially_copyable_v<Value>);
@@ -28,7 +30,19 @@ public:
     CATXMLBuffer() = default;
     CATXMLBuffer(const CATXMLBuffer&) = delete;
     CATXMLBuffer& operator=(const CATXMLBuffer&) = delete;
-    ~CATXMLBuffer() { std::free(m_Values); }
+    ~CATXMLBuffer()
+    {
+        if (!m_IsBorrowed)
+            std::free(m_Values);
+    }
+
+    // For an empty array: uses the storage, which has to stay until Shrink, as long as it suffices.
+    template <std::size_t Bytes> void BeginIn(std::array<std::byte, Bytes>& storage)
+    {
+        m_Values = reinterpret_cast<Value*>(storage.data());
+        m_Capacity = Bytes / sizeof(Value);
+        m_IsBorrowed = true;
+    }
 
     std::size_t Size() const { return m_Size; }
     const Value* Data() const { return m_Values; }
@@ -44,7 +58,7 @@ public:
     Value* Extend(std::size_t count)
     {
         if (m_Capacity - m_Size < count)
-            Reallocate(std::max(m_Size + count + m_Size / 2, firstBytes / sizeof(Value)));
+            Reallocate(m_Size + count + m_Size / 2);
         m_Size += count;
         return m_Values + (m_Size - count);
     }
@@ -58,23 +72,29 @@ public:
     void Shrink() { Reallocate(m_Size); }
 
 private:
-    static constexpr std::size_t firstBytes = 4096; // most documents are small: growing begins with what holds one
-
     void Reallocate(std::size_t capacity)
     {
-        if (capacity == m_Capacity)
+        if (capacity == m_Capacity && !m_IsBorrowed)
             return;
-        void* moved = std::realloc(static_cast<void*>(m_Values), std::max<std::size_t>(capacity, 1) * sizeof(Value));
+        void* own = m_IsBorrowed ? nullptr : static_cast<void*>(m_Values);
+        void* moved = std::realloc(own, std::max<std::size_t>(capacity, 1) * sizeof(Value));
         if (!moved)
             throw std::bad_alloc();
+        if (m_IsBorrowed)
+            std::copy_n(m_Values, m_Size, static_cast<Value*>(moved));
         m_Values = static_cast<Value*>(moved);
         m_Capacity = capacity;
+        m_IsBorrowed = false;
     }
 
     Value* m_Values = nullptr;
     std::size_t m_Size = 0;
     std::size_t m_Capacity = 0;
+    bool m_IsBorrowed = false;
 };
+
+// Storage to begin in, for each array of a document.
+using CATXMLStorage = std::array<std::byte, 8192>;
 
 // Numbers names: the first new one is symbol 0, the next 1, and so on.
 class CATXMLNames
@@ -98,6 +118,11 @@ public:
         return {m_Characters.Data() + entry.offset, entry.length};
     }
     std::size_t Size() const { return m_Entries.Size(); }
+    void BeginIn(CATXMLStorage& characters, CATXMLStorage& entries)
+    {
+        m_Characters.BeginIn(characters);
+        m_Entries.BeginIn(entries);
+    }
     void Shrink();
 
 private:

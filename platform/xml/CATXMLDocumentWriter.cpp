@@ -3,8 +3,14 @@
 #include <algorithm>
 #include <utility>
 
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): the storage is written before it is read
 CATXMLDocumentWriter::CATXMLDocumentWriter() : m_Document(std::make_unique<CATXMLDocument>())
 {
+    m_Document->m_Names.BeginIn(m_Storage.characters, m_Storage.names);
+    m_Document->m_Nodes.BeginIn(m_Storage.nodes);
+    m_Document->m_Heads.BeginIn(m_Storage.heads);
+    m_Document->m_Attributes.BeginIn(m_Storage.attributes);
+    m_Document->m_Text.BeginIn(m_Storage.text);
     m_LastOfLength.fill(CATXMLDocument::none);
     m_Parent = CATXMLDocument::none;
     m_Parent = AddNode(CATXMLDocument::Document, 0, 0);

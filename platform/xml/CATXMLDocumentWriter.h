@@ -40,6 +40,11 @@ private:
 
     static constexpr std::size_t sharedLengths = 64;
 
+    struct Storage // where the document's arrays begin
+    {
+        alignas(std::max_align_t) CATXMLStorage characters, names, nodes, heads, attributes, text;
+    };
+    Storage m_Storage;
     std::unique_ptr<CATXMLDocument> m_Document;
     Index m_Parent = 0;
     Index m_OpenText = CATXMLDocument::none;
