@@ -42,7 +42,7 @@ TEST_F(TravelRowTest, ChosenByTheRuleOfEachOperation)
         EyePoints   | GetHPointTravelCorrection   | S, x, @          | 1 | 6)");
     // Beside the tolerance of 1997.
     const std::pair<const char*, double> offsets[] = {
-        {"+less", 0.5e-10}, {"-less", -0.5e-10}, {"+more", 1.5e-10}, {"-more", -1.5e-10}};
+        {"+less", 0.5e-10}, {"-less", -0.5e-10}, {"+just", 1e-10}, {"+more", 1.5e-10}, {"-more", -1.5e-10}};
     for (const std::vector<std::string>& row : Cells(CaseFile("travelRows")))
     {
         std::string coeficients;
