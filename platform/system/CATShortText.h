@@ -61,7 +61,8 @@ public:
         Data()[size] = '\0';
     }
 
-    // Eight bytes at a time: the storage is made of whole words, and what lies behind the text does not matter.
+    // Eight bytes at a time: the storage is made of whole words, and what lies behind the text and its zero byte does
+    // not matter. Not for zero bytes: one of them ends the text.
     void ReplaceAll(char what, char with)
     {
         constexpr std::uint64_t everyByte = 0x0101010101010101U;
