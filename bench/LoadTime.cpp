@@ -59,6 +59,7 @@ void RegisterLoads()
         add("19 MB", reader, [] { return FileOfSize(19 * megabyte); });
         add("44 files of 10 kB", reader, [] { return Files(44, FileOfSize(10000).front()); });
         add("sample", reader, SampleFiles);
+        add("DBAccess.xml", reader, [] { return Files{SampleDirectory() / "DBAccess.xml"}; });
         for (const std::size_t bytes : {megabyte, 19 * megabyte})
             if (reader != "expat")
                 benchmark::RegisterBenchmark(("memory/" + std::to_string(bytes / megabyte) + " MB/" + reader).c_str(),
