@@ -1,9 +1,20 @@
+// The list of standards that a check offers. It looks at any depth, unlike queries, which find children of the root.
 #include "VEXMELKCheckConfig.h"
 
-#include "VEXMELKAnswer.h"
-#include "VEXMELKElements.h"
+#include "VEXMELKReader.h"
 
 #include <array>
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKCheckConfig::GetStandardNames>("GetStandardNames", Output("names"), category,
+        VEXMELKParameter{.name = "unordered", .role = VEXMELKRole::Switch},
+        VEXMELKParameter{.name = "maxLevel", .role = VEXMELKRole::Level}),
+};
+
+constinit const VEXMELKDescription VEXMELKCheckConfig::description{
+    .operations = operations,
+    .base = &VEXMELKConfig::description,
+};
 
 VEXMELKCheckConfig::VEXMELKCheckConfig(CATUnicodeString path, CATUnicodeString fileName)
     : VEXMELKConfig(std::move(path), std::move(fileName))

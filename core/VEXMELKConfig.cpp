@@ -1,14 +1,71 @@
+// Loading documents and finding standards, categories and default settings in them. What a box runs may ask again.
 #include "VEXMELKConfig.h"
 
 #include "CATPath.h"
-#include "VEXMELKAnswer.h"
 #include "VEXMELKConfigManager.h"
-#include "VEXMELKElements.h"
-#include "VEXMELKField.h"
 #include "VEXMELKGUI.h"
+#include "VEXMELKReader.h"
 #include "VEXMELKSAXErrorHandler.h"
+#include "VEXMELKSettings.h"
 #include "VEXMELKStandardCatalogue.h"
 #include "VEXMELKUtilities.h"
+#include "VEXMELKValues.h"
+
+namespace {
+
+constexpr const char* loadingMeaning = "the loading state that the check uses";
+constexpr const char* rearLoadingMeaning = "the same for the rear axle";
+constexpr VEXMELKOutputTable<CATUnicodeString> standardLoading{Name("loading", "loading", loadingMeaning, AsWritten())};
+constexpr VEXMELKOutputTable<CATUnicodeString> standardRearLoading{
+    Name("rear_loading", "loading", rearLoadingMeaning, AsWritten())};
+constexpr VEXMELKOutputTable<CATUnicodeString> categoryLoading{
+    Name("loading", "loading", "overrides that of the standard", Keep)};
+constexpr VEXMELKOutputTable<CATUnicodeString> categoryRearLoading{
+    Name("rear_loading", "loading", "overrides that of the standard", Keep)};
+constexpr VEXMELKElement standardElements = VEXMELKCommon::StandardWith(standardLoading.rows, standardRearLoading.rows);
+constexpr VEXMELKElement categoryElements =
+    CategoryWith(categoryLoading.rows, VEXMELKFallBack::None, categoryRearLoading.rows);
+
+constexpr VEXMELKRow priorityLevel = Text("level", "exactly `1`, `2` or `3`; others are ignored", AsWritten(), Skip);
+constexpr VEXMELKRow prioritizedName =
+    Name("name", "standard", "its name; one element without `name` empties all levels", AsWritten(), Fail);
+constexpr VEXMELKElement prioritiesElement{.tag = "priorities",
+    .place = VEXMELKPlace::AnyDepth,
+    .choice = VEXMELKChoice::Single,
+    .meaning = "the levels; in the Default document only"};
+constexpr VEXMELKElement priorityElements{.tag = "priority",
+    .below = &prioritiesElement,
+    .choice = VEXMELKChoice::ByKey,
+    .key = &priorityLevel,
+    .meaning = "one level"};
+constexpr VEXMELKElement prioritizedElements{.tag = "standard",
+    .below = &priorityElements,
+    .place = VEXMELKPlace::AnyDepth,
+    .choice = VEXMELKChoice::Each,
+    .key = &prioritizedName,
+    .meaning = "one standard of the level"};
+
+constexpr const VEXMELKElement* elements[] = {&standardElements, &categoryElements, &prioritiesElement,
+    &priorityElements, &prioritizedElements, &VEXMELKSettings::defaults, &VEXMELKSettings::ofStandard,
+    &VEXMELKSettings::usedByEntry, &VEXMELKSettings::usedByStandard, &VEXMELKSettings::set, &VEXMELKSettings::parameter,
+    &VEXMELKSettings::range};
+
+using SettingsNameOf = unsigned char (VEXMELKConfig::*)(const CATUnicodeString&, CATUnicodeString&);
+
+} // namespace
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKConfig::GetLoading>("GetLoading", standard, Output("loading"), category,
+        VEXMELKParameter{.name = "rear", .role = VEXMELKRole::Switch}),
+    VEXMELKDescribe<static_cast<SettingsNameOf>(&VEXMELKConfig::GetDefaultSettingsName)>(
+        "GetDefaultSettingsName", standard, Output("name")),
+    VEXMELKDescribe<&VEXMELKConfig::FindStandardLevel>("FindStandardLevel", standard),
+    VEXMELKDescribe<&VEXMELKConfig::InitStandardData>("InitStandardData", standard, Output("attributes")),
+    VEXMELKDescribe<&VEXMELKConfig::FillCFGAttributes>(
+        "FillCFGAttributes", VEXMELKParameter{.name = "settings", .role = VEXMELKRole::Settings}, Output("attributes")),
+};
+
+constinit const VEXMELKDescription VEXMELKConfig::description{.elements = elements, .operations = operations};
 
 const CATUnicodeString VEXMELKConfig::defaultCategory("default");
 CATIXMLDOMDocumentBuilder_var VEXMELKConfig::m_spDOMParser;
@@ -38,13 +95,12 @@ unsigned char VEXMELKConfig::GetLoading(
     return Answer(
         [&]() -> unsigned char
         {
-            const char* attribute = rear ? "rear_loading" : "loading";
             const CATIDOMElement_var element = GetStandardElement(standard);
             if (element != NULL_var)
-                loading = AttributeText(element, attribute).value_or(VEXMELKNodeText());
+                ReadFields(Decimals(), element, rear ? standardRearLoading : standardLoading, loading);
             if (!category.IsEmpty() && !standard.IsEmpty())
-                GetAttributeMapItemValue(
-                    GetStandardDataAttributeMap(standard, category, 1), attribute, "", loading, NULL_var);
+                ReadFields(Decimals(), GetStandardDataAttributeMap(standard, category, 1), NULL_var,
+                    rear ? categoryRearLoading : categoryLoading, loading);
             return rear && loading.IsEmpty() ? GetLoading(standard, loading, category, 0) : 1;
         });
 }
@@ -70,7 +126,7 @@ int VEXMELKConfig::FindStandardLevel(const CATUnicodeString& standard)
     return Answer([&] { return HasDocuments() ? m_Catalogue->FindLevel(standard) : 0; });
 }
 
-unsigned char VEXMELKConfig::BooleanFromString(const CATUnicodeString& text) { return CompareStrings(text, "TRUE"); }
+unsigned char VEXMELKConfig::BooleanFromString(const CATUnicodeString& text) { return FlagFromText(text); }
 
 unsigned char VEXMELKConfig::CompareStrings(const CATUnicodeString& left, const CATUnicodeString& right)
 {
@@ -200,16 +256,16 @@ unsigned char VEXMELKConfig::FillStandardLevelList(const CATIDOMElement_var& roo
 {
     for (StandardLevel& level : m_StandardLevels)
         level.Standards.RemoveAll();
-    const CATIDOMElement_var priorities = SingleElement(root, "priorities");
+    const CATIDOMElement_var priorities = Find(root, prioritiesElement);
     for (StandardLevel& level : m_StandardLevels)
     {
         CATUnicodeString levelText;
         levelText.BuildFromNum(level.Level);
-        const CATIDOMElement_var priority = FindChild(priorities, "priority", "level", levelText);
-        const bool nameless = VisitElements(priority, "standard",
-            [&](const CATIDOMElement_var& standard)
+        const CATIDOMElement_var priority = FindByKey(priorities, priorityElements, levelText);
+        const bool nameless = VisitEach(priority, prioritizedElements,
+            [&](const CATIDOMElement_var& prioritized)
             {
-                const std::optional<VEXMELKNodeText> name = AttributeText(standard, "name");
+                const std::optional<VEXMELKNodeText> name = Key(prioritized, prioritizedElements);
                 if (name)
                     level.Standards.Append(CATUnicodeString(*name));
                 return !name;
@@ -268,7 +324,7 @@ void VEXMELKConfig::GetRootChildNames(std::string_view tag, CATListValCATUnicode
 
 CATIDOMElement_var VEXMELKConfig::GetStandardElement(CATIDOMElement_var& parent, const CATUnicodeString& standard)
 {
-    return FindChild(parent, "standard", "name", standard);
+    return FindByKey(parent, VEXMELKCommon::standards, standard);
 }
 
 VEXMELKConfig::StandardData VEXMELKConfig::FindStandardData(
@@ -367,14 +423,14 @@ void VEXMELKConfig::GetChildElementAttributeValues(CATIDOMElement_var& parent, c
 unsigned char VEXMELKConfig::GetChildElementWithAngleAttributeValue(const CATIDOMElement_var& parent,
     const CATUnicodeString& tag, const CATUnicodeString& attribute, double angle, CATIDOMElement_var& found)
 {
-    found = NearestAngle(parent, tag, attribute, angle);
+    found = NearestAngle(Decimals(), parent, tag, attribute, angle);
     return found != NULL_var;
 }
 
 unsigned char VEXMELKConfig::GetChildElementWithLengthRangeAttributeValue(const CATIDOMElement_var& parent,
     const CATUnicodeString& tag, const CATUnicodeString& attribute, double length, CATIDOMElement_var& found)
 {
-    found = NearestLengthBelow(parent, tag, attribute, length);
+    found = NearestLengthBelow(Decimals(), parent, tag, attribute, length);
     return found != NULL_var;
 }
 
@@ -382,39 +438,27 @@ unsigned char VEXMELKConfig::GetChildElementWithLengthRangeAttributeValue(const 
 
 void VEXMELKConfig::AddUnits(const CATUnicodeString& unit, CATUnicodeString& value)
 {
-    value = NormalizedValue(unit, value);
+    value = NormalizedValue(unit, Decimals().WritesCommas(), value);
 }
 
 // NOLINTBEGIN(performance-unnecessary-value-param): the signature is given
 unsigned char VEXMELKConfig::GetAttributeMapItemValue(CATIDOMNamedNodeMap_var map, const CATUnicodeString& name,
     const CATUnicodeString& unit, CATUnicodeString& value, CATIDOMNamedNodeMap_var defaultMap)
 {
-    return ReadFields(map, defaultMap, {{name, unit, value, Keep}});
+    const VEXMELKRow row{.attribute = name, .unit = unit, .whenMissing = {.rule = VEXMELKWhenMissing::Keeps}};
+    return VEXMELKAttributeReader(Decimals(), map, defaultMap).Read(row, &value);
 }
 // NOLINTEND(performance-unnecessary-value-param)
 
 double VEXMELKConfig::GetNumber(CATUnicodeString text) { return NumberFromText(std::move(text)); }
 
-unsigned char VEXMELKConfig::ReadCategory(
-    const CATUnicodeString& standard, const CATUnicodeString& category, std::initializer_list<VEXMELKField> fields)
-{
-    return Answer(
-        [&]() -> unsigned char
-        {
-            CATIDOMNamedNodeMap_var defaultMap;
-            const CATIDOMNamedNodeMap_var map = GetCategoryAttributeMap(standard, category, defaultMap);
-            if (map == NULL_var && defaultMap == NULL_var)
-                return 0;
-            ReadFields(map, defaultMap, fields);
-            return 1;
-        });
-}
+VEXMELKDecimals VEXMELKConfig::Decimals() { return VEXMELKDecimals(VEXMELKConfigManager::WritesCommas); }
 
 // Default settings ----------------------------------------------------------------------
 
 CATIDOMElement_var VEXMELKConfig::GetDefaultSettingsElement(CATIDOMElement_var& root)
 {
-    return SingleElement(root, "DefaultSettings");
+    return Find(root, VEXMELKSettings::defaults);
 }
 
 CATIDOMElement_var VEXMELKConfig::GetDefaultSettingsElement(const CATUnicodeString& settingsName)
@@ -425,7 +469,7 @@ CATIDOMElement_var VEXMELKConfig::GetDefaultSettingsElement(const CATUnicodeStri
     CATIDOMElement_var settings = GetDefaultSettingsElement(roots.CustomerRootElement);
     if (settings == NULL_var)
         settings = GetDefaultSettingsElement(roots.DefaultRootElement);
-    return FindChild(settings, "Settings", "name", settingsName);
+    return FindByKey(settings, VEXMELKSettings::set, settingsName);
 }
 
 unsigned char VEXMELKConfig::GetDefaultSettingsName(CATIDOMElement_var& element, CATUnicodeString& name)
@@ -433,7 +477,7 @@ unsigned char VEXMELKConfig::GetDefaultSettingsName(CATIDOMElement_var& element,
     if (element == NULL_var)
         return 0;
     CATListValCATUnicodeString names;
-    ChildAttributeValues(element, "UseDefaultSettings", "name", names);
+    CollectKeys(element, VEXMELKSettings::usedByStandard, names);
     if (names.Size() == 1)
         name = names[1];
     return !name.IsEmpty();

@@ -11,11 +11,10 @@
 //
 // Nothing here shows a message box: what does not fit is logged, and leaves the attribute as it was.
 
-#include "VEXMELKAnswer.h"
 #include "VEXMELKConfig.h"
-#include "VEXMELKElements.h"
-#include "VEXMELKField.h"
 #include "VEXMELKLog.h"
+#include "VEXMELKReader.h"
+#include "VEXMELKSettings.h"
 #include "VEXMELKUtilities.h"
 
 namespace {
@@ -77,13 +76,13 @@ unsigned char VEXMELKConfig::FillCFGAttributes(
             for (int position = 1; settings != NULL_var && position <= attributes.Size(); ++position)
             {
                 VEXMELKCFGAttributeStr& attribute = attributes[position];
-                const CATIDOMElement_var element = FindChild(settings, "parameter", "name", attribute.name);
+                const CATIDOMElement_var element = FindByKey(settings, VEXMELKSettings::parameter, attribute.name);
                 if (element == NULL_var)
                     continue;
                 const CATIDOMNamedNodeMap_var parameter = element->GetAttributes();
                 CATUnicodeString type;
                 CATUnicodeString access;
-                ReadFields(element, NULL_var, {{"type", "", type, "simple"}});
+                ReadText(Decimals(), element, VEXMELKSettings::type, type);
                 if (type == "simple")
                     CFGAttributeSetSimpleValue(attribute, parameter);
                 else if (type == "list")
@@ -91,7 +90,7 @@ unsigned char VEXMELKConfig::FillCFGAttributes(
                 else if (type == "colorRanges")
                     CFGAttributeSetColorRanges(attribute, parameter, element);
 
-                if (ReadFields(element, NULL_var, {{"access", "", access}}))
+                if (ReadText(Decimals(), element, VEXMELKSettings::access, access))
                     Trace(CATUnicodeString(" Access: ") + access);
                 CFGAttributeSetReadOnly(attribute, access == "readOnly");
             }
@@ -110,7 +109,7 @@ void VEXMELKConfig::CFGAttributeSetSimpleValue(
 {
     CATUnicodeString value;
     if (!IsOfKind(attribute, VEXMELKCFGAttributeStr::SimpleValue) || !attribute.firstAccess ||
-        !ReadFields(parameter, NULL_var, {{"value", "", value}}))
+        !ReadText(Decimals(), parameter, VEXMELKSettings::value, value))
         return;
     attribute.firstAccess->SetValueFromText(value);
     Trace(attribute.name + " value = " + value);
@@ -135,14 +134,14 @@ void VEXMELKConfig::CFGAttributeSetColorRanges(
     attribute.secondAccess->ClearRanges();
 
     CATUnicodeString useInterpolation;
-    if (ReadFields(parameter, NULL_var, {{"useInterpolation", "", useInterpolation}}))
+    if (ReadText(Decimals(), parameter, VEXMELKSettings::useInterpolation, useInterpolation))
     {
         attribute.thirdAccess->SetValueFromText(useInterpolation);
         TraceValue("    UseInterpolation: ", useInterpolation, attribute.thirdAccess->AsBoolean(0) ? "true" : "false");
     }
 
     int number = 0;
-    ForEachElement(element, "range",
+    ForEach(element, VEXMELKSettings::range,
         [&](const CATIDOMElement_var& range)
         {
             Trace(CATUnicodeString("    Range: ") + TextOfNumber(++number));
@@ -155,36 +154,36 @@ void VEXMELKConfig::CFGAttributeAddColorRange(VEXMELKCFGAttributeStr& attribute,
     if (range == NULL_var || !attribute.firstAccess || !attribute.secondAccess)
         return;
     CATUnicodeString text;
-    const auto read = [&](const char* name, const char* complaint)
+    const auto read = [&](const VEXMELKRow& row, const char* complaint)
     {
-        const bool found = ReadFields(range, NULL_var, {{name, "", text}});
+        const bool found = ReadText(Decimals(), range, row, text);
         if (!found && complaint)
             LogError(complaint);
         return found;
     };
 
-    if (!read("minValue", "Missing min range value"))
+    if (!read(VEXMELKSettings::minValue, "Missing min range value"))
         return;
     const double minimum = NumberFromText(text);
     TraceValue("      Min: ", text, TextOfNumber(minimum));
 
-    if (!read("minColor", "Missing min color"))
+    if (!read(VEXMELKSettings::minColor, "Missing min color"))
         return;
     const unsigned int minimumColor = CFGAttributeColor(text);
     TraceValue("      Min color: ", text, VEXMELKUtilities::ConvertColorToColorString(minimumColor));
 
-    if (!read("maxValue", "Missing max range value"))
+    if (!read(VEXMELKSettings::maxValue, "Missing max range value"))
         return;
     const double maximum = NumberFromText(text);
     TraceValue("      Max: ", text, TextOfNumber(maximum));
 
-    if (!read("maxColor", "Missing max color"))
+    if (!read(VEXMELKSettings::maxColor, "Missing max color"))
         return;
     const unsigned int maximumColor = CFGAttributeColor(text);
     TraceValue("      Max color: ", text, VEXMELKUtilities::ConvertColorToColorString(maximumColor));
 
     bool critical = false;
-    if (read("isCritical", nullptr))
+    if (read(VEXMELKSettings::isCritical, nullptr))
     {
         critical = text == "true" || text == "1";
         TraceValue("      Is Critical: ", text, critical ? "1" : "0");

@@ -1,9 +1,34 @@
+// The clearance over a curb in motion: one table of the category.
 #include "VEXMELKUFDynamicCurbConfig.h"
 
-#include "VEXMELKField.h"
+#include "VEXMELKReader.h"
+
+namespace {
+
+constexpr VEXMELKOutputTable<CATUnicodeString, CATUnicodeString, CATUnicodeString, CATUnicodeString> table{
+    Length("out_offset", "offsets outside and inside"), Length("in_offset", "offsets outside and inside"),
+    Length("in_length", "length inside"), Text("calculation", "name of the calculation")};
+
+constexpr VEXMELKElement categories = CategoryWith(table.rows);
+constexpr const VEXMELKElement* elements[] = {&categories};
+
+} // namespace
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKUFDynamicCurbConfig::GetStandardData>("GetStandardData", standard, category, table),
+};
+
+constinit const VEXMELKDescription VEXMELKUFDynamicCurbConfig::description{
+    .name = "UFDynamicCurb",
+    .file = "OVA\\UFDynamicCurb.xml",
+    .meaning = "The clearance over a curb while the vehicle moves.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKUnderfloorConfig::description,
+};
 
 VEXMELKUFDynamicCurbConfig::VEXMELKUFDynamicCurbConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKUnderfloorConfig(configurationDirectory, CATUnicodeString("OVA") + "\\" + "UFDynamicCurb.xml")
+    : VEXMELKUnderfloorConfig(configurationDirectory, description.file)
 {
 }
 
@@ -11,11 +36,5 @@ unsigned char VEXMELKUFDynamicCurbConfig::GetStandardData(const CATUnicodeString
     const CATUnicodeString& category, CATUnicodeString& outOffset, CATUnicodeString& inOffset,
     CATUnicodeString& inLength, CATUnicodeString& calculation)
 {
-    return ReadCategory(standard, category,
-        {
-            {"out_offset", "mm", outOffset},
-            {"in_offset", "mm", inOffset},
-            {"in_length", "mm", inLength},
-            {"calculation", "", calculation},
-        });
+    return ReadCategory(standard, category, table, outOffset, inOffset, inLength, calculation);
 }

@@ -1,18 +1,38 @@
+// The ramp angle: one table of the category.
 #include "VEXMELKUFInnerAngleConfig.h"
 
-#include "VEXMELKField.h"
+#include "VEXMELKReader.h"
+
+namespace {
+
+constexpr VEXMELKOutputTable<CATUnicodeString, CATUnicodeString> table{
+    Angle("inner_angle", "angle"), Text("calculation", "name of the calculation")};
+
+constexpr VEXMELKElement categories = CategoryWith(table.rows);
+constexpr const VEXMELKElement* elements[] = {&categories};
+
+} // namespace
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKUFInnerAngleConfig::GetStandardData>("GetStandardData", standard, category, table),
+};
+
+constinit const VEXMELKDescription VEXMELKUFInnerAngleConfig::description{
+    .name = "UFInnerAngle",
+    .file = "OVA\\UFInnerAngle.xml",
+    .meaning = "The ramp angle between the axles.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKUnderfloorConfig::description,
+};
 
 VEXMELKUFInnerAngleConfig::VEXMELKUFInnerAngleConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKUnderfloorConfig(configurationDirectory, CATUnicodeString("OVA") + "\\" + "UFInnerAngle.xml")
+    : VEXMELKUnderfloorConfig(configurationDirectory, description.file)
 {
 }
 
 unsigned char VEXMELKUFInnerAngleConfig::GetStandardData(const CATUnicodeString& standard,
     const CATUnicodeString& category, CATUnicodeString& innerAngle, CATUnicodeString& calculation)
 {
-    return ReadCategory(standard, category,
-        {
-            {"inner_angle", "deg", innerAngle},
-            {"calculation", "", calculation},
-        });
+    return ReadCategory(standard, category, table, innerAngle, calculation);
 }

@@ -1,20 +1,39 @@
+// The clearance below the oil tub: one table of the category.
 #include "VEXMELKUFOilTubConfig.h"
 
-#include "VEXMELKField.h"
+#include "VEXMELKReader.h"
+
+namespace {
+
+constexpr VEXMELKOutputTable<CATUnicodeString, CATUnicodeString, CATUnicodeString, CATUnicodeString> table{
+    Length("out_offset", "offsets outside and inside"), Angle("out_angle", "angles outside and inside"),
+    Length("in_offset", "offsets outside and inside"), Angle("in_angle", "angles outside and inside")};
+
+constexpr VEXMELKElement categories = CategoryWith(table.rows);
+constexpr const VEXMELKElement* elements[] = {&categories};
+
+} // namespace
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKUFOilTubConfig::GetStandardData>("GetStandardData", standard, category, table),
+};
+
+constinit const VEXMELKDescription VEXMELKUFOilTubConfig::description{
+    .name = "UFOilTub",
+    .file = "OVA\\UFOilTub.xml",
+    .meaning = "The clearance below the oil tub.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKUnderfloorConfig::description,
+};
 
 VEXMELKUFOilTubConfig::VEXMELKUFOilTubConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKUnderfloorConfig(configurationDirectory, CATUnicodeString("OVA") + "\\" + "UFOilTub.xml")
+    : VEXMELKUnderfloorConfig(configurationDirectory, description.file)
 {
 }
 
 unsigned char VEXMELKUFOilTubConfig::GetStandardData(const CATUnicodeString& standard, const CATUnicodeString& category,
     CATUnicodeString& outOffset, CATUnicodeString& outAngle, CATUnicodeString& inOffset, CATUnicodeString& inAngle)
 {
-    return ReadCategory(standard, category,
-        {
-            {"out_offset", "mm", outOffset},
-            {"out_angle", "deg", outAngle},
-            {"in_offset", "mm", inOffset},
-            {"in_angle", "deg", inAngle},
-        });
+    return ReadCategory(standard, category, table, outOffset, outAngle, inOffset, inAngle);
 }

@@ -1,18 +1,38 @@
+// The slope angles: one table of the category.
 #include "VEXMELKUFSlopeAngleConfig.h"
 
-#include "VEXMELKField.h"
+#include "VEXMELKReader.h"
+
+namespace {
+
+constexpr VEXMELKOutputTable<CATUnicodeString, CATUnicodeString> table{
+    Angle("front_angle", "angles in front and behind"), Angle("back_angle", "angles in front and behind")};
+
+constexpr VEXMELKElement categories = CategoryWith(table.rows);
+constexpr const VEXMELKElement* elements[] = {&categories};
+
+} // namespace
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKUFSlopeAngleConfig::GetStandardData>("GetStandardData", standard, category, table),
+};
+
+constinit const VEXMELKDescription VEXMELKUFSlopeAngleConfig::description{
+    .name = "UFSlopeAngle",
+    .file = "OVA\\UFSlopeAngle.xml",
+    .meaning = "The slope angles at the vehicle's ends.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKUnderfloorConfig::description,
+};
 
 VEXMELKUFSlopeAngleConfig::VEXMELKUFSlopeAngleConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKUnderfloorConfig(configurationDirectory, CATUnicodeString("OVA") + "\\" + "UFSlopeAngle.xml")
+    : VEXMELKUnderfloorConfig(configurationDirectory, description.file)
 {
 }
 
 unsigned char VEXMELKUFSlopeAngleConfig::GetStandardData(const CATUnicodeString& standard,
     const CATUnicodeString& category, CATUnicodeString& frontAngle, CATUnicodeString& backAngle)
 {
-    return ReadCategory(standard, category,
-        {
-            {"front_angle", "deg", frontAngle},
-            {"back_angle", "deg", backAngle},
-        });
+    return ReadCategory(standard, category, table, frontAngle, backAngle);
 }

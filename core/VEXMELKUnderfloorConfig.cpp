@@ -1,21 +1,65 @@
+// What the checks that work from the occupant's eyes have in common. An unknown standard answers true and leaves the
+// outputs as they are.
 #include "VEXMELKUnderfloorConfig.h"
 
-#include "VEXMELKAnswer.h"
-#include "VEXMELKElements.h"
-#include "VEXMELKField.h"
+#include "VEXMELKReader.h"
 
 namespace {
 
-enum EyesTypes : int
-{
-    EyePoints,
-    EyeEllipses,
-    ExtendedEyePoints
-};
+using Eyes = VEXMELKEyesConfigDefinition;
 
-constexpr const char* eyesElements[] = {"eye_points", "eye_ellipses", "eye_extended_points"};
+constexpr const char* referredStandard = "name of the standard in `EyePoints.xml`, `EyeEllipses.xml` or "
+                                         "`ExtendedEyePoints.xml`";
+constexpr VEXMELKTable eyesTable{
+    Name<&Eyes::Standard>("standard", "standard of the eyes", referredStandard, AsWritten(), Keep),
+};
+constexpr VEXMELKTable percentilTable{
+    Text<&Eyes::Percentil>("percentil", "the percentile", AsWritten(), Keep),
+};
+constexpr VEXMELKOutputTable<CATUnicodeString> pointTable{
+    Text("point_to_pick", "the point that the user is to pick", Fills{"point"})};
+constexpr VEXMELKOutputTable<unsigned char> radiusTable{
+    Flag("static_radius", "whether the static wheel radius is used", AsWritten(), Else(true), Fills{"use"})};
+
+constexpr VEXMELKElement standardElements = VEXMELKCommon::StandardWith(radiusTable.rows);
+constexpr VEXMELKElement categoryElements = CategoryWith(pointTable.rows);
+
+constexpr VEXMELKElement EyesWith(const char* tag, const char* meaning, VEXMELKRows others = {})
+{
+    return {.tag = tag,
+        .below = &VEXMELKCommon::standards,
+        .place = VEXMELKPlace::AnyDepth,
+        .tables = {eyesTable.rows, others},
+        .meaning = meaning};
+}
+// By type.
+constexpr VEXMELKElement eyesElements[] = {
+    EyesWith("eye_points", "the standard uses eye points (type 0)"),
+    EyesWith("eye_ellipses", "the standard uses eye ellipses (type 1)", percentilTable.rows),
+    EyesWith("eye_extended_points", "the standard uses extended eye points (type 2)"),
+};
+constexpr int eyeEllipses = 1;
+
+constexpr const VEXMELKElement* elements[] = {
+    &standardElements, &eyesElements[0], &eyesElements[1], &eyesElements[2], &categoryElements};
 
 } // namespace
+
+template <>
+constexpr auto VEXMELKFieldsOf<Eyes> = VEXMELKFieldList<Eyes>(
+    eyesTable, percentilTable, VEXMELKComputed<&Eyes::EyesType>());
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKUnderfloorConfig::GetEyes>("GetEyes", standard, Output("eyes")),
+    VEXMELKDescribe<&VEXMELKUnderfloorConfig::GetPointToPick>("GetPointToPick", standard, category, pointTable),
+    VEXMELKDescribe<&VEXMELKUnderfloorConfig::UseStaticRadius>("UseStaticRadius", standard, radiusTable),
+};
+
+constinit const VEXMELKDescription VEXMELKUnderfloorConfig::description{
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKCheckConfig::description,
+};
 
 VEXMELKUnderfloorConfig::VEXMELKUnderfloorConfig(CATUnicodeString path, CATUnicodeString fileName)
     : VEXMELKCheckConfig(std::move(path), std::move(fileName))
@@ -34,17 +78,21 @@ unsigned char VEXMELKUnderfloorConfig::GetEyes(const CATUnicodeString& standard,
             if (element == NULL_var)
                 return 1;
 
-            CATIDOMElement_var eyesElement;
-            for (int type = EyePoints; type <= ExtendedEyePoints && eyesElement == NULL_var; ++type)
+            CATIDOMElement_var found;
+            int type = -1;
+            for (const VEXMELKElement& eyesElement : eyesElements)
             {
-                eyesElement = FirstElement(element, eyesElements[type]);
-                eyes.EyesType = type;
+                found = Find(element, eyesElement);
+                ++type;
+                if (found != NULL_var)
+                    break;
             }
-            if (eyesElement == NULL_var)
+            eyes.EyesType = type;
+            if (found == NULL_var)
                 return 1;
-            AssignAttribute(eyesElement, "standard", eyes.Standard);
-            if (eyes.EyesType == EyeEllipses)
-                AssignAttribute(eyesElement, "percentil", eyes.Percentil);
+            ReadFields(Decimals(), found, eyesTable, eyes);
+            if (type == eyeEllipses)
+                ReadFields(Decimals(), found, percentilTable, eyes);
             return 1;
         });
 }
@@ -52,7 +100,7 @@ unsigned char VEXMELKUnderfloorConfig::GetEyes(const CATUnicodeString& standard,
 unsigned char VEXMELKUnderfloorConfig::GetPointToPick(
     const CATUnicodeString& standard, const CATUnicodeString& category, CATUnicodeString& point)
 {
-    return ReadCategory(standard, category, {{"point_to_pick", "", point}});
+    return ReadCategory(standard, category, pointTable, point);
 }
 
 unsigned char VEXMELKUnderfloorConfig::UseStaticRadius(const CATUnicodeString& standard, unsigned char& use)
@@ -66,9 +114,7 @@ unsigned char VEXMELKUnderfloorConfig::UseStaticRadius(const CATUnicodeString& s
             const CATIDOMElement_var element = GetStandardElement(standard);
             if (element == NULL_var)
                 return 1;
-            CATUnicodeString text("true");
-            AssignAttribute(element, "static_radius", text);
-            use = BooleanFromString(text);
+            ReadFields(Decimals(), element, radiusTable, use);
             return 1;
         });
 }

@@ -26,6 +26,8 @@ struct VEXMELKAPillarConfigDefinition
 class ExportedByVEXMELKConfiguration VEXMELKAPillarConfig : public VEXMELKUnderfloorConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKAPillarConfig(const CATUnicodeString& configurationDirectory);
 
     // False, with the record untouched, when the standard has neither the category nor "default".

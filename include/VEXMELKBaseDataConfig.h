@@ -61,6 +61,8 @@ struct VEXMELKWheelsDefinition
 class ExportedByVEXMELKConfiguration VEXMELKBaseDataConfig : public VEXMELKConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKBaseDataConfig(const CATUnicodeString& configurationDirectory);
 
     // Replaces the array by the category's loadings, followed by those of "default" (which are thus delivered twice

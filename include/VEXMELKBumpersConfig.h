@@ -53,6 +53,8 @@ struct VEXMELKBumpersDefinition
 class ExportedByVEXMELKConfiguration VEXMELKBumpersConfig : public VEXMELKCheckConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKBumpersConfig(const CATUnicodeString& configurationDirectory);
 
     // Replaces the array by the bumpers of the category's first pendulum of the type. A missing pendulum and an unknown

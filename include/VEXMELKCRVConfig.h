@@ -32,6 +32,8 @@ struct VEXMELKCRVConfigDefinition
 class ExportedByVEXMELKConfiguration VEXMELKCRVConfig : public VEXMELKUnderfloorConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKCRVConfig(const CATUnicodeString& configurationDirectory);
 
     // False, with only the three lengths set to their defaults, when the standard has neither the category nor

@@ -7,6 +7,8 @@
 class ExportedByVEXMELKConfiguration VEXMELKCheckConfig : public VEXMELKConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     VEXMELKCheckConfig(CATUnicodeString path, CATUnicodeString fileName);
     VEXMELKCheckConfig(const VEXMELKCheckConfig& other);
     VEXMELKCheckConfig& operator=(const VEXMELKCheckConfig& other);

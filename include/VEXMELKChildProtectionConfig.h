@@ -31,6 +31,8 @@ struct VEXMELKChildProtectionDefinition
 class ExportedByVEXMELKConfiguration VEXMELKChildProtectionConfig : public VEXMELKCheckConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKChildProtectionConfig(const CATUnicodeString& configurationDirectory);
 
     // False, with the record untouched, when the standard has neither the category nor "default".

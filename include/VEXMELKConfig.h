@@ -19,10 +19,10 @@
 #include "VEXMELKConfigurationExport.h"
 
 #include <array>
-#include <initializer_list>
 #include <memory>
 
-class VEXMELKField;
+class VEXMELKDecimals;
+struct VEXMELKDescription;
 class VEXMELKStandardCatalogue;
 
 // The roots of an object's documents.
@@ -35,6 +35,8 @@ struct VEXMELKRootDOMElementsDefinition
 class ExportedByVEXMELKConfiguration VEXMELKConfig : public CATBaseUnknown
 {
 public:
+    static const VEXMELKDescription description;
+
     // "path" is the configuration directory; "fileName" carries the sub-folder ("OVA\UFCurb.xml"). Opens nothing.
     VEXMELKConfig(CATUnicodeString path, CATUnicodeString fileName);
     // A copy shares the documents that are loaded.
@@ -152,10 +154,14 @@ protected:
     // The number that the text begins with, 0 when there is none.
     double GetNumber(CATUnicodeString text);
 
-    // Reads a table of fields from a category of a standard, and from its "default" what the category leaves out.
-    // False, with the fields untouched, when the standard has no data for it.
+    // Reads a table from a category of a standard, and from its "default" what the category leaves out. False, with the
+    // fields untouched, when the standard has no data for it.
+    template <class Table, class... Fields>
     unsigned char ReadCategory(
-        const CATUnicodeString& standard, const CATUnicodeString& category, std::initializer_list<VEXMELKField> fields);
+        const CATUnicodeString& standard, const CATUnicodeString& category, const Table& table, Fields&... fields);
+
+    // How numbers are written now.
+    static VEXMELKDecimals Decimals();
 
     // Default settings ----------------------------------------------------------------------
 

@@ -67,6 +67,8 @@ struct VEXMELKShapeDefinition
 class ExportedByVEXMELKConfiguration VEXMELKCrashBarriersConfig : public VEXMELKCheckConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKCrashBarriersConfig(const CATUnicodeString& configurationDirectory);
 
     // Replaces the array by the category's barriers in document order. False, with the array empty, when the standard

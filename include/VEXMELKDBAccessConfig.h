@@ -10,6 +10,8 @@
 class ExportedByVEXMELKConfiguration VEXMELKDBAccessConfig : public VEXMELKConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKDBAccessConfig(const CATUnicodeString& configurationDirectory);
 
     // The parameters as texts; a missing one is empty. The file is read afresh by each query. False, with the outputs

@@ -49,6 +49,8 @@ struct VEXMELKDirectView3DCFG
 class ExportedByVEXMELKConfiguration VEXMELKDirectView3DConfig : public VEXMELKUnderfloorConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKDirectView3DConfig(const CATUnicodeString& configurationDirectory);
 
     // Fills the record from the category, values that it leaves out from "default", and from its first "Target";

@@ -28,6 +28,8 @@ struct VEXMELKDirectViewCFG
 class ExportedByVEXMELKConfiguration VEXMELKDirectViewConfig : public VEXMELKUnderfloorConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKDirectViewConfig(const CATUnicodeString& configurationDirectory);
 
     // Fills the record from the category itself; "default" does not fill in for single values. The points are replaced,

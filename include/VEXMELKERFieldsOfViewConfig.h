@@ -54,6 +54,8 @@ struct VEXMELKERFieldsOfViewConfigDefinition
 class ExportedByVEXMELKConfiguration VEXMELKERFieldsOfViewConfig : public VEXMELKUnderfloorConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKERFieldsOfViewConfig(const CATUnicodeString& configurationDirectory);
 
     // Fills the record as far as the file goes; what it does not mention stays as it is, so callers pass a fresh

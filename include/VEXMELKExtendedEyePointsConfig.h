@@ -63,6 +63,8 @@ struct VEXMELKExtendedEyePointMovements
 class ExportedByVEXMELKConfiguration VEXMELKExtendedEyePointsConfig : public VEXMELKCheckConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKExtendedEyePointsConfig(const CATUnicodeString& configurationDirectory);
 
     // The offset of the first element named after the point; a missing coordinate is 0. False, with the position

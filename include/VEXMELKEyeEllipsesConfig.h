@@ -47,6 +47,8 @@ struct VEXMELKEyeEllipsesNumbers
 class ExportedByVEXMELKConfiguration VEXMELKEyeEllipsesConfig : public VEXMELKCheckConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKEyeEllipsesConfig(const CATUnicodeString& configurationDirectory);
 
     // Whether the standard holds an element of that name, at any depth.

@@ -49,6 +49,8 @@ struct VEXMELKEyePointPosition
 class ExportedByVEXMELKConfiguration VEXMELKEyePointsConfig : public VEXMELKCheckConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKEyePointsConfig(const CATUnicodeString& configurationDirectory);
 
     // Replaces the array by the category's points. False, with the array empty, when there are none.

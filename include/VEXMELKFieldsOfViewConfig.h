@@ -44,6 +44,8 @@ struct VEXMELKFieldsOfViewConfigDefinition
 class ExportedByVEXMELKConfiguration VEXMELKFieldsOfViewConfig : public VEXMELKUnderfloorConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKFieldsOfViewConfig(const CATUnicodeString& configurationDirectory);
 
     // Fills the record as far as the file goes; fields and intervals that it does not mention stay as they are, so

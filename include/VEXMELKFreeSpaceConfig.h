@@ -34,6 +34,8 @@ struct VEXMELKFreeSpaceDefinition
 class ExportedByVEXMELKConfiguration VEXMELKFreeSpaceConfig : public VEXMELKCheckConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKFreeSpaceConfig(const CATUnicodeString& configurationDirectory);
 
     // False, with the record untouched, when the standard has neither the category nor "default".

@@ -31,6 +31,8 @@
 class ExportedByVEXMELKConfiguration VEXMELKHeadContourConfig : public VEXMELKCheckConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKHeadContourConfig(const CATUnicodeString& configurationDirectory);
 
     // The width of the standard's first "middle_stripe" that has one.

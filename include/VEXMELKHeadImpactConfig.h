@@ -145,6 +145,8 @@ struct VEXMELKHeadImpactDefinition
 class ExportedByVEXMELKConfiguration VEXMELKHeadImpactConfig : public VEXMELKUnderfloorConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKHeadImpactConfig(const CATUnicodeString& configurationDirectory);
 
     // Each fills one zone. False, with the record untouched, when the standard does not have it.

@@ -39,6 +39,8 @@ struct VEXMELKLampPositionsDefinition
 class ExportedByVEXMELKConfiguration VEXMELKLampPositionsConfig : public VEXMELKCheckConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKLampPositionsConfig(const CATUnicodeString& configurationDirectory);
 
     // Replaces the array by the category's lamps in document order. Always true: an unknown standard or category is one

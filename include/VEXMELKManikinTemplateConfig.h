@@ -78,6 +78,8 @@ struct VEXMELKManikinTemplateDefinition
 class ExportedByVEXMELKConfiguration VEXMELKManikinTemplateConfig : public VEXMELKUnderfloorConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKManikinTemplateConfig(const CATUnicodeString& configurationDirectory);
 
     VEXMELKMTElementUsage GetRole(CATUnicodeString& text);

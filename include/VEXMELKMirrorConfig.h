@@ -42,6 +42,8 @@ struct VEXMELKMirrorDefinition
 class ExportedByVEXMELKConfiguration VEXMELKMirrorConfig : public VEXMELKUnderfloorConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKMirrorConfig(const CATUnicodeString& configurationDirectory);
 
     // Replaces the list by the names of the category's positions. False, with the list untouched, when the standard has

@@ -22,6 +22,8 @@ struct VEXMELKMultipleReflectionConfigDef
 class ExportedByVEXMELKConfiguration VEXMELKMultipleReflectionConfig : public VEXMELKOpticalPropsOfWSConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKMultipleReflectionConfig(const CATUnicodeString& configurationDirectory);
 
     // False, with the record untouched, when the standard has neither the category nor "default".

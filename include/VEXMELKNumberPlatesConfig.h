@@ -27,6 +27,8 @@ struct VEXMELKNumberPlatesDefinition
 class ExportedByVEXMELKConfiguration VEXMELKNumberPlatesConfig : public VEXMELKCheckConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKNumberPlatesConfig(const CATUnicodeString& configurationDirectory);
 
     // False, with the record untouched, when the standard has neither the category nor "default".

@@ -18,6 +18,8 @@ struct VEXMELKOpticalDistortionConfigDef
 class ExportedByVEXMELKConfiguration VEXMELKOpticalDistortionConfig : public VEXMELKOpticalPropsOfWSConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKOpticalDistortionConfig(const CATUnicodeString& configurationDirectory);
 
     // False, with the record untouched, when the standard has neither the category nor "default".

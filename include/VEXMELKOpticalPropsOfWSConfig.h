@@ -29,6 +29,8 @@ struct VEXMELKOpticalPropsOfWSConfigDef
 class ExportedByVEXMELKConfiguration VEXMELKOpticalPropsOfWSConfig : public VEXMELKUnderfloorConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     // "fileName" carries the sub-folder.
     VEXMELKOpticalPropsOfWSConfig(const CATUnicodeString& configurationDirectory, const CATUnicodeString& fileName);
 

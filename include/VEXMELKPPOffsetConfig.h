@@ -46,6 +46,8 @@ struct VEXMELKPPOffsetDefinition
 class ExportedByVEXMELKConfiguration VEXMELKPPOffsetConfig : public VEXMELKCheckConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKPPOffsetConfig(const CATUnicodeString& configurationDirectory);
 
     // Sets the three lengths to 0, then fills the record. Without "section_based" the fields of that element stay as

@@ -90,6 +90,8 @@ struct PedestrianProtectionDefinition
 class ExportedByVEXMELKConfiguration VEXMELKPedestrianProtectionConfig : public VEXMELKUnderfloorConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKPedestrianProtectionConfig(const CATUnicodeString& configurationDirectory);
 
     // Replaces the record; a line, area or template that is missing is reset. False, with the record untouched, when

@@ -22,6 +22,8 @@ struct VEXMELKPyramidConfigDefinition
 class ExportedByVEXMELKConfiguration VEXMELKPyramidConfig : public VEXMELKUnderfloorConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKPyramidConfig(const CATUnicodeString& configurationDirectory);
 
     // False, with the record untouched, when the standard has neither the category nor "default".

@@ -16,6 +16,8 @@
 class ExportedByVEXMELKConfiguration VEXMELKReportGenConfig : public VEXMELKConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKReportGenConfig(const CATUnicodeString& configurationDirectory);
 
     // Replaces the list by the names of the templates: those of the customer document, then those that only the base

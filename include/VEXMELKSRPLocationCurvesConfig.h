@@ -26,6 +26,8 @@ struct VEXMELKSRPLocationCurveDefinition
 class ExportedByVEXMELKConfiguration VEXMELKSRPLocationCurvesConfig : public VEXMELKCheckConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKSRPLocationCurvesConfig(const CATUnicodeString& configurationDirectory);
 
     // Replaces the array by the category's curves in document order, of each name (the empty one too) the first. False,

@@ -67,6 +67,8 @@ struct VEXMELKSBShAnchorCfgDefinition
 class ExportedByVEXMELKConfiguration VEXMELKSeatingBeltsConfig : public VEXMELKCheckConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKSeatingBeltsConfig(const CATUnicodeString& configurationDirectory);
 
     // False, with the record untouched, when the standard has neither the category nor "default".

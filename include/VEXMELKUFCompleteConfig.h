@@ -26,6 +26,8 @@ struct VEXMELKUFCompleteConfigDefinition
 class ExportedByVEXMELKConfiguration VEXMELKUFCompleteConfig : public VEXMELKUnderfloorConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKUFCompleteConfig(const CATUnicodeString& configurationDirectory);
 
     // False, with the outputs untouched, when the standard has neither the category nor "default".

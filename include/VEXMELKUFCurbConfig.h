@@ -22,6 +22,8 @@ struct VEXMELKUFCurbConfigDefinition
 class ExportedByVEXMELKConfiguration VEXMELKUFCurbConfig : public VEXMELKUnderfloorConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKUFCurbConfig(const CATUnicodeString& configurationDirectory);
 
     // False, with the outputs untouched, when the standard has neither the category nor "default".

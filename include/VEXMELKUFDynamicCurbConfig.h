@@ -13,6 +13,8 @@
 class ExportedByVEXMELKConfiguration VEXMELKUFDynamicCurbConfig : public VEXMELKUnderfloorConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKUFDynamicCurbConfig(const CATUnicodeString& configurationDirectory);
 
     // Two offsets and a length, and the name of the calculation. A missing value is empty.

@@ -13,6 +13,8 @@
 class ExportedByVEXMELKConfiguration VEXMELKUFInnerAngleConfig : public VEXMELKUnderfloorConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKUFInnerAngleConfig(const CATUnicodeString& configurationDirectory);
 
     // The angle and the name of its calculation. A missing value is empty.

@@ -13,6 +13,8 @@
 class ExportedByVEXMELKConfiguration VEXMELKUFOilTubConfig : public VEXMELKUnderfloorConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKUFOilTubConfig(const CATUnicodeString& configurationDirectory);
 
     // Offsets and angles outside and inside. A missing value is empty.

@@ -13,6 +13,8 @@
 class ExportedByVEXMELKConfiguration VEXMELKUFSlopeAngleConfig : public VEXMELKUnderfloorConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKUFSlopeAngleConfig(const CATUnicodeString& configurationDirectory);
 
     // The two angles. A missing value is empty.

@@ -14,6 +14,8 @@
 class ExportedByVEXMELKConfiguration VEXMELKUFSpaceToRoadConfig : public VEXMELKUnderfloorConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKUFSpaceToRoadConfig(const CATUnicodeString& configurationDirectory);
 
     // Three lengths and five flags. A missing length is empty; missing flags are false, but WheelRadius and

@@ -13,6 +13,8 @@
 class ExportedByVEXMELKConfiguration VEXMELKUFWheelFixingConfig : public VEXMELKUnderfloorConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKUFWheelFixingConfig(const CATUnicodeString& configurationDirectory);
 
     // Two lengths. A missing value is empty.

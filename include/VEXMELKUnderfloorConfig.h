@@ -15,6 +15,8 @@ struct VEXMELKEyesConfigDefinition
 class ExportedByVEXMELKConfiguration VEXMELKUnderfloorConfig : public VEXMELKCheckConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     VEXMELKUnderfloorConfig(CATUnicodeString path, CATUnicodeString fileName);
 
     // The first of the elements "eye_points", "eye_ellipses", "eye_extended_points" below the standard. Without any of

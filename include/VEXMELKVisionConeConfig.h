@@ -22,6 +22,8 @@ struct VEXMELKVisionConeConfigDefinition
 class ExportedByVEXMELKConfiguration VEXMELKVisionConeConfig : public VEXMELKUnderfloorConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKVisionConeConfig(const CATUnicodeString& configurationDirectory);
 
     // False, with the record untouched, when the standard has neither the category nor "default".

@@ -21,6 +21,8 @@ struct VEXMELKVisionPointsConfigDefinition
 class ExportedByVEXMELKConfiguration VEXMELKVisionPointsConfig : public VEXMELKUnderfloorConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKVisionPointsConfig(const CATUnicodeString& configurationDirectory);
 
     // False, with the record untouched, when the standard has neither the category nor "default".

@@ -28,6 +28,8 @@ struct VEXMELKWheelCoveringDefinition
 class ExportedByVEXMELKConfiguration VEXMELKWheelCoveringConfig : public VEXMELKCheckConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKWheelCoveringConfig(const CATUnicodeString& configurationDirectory);
 
     // False, with the record untouched, when the standard has neither the category nor "default".

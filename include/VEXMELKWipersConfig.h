@@ -21,6 +21,8 @@ struct VEXMELKWipersDefinition
 class ExportedByVEXMELKConfiguration VEXMELKWipersConfig : public VEXMELKCheckConfig
 {
 public:
+    static const VEXMELKDescription description;
+
     explicit VEXMELKWipersConfig(const CATUnicodeString& configurationDirectory);
 
     // False, with the record untouched, when the standard has neither the category nor "default".

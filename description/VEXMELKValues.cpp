@@ -1,6 +1,6 @@
+// Numbers, lengths, angles and flags out of texts, each in one place.
 #include "VEXMELKValues.h"
 
-#include "CATCkeGlobalFunctions.h"
 #include "VEXMELKUtilities.h"
 
 namespace {
@@ -23,16 +23,9 @@ double MillimetresFromText(const CATUnicodeString& text) { return MetresFromText
 
 double RadiansFromText(const CATUnicodeString& text) { return VEXMELKUtilities::GetValueInRadians(text); }
 
-double ParameterMillimetres(const CATUnicodeString& text, const char* parameterName)
+bool FlagFromText(const CATUnicodeString& text)
 {
-    CATICkeParm_var parameter = CATCkeGlobalFunctions::GetVolatileFactory()->CreateLength(parameterName, 0.0);
-    parameter->Valuate(text);
-    return parameter->AsReal() * millimetresPerMetre;
-}
-
-double ParameterRadians(const CATUnicodeString& text, const char* parameterName)
-{
-    CATICkeParm_var parameter = CATCkeGlobalFunctions::GetVolatileFactory()->CreateAngle(parameterName, 0.0);
-    parameter->Valuate(text);
-    return parameter->AsReal();
+    CATUnicodeString upper = text;
+    upper.ToUpper();
+    return upper == "TRUE";
 }
