@@ -300,26 +300,26 @@ CATIDOMElement_var VEXMELKConfig::GetStandardElement(const CATUnicodeString& sta
     return HasDocuments() ? m_Catalogue->FindStandard(standard) : CATIDOMElement_var();
 }
 
-CATIDOMElement_var VEXMELKConfig::GetRootChildElement(std::string_view tag, std::string_view name)
+CATIDOMElement_var VEXMELKConfig::GetRootChildElement(const VEXMELKElement& described, std::string_view key)
 {
     if (!HasDocuments())
         return NULL_var;
-    const CATIDOMElement_var found = FindChild(m_spCustomerRootElement, tag, "name", name);
-    return found != NULL_var ? found : FindChild(m_spRootElement, tag, "name", name);
+    const CATIDOMElement_var found = FindByKey(m_spCustomerRootElement, described, key);
+    return found != NULL_var ? found : FindByKey(m_spRootElement, described, key);
 }
 
-void VEXMELKConfig::GetRootChildNames(std::string_view tag, CATListValCATUnicodeString& names)
+void VEXMELKConfig::GetRootChildNames(const VEXMELKElement& described, CATListValCATUnicodeString& keys)
 {
-    names.RemoveAll();
+    keys.RemoveAll();
     if (!HasDocuments())
         return;
     CATListValCATUnicodeString ofBase;
-    ChildAttributeValues(m_spCustomerRootElement, tag, "name", names);
-    ChildAttributeValues(m_spRootElement, tag, "name", ofBase);
+    CollectKeys(m_spCustomerRootElement, described, keys);
+    CollectKeys(m_spRootElement, described, ofBase);
     if (m_spCustomerRootElement == NULL_var)
-        std::swap(names, ofBase);
+        std::swap(keys, ofBase);
     else
-        AppendMissing(names, ofBase);
+        AppendMissing(keys, ofBase);
 }
 
 CATIDOMElement_var VEXMELKConfig::GetStandardElement(CATIDOMElement_var& parent, const CATUnicodeString& standard)

@@ -86,15 +86,23 @@ bool ReadFields(VEXMELKDecimals decimals, const CATIDOMNamedNodeMap_var& map, co
     return complete;
 }
 
+// Each attribute goes into the output at the place of its row.
+template <class... Outputs>
+bool ReadOutputs(VEXMELKDecimals decimals, const CATIDOMNamedNodeMap_var& map,
+    const CATIDOMNamedNodeMap_var& defaultMap, VEXMELKRows rows, Outputs&... outputs)
+{
+    VEXMELKAttributeReader reader(decimals, map, defaultMap);
+    bool complete = true;
+    const VEXMELKRow* row = rows.data();
+    ((complete = reader.Read(*row++, &outputs) && complete), ...);
+    return complete;
+}
+
 template <class... Outputs>
 bool ReadFields(VEXMELKDecimals decimals, const CATIDOMNamedNodeMap_var& map, const CATIDOMNamedNodeMap_var& defaultMap,
     const VEXMELKOutputTable<Outputs...>& table, Outputs&... outputs)
 {
-    VEXMELKAttributeReader reader(decimals, map, defaultMap);
-    bool complete = true;
-    const VEXMELKRow* row = table.rows.data();
-    ((complete = reader.Read(*row++, &outputs) && complete), ...);
-    return complete;
+    return ReadOutputs(decimals, map, defaultMap, table.rows, outputs...);
 }
 
 // The same for the attributes of an element alone.
@@ -102,6 +110,12 @@ template <class Table, class... Fields>
 bool ReadFields(VEXMELKDecimals decimals, const CATIDOMElement_var& element, const Table& table, Fields&... fields)
 {
     return ReadFields(decimals, element->GetAttributes(), NULL_var, table, fields...);
+}
+
+template <class... Outputs>
+bool ReadOutputs(VEXMELKDecimals decimals, const CATIDOMElement_var& element, VEXMELKRows rows, Outputs&... outputs)
+{
+    return ReadOutputs(decimals, element->GetAttributes(), NULL_var, rows, outputs...);
 }
 
 // One attribute, as a text whatever form its row has. False, and what the row states, when it is missing.

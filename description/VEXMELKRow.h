@@ -369,6 +369,11 @@ template <auto Field> struct VEXMELKComputed
     std::string_view unit = {};
 };
 
+// A field that is the caller's alone.
+template <auto Field> struct VEXMELKCallers
+{
+};
+
 namespace VEXMELKRowDetail {
 
 struct Anything
@@ -394,6 +399,12 @@ public:
             AddField(field);
     }
     template <auto Field> constexpr void Add(VEXMELKNested<Field> /*field*/) { AddNew(FieldOf<Field>({})); }
+    template <auto Field> constexpr void Add(VEXMELKCallers<Field> /*field*/)
+    {
+        VEXMELKField<Record> field = FieldOf<Field>({});
+        field.isCallers = true;
+        AddNew(field);
+    }
     template <auto Field> constexpr void Add(VEXMELKComputed<Field> field) { AddNew(FieldOf<Field>(field.unit)); }
     constexpr FieldArray<Record> All() const
     {

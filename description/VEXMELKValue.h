@@ -20,6 +20,7 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -91,6 +92,7 @@ template <class Record> struct VEXMELKField
     std::string_view unit;
     VEXMELKValue (*value)(Record& record) = nullptr;
     std::ptrdiff_t (*offset)(const Record& record) = nullptr; // from the record's begin, in bytes
+    bool isCallers = false;                                   // operations do not touch it
 };
 
 // All fields of a record; specialised beside the reader that fills it (see FieldList in VEXMELKRow.h).
@@ -111,22 +113,30 @@ template <class Record> class VEXMELKRecordViewOf : public VEXMELKRecordView
 {
 public:
     explicit VEXMELKRecordViewOf(Record& record) : m_Record(record) {}
-    std::size_t Size() const override { return Fields().size(); }
-    std::string_view Name(std::size_t position) const override { return Fields()[position].name; }
-    std::string_view Unit(std::size_t position) const override { return Fields()[position].unit; }
-    VEXMELKValue At(std::size_t position) override { return Fields()[position].value(m_Record); }
+    std::size_t Size() const override { return Fields().shown; }
+    std::string_view Name(std::size_t position) const override { return Fields().sorted[position].name; }
+    std::string_view Unit(std::size_t position) const override { return Fields().sorted[position].unit; }
+    VEXMELKValue At(std::size_t position) override { return Fields().sorted[position].value(m_Record); }
 
 private:
-    // In declared order.
-    static const auto& Fields()
+    // In declared order, those that are the caller's behind the others.
+    struct SortedFields
     {
-        static const auto fields = []
+        std::remove_const_t<decltype(VEXMELKFieldsOf<Record>)> sorted = VEXMELKFieldsOf<Record>;
+        std::size_t shown = 0;
+    };
+    static const SortedFields& Fields()
+    {
+        static const SortedFields fields = []
         {
             const Record record{};
-            auto sorted = VEXMELKFieldsOf<Record>;
-            std::sort(sorted.begin(), sorted.end(),
-                [&](const auto& left, const auto& right) { return left.offset(record) < right.offset(record); });
-            return sorted;
+            SortedFields made;
+            const auto place = [&](const auto& field) { return std::pair(field.isCallers, field.offset(record)); };
+            std::sort(made.sorted.begin(), made.sorted.end(),
+                [&](const auto& left, const auto& right) { return place(left) < place(right); });
+            for (const auto& field : made.sorted)
+                made.shown += field.isCallers ? 0 : 1;
+            return made;
         }();
         return fields;
     }

@@ -23,6 +23,7 @@
 
 class VEXMELKDecimals;
 struct VEXMELKDescription;
+struct VEXMELKElement;
 class VEXMELKStandardCatalogue;
 
 // The roots of an object's documents.
@@ -104,12 +105,12 @@ protected:
     CATIDOMElement_var GetStandardElement(const CATUnicodeString& standard);
     CATIDOMElement_var GetStandardElement(CATIDOMElement_var& parent, const CATUnicodeString& standard);
 
-    // The child of the root with the tag and the name, of the customer document before the base document; null when
-    // there is none.
-    CATIDOMElement_var GetRootChildElement(std::string_view tag, std::string_view name);
-    // The names of the children of the root with the tag: those of the customer document, then those that only the base
+    // The described child of the root with the key, of the customer document before the base document; null when there
+    // is none.
+    CATIDOMElement_var GetRootChildElement(const VEXMELKElement& described, std::string_view key);
+    // The keys of the described children of the root: those of the customer document, then those that only the base
     // document has. Empties the list first.
-    void GetRootChildNames(std::string_view tag, CATListValCATUnicodeString& names);
+    void GetRootChildNames(const VEXMELKElement& described, CATListValCATUnicodeString& keys);
 
     // The element of a category, or else that of "default"; "map" holds its attributes and "defaultMap" those of
     // "default". In the obsolete format, where a standard has no category at all, the standard itself serves as

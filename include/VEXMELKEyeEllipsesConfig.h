@@ -118,7 +118,7 @@ private:
     };
 
     unsigned char Init(const CATUnicodeString& standard, const CATUnicodeString& category);
-    CATIDOMElement_var GenerationElement(const CATUnicodeString& standard, std::string_view elementName);
+    CATIDOMElement_var GenerationElement(const CATUnicodeString& standard, const VEXMELKElement& generation);
     static double AxisLength(const MinorAxes& axes, int cutoff);
 
     // The pair of the last query by category, and its data.

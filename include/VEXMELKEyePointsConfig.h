@@ -94,7 +94,7 @@ private:
     static VEXIMELKEyePoints::PointCoordType GetPointCoordType(const CATUnicodeString& text);
     static void GetEyePointConfigPosition(const CATIDOMElement_var& element, VEXMELKEyePointPosition& position);
     unsigned char GetPosition(const CATUnicodeString& standard, const CATUnicodeString& category,
-        std::string_view elementName, VEXMELKEyePointPosition& position);
+        const VEXMELKElement& described, VEXMELKEyePointPosition& position);
 };
 
 #endif

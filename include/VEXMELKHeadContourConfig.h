@@ -94,7 +94,7 @@ private:
         const CATUnicodeString& seatName, CATIDOMElement_var& seat);
     Seats FindSeats(
         const CATUnicodeString& standard, const CATUnicodeString& category, const CATUnicodeString& seatName);
-    static CATIDOMElement_var CoeficientsRow(const Seats& seats, std::string_view tag, double hPointTravel);
+    static CATIDOMElement_var CoeficientsRow(const Seats& seats, const VEXMELKElement& rows, double hPointTravel);
     int ReadCutoffs(
         const CATUnicodeString& standard, const CATUnicodeString& category, CATListValCATUnicodeString& cutoffs);
 

@@ -1,64 +1,133 @@
+// Vehicle base data. The file has no standards: its categories are children of the root, and each query has a rule of
+// its own for what "default" supplies.
 #include "VEXMELKBaseDataConfig.h"
 
-#include "VEXMELKAnswer.h"
-#include "VEXMELKElements.h"
-#include "VEXMELKField.h"
+#include "VEXMELKReader.h"
 
 namespace {
 
-void ReadDeltas(const CATIDOMElement_var& element, VEXMELKLoadingDefinition& loading)
-{
-    ReadFields(element, NULL_var,
-        {
-            {"front_delta", "mm", loading.front_delta},
-            {"back_delta", "mm", loading.back_delta},
-        });
-}
+using Loading = VEXMELKLoadingDefinition;
+using Seat = VEXMELKSeatDefinition;
+using Wheels = VEXMELKWheelsDefinition;
 
-VEXMELKSeatDefinition SeatOf(const CATIDOMElement_var& element)
-{
-    VEXMELKSeatDefinition seat;
-    ReadFields(element, NULL_var,
-        {
-            {"name", "", seat.name},
-            {"IsFront", "", seat.IsFront, AsFlag, false},
-            {"BackAngle", "deg", seat.BackAngle},
-            {"HPointTravel", "mm", seat.HPointTravel},
-            {"RefPointX", "mm", seat.RefPointX},
-            {"RefPointY", "mm", seat.RefPointY},
-            {"RefPointZ", "mm", seat.RefPointZ},
-            {"HeelRPX", "mm", seat.HeelRPX},
-            {"HeelRPY", "mm", seat.HeelRPY},
-            {"HeelRPZ", "mm", seat.HeelRPZ},
-            {"PedalRPX", "mm", seat.PedalRPX},
-            {"PedalRPY", "mm", seat.PedalRPY},
-            {"PedalRPZ", "mm", seat.PedalRPZ},
-            {"SteerRPX", "mm", seat.SteerRPX},
-            {"SteerRPY", "mm", seat.SteerRPY},
-            {"SteerRPZ", "mm", seat.SteerRPZ},
-        });
-    return seat;
-}
+constexpr VEXMELKRow baseCategoryName = Text("name", "its name", AsWritten(), Skip);
+constexpr VEXMELKOutputTable<CATUnicodeString, CATUnicodeString, CATUnicodeString> overallTable{
+    Length("car_width", "width of the vehicle", Fills{"carWidth"}),
+    Length("forward_distance", "distance to the front", Fills{"forwardDistance"}),
+    Length("backward_distance", "distance to the rear", Fills{"backwardDistance"}),
+};
+constexpr VEXMELKElement baseCategories{.tag = "category",
+    .choice = VEXMELKChoice::ByKey,
+    .fallBack = VEXMELKFallBack::Other,
+    .key = &baseCategoryName,
+    .tables = {overallTable.rows},
+    .meaning = "a vehicle category",
+    .whenMissing = "see below"};
 
-void ReadWheel(const CATIDOMElement_var& element, VEXMELKWheelsDefinition& wheel)
-{
-    ReadFields(element, NULL_var,
-        {
-            {"CenterPointX", "mm", wheel.CenterPointX},
-            {"CenterPointY", "mm", wheel.CenterPointY},
-            {"CenterPointZ", "mm", wheel.CenterPointZ},
-            {"StaticRadius", "mm", wheel.StaticRadius},
-            {"Diameter", "mm", wheel.Diameter},
-            {"Width", "mm", wheel.Width},
-            {"Sturz", "deg", wheel.Sturz},
-            {"Spur", "deg", wheel.Spur},
-        });
-}
+constexpr VEXMELKTable loadingTable{
+    Text<&Loading::name>("name", "its name", Skip),
+};
+constexpr VEXMELKTable deltaTable{
+    Length<&Loading::front_delta>("front_delta", "differences in front and behind"),
+    Length<&Loading::back_delta>("back_delta", "differences in front and behind"),
+};
+constexpr VEXMELKElement loadingElements{.tag = "loading",
+    .below = &baseCategories,
+    .place = VEXMELKPlace::AnyDepth,
+    .choice = VEXMELKChoice::Each,
+    .fallBack = VEXMELKFallBack::Other,
+    .tables = {loadingTable.rows, deltaTable.rows},
+    .meaning = "a loading state",
+    .whenMissing = "no loadings"};
+
+constexpr VEXMELKTable seatTable{
+    Text<&Seat::name>("name", "its name"),
+    Flag<&Seat::IsFront>("IsFront", "a front seat"),
+    Angle<&Seat::BackAngle>("BackAngle", "back angle"),
+    Length<&Seat::HPointTravel>("HPointTravel", "H-point travel"),
+    Length<&Seat::RefPointX>("RefPointX", "reference point of the seat"),
+    Length<&Seat::RefPointY>("RefPointY", "reference point of the seat"),
+    Length<&Seat::RefPointZ>("RefPointZ", "reference point of the seat"),
+    Length<&Seat::HeelRPX>("HeelRPX", "heel reference point"),
+    Length<&Seat::HeelRPY>("HeelRPY", "heel reference point"),
+    Length<&Seat::HeelRPZ>("HeelRPZ", "heel reference point"),
+    Length<&Seat::PedalRPX>("PedalRPX", "pedal reference point"),
+    Length<&Seat::PedalRPY>("PedalRPY", "pedal reference point"),
+    Length<&Seat::PedalRPZ>("PedalRPZ", "pedal reference point"),
+    Length<&Seat::SteerRPX>("SteerRPX", "steering reference point"),
+    Length<&Seat::SteerRPY>("SteerRPY", "steering reference point"),
+    Length<&Seat::SteerRPZ>("SteerRPZ", "steering reference point"),
+};
+constexpr VEXMELKElement seatElements{.tag = "seat",
+    .below = &baseCategories,
+    .place = VEXMELKPlace::AnyDepth,
+    .choice = VEXMELKChoice::Each,
+    .fallBack = VEXMELKFallBack::Other,
+    .tables = {seatTable.rows},
+    .meaning = "a seat",
+    .whenMissing = "those of `default`"};
+
+constexpr VEXMELKTable wheelTable{
+    Length<&Wheels::CenterPointX>("CenterPointX", "centre of the wheel"),
+    Length<&Wheels::CenterPointY>("CenterPointY", "centre of the wheel"),
+    Length<&Wheels::CenterPointZ>("CenterPointZ", "centre of the wheel"),
+    Length<&Wheels::StaticRadius>("StaticRadius", "of the wheel"),
+    Length<&Wheels::Diameter>("Diameter", "of the wheel"),
+    Length<&Wheels::Width>("Width", "of the wheel"),
+    Angle<&Wheels::Sturz>("Sturz", "camber"),
+    Angle<&Wheels::Spur>("Spur", "toe"),
+};
+constexpr VEXMELKElement wheelsElement{.tag = "wheels",
+    .below = &baseCategories,
+    .place = VEXMELKPlace::AnyDepth,
+    .fallBack = VEXMELKFallBack::Other,
+    .meaning = "the wheels; the first counts",
+    .whenMissing = "those of `default`"};
+constexpr VEXMELKElement wheelElement{.tag = "*",
+    .below = &wheelsElement,
+    .place = VEXMELKPlace::AnyDepth,
+    .fallBack = VEXMELKFallBack::Other,
+    .tables = {wheelTable.rows},
+    .meaning = "a wheel; its tag is the wheel's name, and the first of the tag counts",
+    .whenMissing = "that of `default`"};
+
+constexpr const VEXMELKElement* elements[] = {
+    &baseCategories, &loadingElements, &seatElements, &wheelsElement, &wheelElement};
 
 } // namespace
 
+template <>
+constexpr auto VEXMELKFieldsOf<Loading> = VEXMELKFieldList<Loading>(
+    loadingTable, deltaTable, VEXMELKComputed<&Loading::spare1>(), VEXMELKComputed<&Loading::spare2>());
+template <> constexpr auto VEXMELKFieldsOf<Seat> = VEXMELKFieldList<Seat>(seatTable);
+template <> constexpr auto VEXMELKFieldsOf<Wheels> = VEXMELKFieldList<Wheels>(wheelTable);
+
+static constexpr VEXMELKParameter baseCategory{
+    .name = "category", .role = VEXMELKRole::Key, .element = &baseCategories};
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKBaseDataConfig::GetLoadingDataForBaseDataCategory>(
+        "GetLoadingDataForBaseDataCategory", baseCategory, Output("loadings")),
+    VEXMELKDescribe<&VEXMELKBaseDataConfig::GetOverallDataForCategory>(
+        "GetOverallDataForCategory", baseCategory, overallTable),
+    VEXMELKDescribe<&VEXMELKBaseDataConfig::GetSeatDataForBaseDataCategory>(
+        "GetSeatDataForBaseDataCategory", baseCategory, Output("seats")),
+    VEXMELKDescribe<&VEXMELKBaseDataConfig::GetWheelsDataForBaseDataCategory>("GetWheelsDataForBaseDataCategory",
+        baseCategory, VEXMELKParameter{.name = "wheel", .role = VEXMELKRole::Tag, .element = &wheelElement},
+        Output("data")),
+    VEXMELKDescribe<&VEXMELKBaseDataConfig::GetBaseDataCategories>("GetBaseDataCategories", Output("categories")),
+};
+
+constinit const VEXMELKDescription VEXMELKBaseDataConfig::description{
+    .name = "BaseData",
+    .file = "OVA\\BaseData.xml",
+    .meaning = "Vehicle base data: loading states, overall dimensions, seats, wheels.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKConfig::description,
+};
+
 VEXMELKBaseDataConfig::VEXMELKBaseDataConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKConfig(configurationDirectory, CATUnicodeString("OVA") + "\\" + "BaseData.xml")
+    : VEXMELKConfig(configurationDirectory, description.file)
 {
 }
 
@@ -71,16 +140,16 @@ unsigned char VEXMELKBaseDataConfig::GetLoadingDataForBaseDataCategory(
             loadings.reset();
             const auto append = [&](const CATIDOMElement_var& element)
             {
-                VEXMELKLoadingDefinition loading;
-                if (!ReadFields(element, NULL_var, {{"name", "", loading.name}}))
+                Loading loading;
+                if (!ReadFields(Decimals(), element, loadingTable, loading))
                     return;
                 if (!loading.name.IsEmpty())
-                    ReadDeltas(element, loading);
+                    ReadFields(Decimals(), element, deltaTable, loading);
                 loadings.add(loading);
             };
             // Both always, also when "default" itself is asked for: its loadings then come twice.
-            ForEachElement(GetRootChildElement("category", category), "loading", loadings, append);
-            ForEachElement(GetRootChildElement("category", defaultCategory), "loading", loadings, append);
+            ForEach(GetRootChildElement(baseCategories, category), loadingElements, loadings, append);
+            ForEach(GetRootChildElement(baseCategories, defaultCategory), loadingElements, loadings, append);
             return 0; // always
         });
 }
@@ -91,15 +160,10 @@ unsigned char VEXMELKBaseDataConfig::GetOverallDataForCategory(const CATUnicodeS
     return Answer(
         [&]() -> unsigned char
         {
-            const CATIDOMElement_var element = GetRootChildElement("category", category);
+            const CATIDOMElement_var element = GetRootChildElement(baseCategories, category);
             if (element == NULL_var)
                 return 0;
-            ReadFields(element, NULL_var,
-                {
-                    {"car_width", "mm", carWidth},
-                    {"forward_distance", "mm", forwardDistance},
-                    {"backward_distance", "mm", backwardDistance},
-                });
+            ReadFields(Decimals(), element, overallTable, carWidth, forwardDistance, backwardDistance);
             return 1;
         });
 }
@@ -111,8 +175,13 @@ unsigned char VEXMELKBaseDataConfig::GetSeatDataForBaseDataCategory(
         [&]() -> unsigned char
         {
             seats.reset();
-            ForEachElement(GetRootChildElement("category", category), "seat", seats,
-                [&](const CATIDOMElement_var& element) { seats.add(SeatOf(element)); });
+            ForEach(GetRootChildElement(baseCategories, category), seatElements, seats,
+                [&](const CATIDOMElement_var& element)
+                {
+                    Seat seat;
+                    ReadFields(Decimals(), element, seatTable, seat);
+                    seats.add(seat);
+                });
             if (seats.size() == 0 && category != defaultCategory)
                 GetSeatDataForBaseDataCategory(defaultCategory, seats);
             return 0; // always
@@ -125,10 +194,10 @@ unsigned char VEXMELKBaseDataConfig::GetWheelsDataForBaseDataCategory(
     return Answer(
         [&]() -> unsigned char
         {
-            const CATIDOMElement_var wheels = FirstElement(GetRootChildElement("category", category), "wheels");
-            const CATIDOMElement_var element = FirstElement(wheels, wheel);
+            const CATIDOMElement_var wheels = Find(GetRootChildElement(baseCategories, category), wheelsElement);
+            const CATIDOMElement_var element = FindTagged(wheels, wheelElement, wheel);
             if (element != NULL_var)
-                ReadWheel(element, data);
+                ReadFields(Decimals(), element, wheelTable, data);
             else if (category != defaultCategory)
                 return GetWheelsDataForBaseDataCategory(defaultCategory, wheel, data);
             return element != NULL_var;
@@ -137,5 +206,5 @@ unsigned char VEXMELKBaseDataConfig::GetWheelsDataForBaseDataCategory(
 
 void VEXMELKBaseDataConfig::GetBaseDataCategories(CATListValCATUnicodeString& categories)
 {
-    Answer([&] { GetRootChildNames("category", categories); });
+    Answer([&] { GetRootChildNames(baseCategories, categories); });
 }

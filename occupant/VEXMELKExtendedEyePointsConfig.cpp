@@ -1,62 +1,187 @@
+// Eye points with the movements that they may make. A point is any element of the category: the check asks for it by
+// its tag. "movements", "standard_movements" and "free_movements" are taken whole from the category, else "default".
 #include "VEXMELKExtendedEyePointsConfig.h"
 
-#include "VEXMELKAnswer.h"
-#include "VEXMELKElements.h"
-#include "VEXMELKField.h"
 #include "VEXMELKOccupantRules.h"
-
-#include <array>
 
 namespace {
 
-constexpr const char* standardMovements = "standard_movements";
+using Position = VEXMELKExtendedEyePointPosition;
+using Movements = VEXMELKExtendedEyePointMovements;
+using Correction = VEXMELKBackAngleCorrection;
 
-// The eye positions by their number; 0 is none of them.
-constexpr std::array<std::string_view, 5> eyePositions = {
-    "", "fix_standard_point", "forward_most", "sideward_most", "upward_most"};
+constexpr VEXMELKElement categoryElements = CategoryWith({}, VEXMELKFallBack::WholeCategory);
 
-int EyePositionFromName(std::string_view name)
+constexpr VEXMELKTable positionTable{
+    Millimetres<&Position::dx>("dx", "its offset"),
+    Millimetres<&Position::dy>("dy", "its offset"),
+    Millimetres<&Position::dz>("dz", "its offset"),
+};
+constexpr VEXMELKElement pointElement{.tag = "*",
+    .below = &categoryElements,
+    .place = VEXMELKPlace::AnyDepth,
+    .fallBack = VEXMELKFallBack::WholeCategory,
+    .tables = {positionTable.rows},
+    .meaning = "a point; the check asks for it by its tag, and the first of the tag counts",
+    .whenMissing = "fails"};
+
+constexpr VEXMELKElement MovementsBelowCategory(
+    const char* tag, VEXMELKRows rows, const char* meaning, const char* whenMissing)
 {
-    for (std::size_t position = 1; position < eyePositions.size(); ++position)
-        if (eyePositions[position] == name)
-            return static_cast<int>(position);
-    return 0;
+    return {.tag = tag,
+        .below = &categoryElements,
+        .fallBack = VEXMELKFallBack::WholeElement,
+        .tables = {rows},
+        .meaning = meaning,
+        .whenMissing = whenMissing};
+}
+constexpr VEXMELKElement OneOf(const VEXMELKElement& movements, const char* tag, VEXMELKRows rows, const char* meaning)
+{
+    return {.tag = tag, .below = &movements, .tables = {rows}, .meaning = meaning, .whenMissing = "0"};
+}
+
+constexpr VEXMELKTable typeTable{
+    Text<&Movements::type>("type", "kind of movement: a text", Keep),
+};
+constexpr VEXMELKElement typeElement =
+    MovementsBelowCategory("movements", typeTable.rows, "kind of movement", "`standard_movements`");
+
+constexpr VEXMELKTable downUpTable{
+    Millimetres<&Movements::down_up_min>("min", "the range"),
+    Millimetres<&Movements::down_up_max>("max", "the range"),
+};
+constexpr VEXMELKTable leftRightTable{
+    Millimetres<&Movements::left_right_min>("min", "the range"),
+    Millimetres<&Movements::left_right_max>("max", "the range"),
+};
+constexpr VEXMELKTable forwardBackwardTable{
+    Millimetres<&Movements::forward_backward_min>("min", "the range"),
+    Millimetres<&Movements::forward_backward_max>("max", "the range"),
+};
+constexpr VEXMELKElement freeElement = MovementsBelowCategory("free_movements", {}, "ranges", "all 0");
+constexpr VEXMELKElement freeElements[] = {
+    OneOf(freeElement, "down_up", downUpTable.rows, "one range each"),
+    OneOf(freeElement, "left_right", leftRightTable.rows, "one range each"),
+    OneOf(freeElement, "forward_backward", forwardBackwardTable.rows, "one range each"),
+};
+
+constexpr VEXMELKWord eyePositions[] = {
+    {"fix_standard_point", 1}, {"forward_most", 2}, {"sideward_most", 3}, {"upward_most", 4}};
+constexpr VEXMELKTable usedPositionTable{
+    Word<&Movements::used_eye_position>("used_eye_position", {eyePositions},
+        "exactly `fix_standard_point` (1), `forward_most` (2), `sideward_most` (3) or `upward_most` (4); anything else "
+        "is 0",
+        AsWritten()),
+};
+constexpr VEXMELKTable upTable{
+    Millimetres<&Movements::ext_up_dx>("dx", "the offset"),
+    Millimetres<&Movements::ext_up_dy>("dy", "the offset"),
+    Millimetres<&Movements::ext_up_dz>("dz", "the offset"),
+};
+constexpr VEXMELKTable frontTable{
+    Millimetres<&Movements::ext_front_dx>("dx", "the offset"),
+    Millimetres<&Movements::ext_front_dy>("dy", "the offset"),
+    Millimetres<&Movements::ext_front_dz>("dz", "the offset"),
+};
+constexpr VEXMELKTable sideTable{
+    Millimetres<&Movements::ext_side_dx>("dx", "the offset"),
+    Millimetres<&Movements::ext_side_dy>("dy", "the offset"),
+    Millimetres<&Movements::ext_side_dz>("dz", "the offset"),
+};
+constexpr VEXMELKElement fixedElement =
+    MovementsBelowCategory("standard_movements", usedPositionTable.rows, "offsets", "all 0");
+constexpr VEXMELKElement fixedElements[] = {
+    OneOf(fixedElement, "ext_up", upTable.rows, "one offset each"),
+    OneOf(fixedElement, "ext_front", frontTable.rows, "one offset each"),
+    OneOf(fixedElement, "ext_side", sideTable.rows, "one offset each"),
+};
+
+constexpr VEXMELKElement backAngles = BackAnglesBelow(categoryElements);
+// The list of all corrections: a row without "value" is the angle 0 here.
+constexpr VEXMELKTable correctionTable{
+    Radians<&Correction::back_angle>("value", "the angle"),
+    Millimetres<&Correction::horizontal>("horizontal", "the correction"),
+    Millimetres<&Correction::vertical>("vertical", "the correction"),
+};
+constexpr VEXMELKElement corrections{.tag = "back_angle",
+    .below = &categoryElements,
+    .place = VEXMELKPlace::AnyDepth,
+    .choice = VEXMELKChoice::Each,
+    .fallBack = VEXMELKFallBack::WholeCategory,
+    .tables = {correctionTable.rows},
+    .meaning = "a row of the list of all corrections",
+    .whenMissing = "an empty list"};
+
+constexpr const VEXMELKElement* elements[] = {&backLine, &categoryElements, &pointElement, &typeElement, &freeElement,
+    &freeElements[0], &freeElements[1], &freeElements[2], &fixedElement, &fixedElements[0], &fixedElements[1],
+    &fixedElements[2], &backAngles, &corrections};
+
+// The one of these that has the tag.
+template <std::size_t Size> const VEXMELKElement& WithTag(const VEXMELKElement (&described)[Size], std::string_view tag)
+{
+    return *std::find_if(std::begin(described), std::end(described) - 1,
+        [&](const VEXMELKElement& element) { return element.tag == tag; });
 }
 
 } // namespace
 
+template <> constexpr auto VEXMELKFieldsOf<Position> = VEXMELKFieldList<Position>(positionTable);
+template <> constexpr auto VEXMELKFieldsOf<Correction> = VEXMELKFieldList<Correction>(correctionTable);
+template <>
+constexpr auto VEXMELKFieldsOf<Movements> = VEXMELKFieldList<Movements>(
+    typeTable, downUpTable, leftRightTable, forwardBackwardTable, usedPositionTable, upTable, frontTable, sideTable);
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKExtendedEyePointsConfig::GetExtendedEyePointPosition>("GetExtendedEyePointPosition",
+        standard, category, VEXMELKParameter{.name = "pointName", .role = VEXMELKRole::Tag, .element = &pointElement},
+        Output("position")),
+    VEXMELKDescribe<&VEXMELKExtendedEyePointsConfig::GetExtendedEyePointMovements>(
+        "GetExtendedEyePointMovements", standard, category, Output("movements")),
+    VEXMELKDescribe<&VEXMELKExtendedEyePointsConfig::GetExtendedBackAngleCorrectionList>(
+        "GetExtendedBackAngleCorrectionList", standard, category, Output("corrections")),
+    VEXMELKDescribe<&VEXMELKExtendedEyePointsConfig::GetExtendedBackAngleCorrection>(
+        "GetExtendedBackAngleCorrection", standard, category, BackAngle(backAngles), backAngleTable),
+    VEXMELKDescribe<&VEXMELKExtendedEyePointsConfig::GetBackLineLength_mm>("GetBackLineLength_mm", standard),
+};
+
+constinit const VEXMELKDescription VEXMELKExtendedEyePointsConfig::description{
+    .name = "ExtendedEyePoints",
+    .file = "Manikin\\ExtendedEyePoints.xml",
+    .meaning = "Eye points with the movements that they may make.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKCheckConfig::description,
+};
+
 VEXMELKExtendedEyePointsConfig::VEXMELKExtendedEyePointsConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKCheckConfig(configurationDirectory, CATUnicodeString("Manikin") + "\\" + "ExtendedEyePoints.xml")
+    : VEXMELKCheckConfig(configurationDirectory, description.file)
 {
 }
 
 void VEXMELKExtendedEyePointsConfig::GetExtendedEyePointConfigPosition(
     const CATIDOMElement_var& element, VEXMELKExtendedEyePointPosition& position)
 {
-    ReadOffsets(element, position.dx, position.dy, position.dz);
+    ReadFields(Decimals(), element, positionTable, position);
 }
 
 void VEXMELKExtendedEyePointsConfig::GetExtendedEyePointStandardMovementsAttrs(
     CATIDOMElement_var& element, const CATUnicodeString& childName, double& dx, double& dy, double& dz)
 {
     dx = dy = dz = 0.0;
-    const CATIDOMElement_var child = FirstChild(element, childName);
+    const VEXMELKElement& described = WithTag(fixedElements, childName);
+    const CATIDOMElement_var child = Find(element, described);
     if (child != NULL_var)
-        ReadOffsets(child, dx, dy, dz);
+        ReadOutputs(Decimals(), child, described.tables[0], dx, dy, dz);
 }
 
 void VEXMELKExtendedEyePointsConfig::GetExtendedEyePointFreeMovementsAttrs(
     CATIDOMElement_var& element, const CATUnicodeString& childName, double& min, double& max)
 {
     min = max = 0.0;
-    const CATIDOMElement_var child = FirstChild(element, childName);
-    if (child == NULL_var)
-        return;
-    ReadFields(child, NULL_var,
-        {
-            {"min", "mm", min, ByLengthParameter, 0.0},
-            {"max", "mm", max, ByLengthParameter, 0.0},
-        });
+    const VEXMELKElement& described = WithTag(freeElements, childName);
+    const CATIDOMElement_var child = Find(element, described);
+    if (child != NULL_var)
+        ReadOutputs(Decimals(), child, described.tables[0], min, max);
 }
 
 unsigned char VEXMELKExtendedEyePointsConfig::GetExtendedEyePointPosition(const CATUnicodeString& standard,
@@ -65,7 +190,8 @@ unsigned char VEXMELKExtendedEyePointsConfig::GetExtendedEyePointPosition(const 
     return Answer(
         [&]() -> unsigned char
         {
-            const CATIDOMElement_var element = FirstElement(GetCategoryElement(standard, category), pointName);
+            const CATIDOMElement_var element =
+                FindTagged(GetCategoryElement(standard, category), pointElement, pointName);
             if (element == NULL_var)
                 return 0;
             GetExtendedEyePointConfigPosition(element, position);
@@ -80,20 +206,18 @@ unsigned char VEXMELKExtendedEyePointsConfig::GetExtendedEyePointMovements(
         [&]() -> unsigned char
         {
             movements = VEXMELKExtendedEyePointMovements();
-            movements.type = standardMovements;
+            movements.type = fixedElement.tag;
             const CATIDOMElement_var element = GetCategoryElement(standard, category);
             const CATIDOMElement_var defaultElement = GetCategoryElement(standard, defaultCategory);
 
-            const CATIDOMElement_var type = FirstChildOfEither(element, defaultElement, "movements");
+            const CATIDOMElement_var type = FindInEither(element, defaultElement, typeElement);
             if (type != NULL_var)
-                ReadFields(type, NULL_var, {{"type", "", movements.type, Keep}});
+                ReadFields(Decimals(), type, typeTable, movements);
 
-            CATIDOMElement_var fixed = FirstChildOfEither(element, defaultElement, standardMovements);
+            CATIDOMElement_var fixed = FindInEither(element, defaultElement, fixedElement);
             if (fixed != NULL_var)
             {
-                const std::optional<VEXMELKNodeText> position = AttributeText(fixed, "used_eye_position");
-                if (position)
-                    movements.used_eye_position = EyePositionFromName(*position);
+                ReadFields(Decimals(), fixed, usedPositionTable, movements);
                 GetExtendedEyePointStandardMovementsAttrs(
                     fixed, "ext_up", movements.ext_up_dx, movements.ext_up_dy, movements.ext_up_dz);
                 GetExtendedEyePointStandardMovementsAttrs(
@@ -102,7 +226,7 @@ unsigned char VEXMELKExtendedEyePointsConfig::GetExtendedEyePointMovements(
                     fixed, "ext_side", movements.ext_side_dx, movements.ext_side_dy, movements.ext_side_dz);
             }
 
-            CATIDOMElement_var free = FirstChildOfEither(element, defaultElement, "free_movements");
+            CATIDOMElement_var free = FindInEither(element, defaultElement, freeElement);
             if (free != NULL_var)
             {
                 GetExtendedEyePointFreeMovementsAttrs(free, "down_up", movements.down_up_min, movements.down_up_max);
@@ -115,25 +239,20 @@ unsigned char VEXMELKExtendedEyePointsConfig::GetExtendedEyePointMovements(
         });
 }
 
-unsigned char VEXMELKExtendedEyePointsConfig::GetExtendedBackAngleCorrectionList(const CATUnicodeString& standard,
-    const CATUnicodeString& category, VEXArray<VEXMELKBackAngleCorrection>& corrections)
+unsigned char VEXMELKExtendedEyePointsConfig::GetExtendedBackAngleCorrectionList(
+    const CATUnicodeString& standard, const CATUnicodeString& category, VEXArray<VEXMELKBackAngleCorrection>& list)
 {
     return Answer(
         [&]() -> unsigned char
         {
-            corrections.reset();
+            list.reset();
             const CATIDOMElement_var element = GetCategoryElement(standard, category);
-            ForEachElement(element, "back_angle", corrections,
+            ForEach(element, corrections, list,
                 [&](const CATIDOMElement_var& row)
                 {
-                    VEXMELKBackAngleCorrection correction;
-                    ReadFields(row, NULL_var,
-                        {
-                            {"value", "deg", correction.back_angle, ByAngleParameter, 0.0},
-                            {"horizontal", "mm", correction.horizontal, ByLengthParameter, 0.0},
-                            {"vertical", "mm", correction.vertical, ByLengthParameter, 0.0},
-                        });
-                    corrections.add(correction);
+                    Correction correction;
+                    ReadFields(Decimals(), row, correctionTable, correction);
+                    list.add(correction);
                 });
             return element != NULL_var;
         });
@@ -142,11 +261,15 @@ unsigned char VEXMELKExtendedEyePointsConfig::GetExtendedBackAngleCorrectionList
 unsigned char VEXMELKExtendedEyePointsConfig::GetExtendedBackAngleCorrection(const CATUnicodeString& standard,
     const CATUnicodeString& category, double backAngle, double& horizontal, double& vertical)
 {
-    return Answer([&]() -> unsigned char
-        { return ReadBackAngleCorrection(GetCategoryElement(standard, category), backAngle, horizontal, vertical); });
+    return Answer(
+        [&]() -> unsigned char
+        {
+            return ReadBackAngleCorrection(
+                Decimals(), GetCategoryElement(standard, category), backAngles, backAngle, horizontal, vertical);
+        });
 }
 
 double VEXMELKExtendedEyePointsConfig::GetBackLineLength_mm(const CATUnicodeString& standard)
 {
-    return Answer([&] { return LineLength(GetStandardElement(standard), "back_line", usualBackLineLength); });
+    return Answer([&] { return LineLength(GetStandardElement(standard), backLine); });
 }

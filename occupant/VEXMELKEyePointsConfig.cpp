@@ -1,12 +1,126 @@
+// The driver's eye points. A missing category is replaced by "default", whole; nothing else comes from there.
 #include "VEXMELKEyePointsConfig.h"
 
-#include "VEXMELKAnswer.h"
-#include "VEXMELKElements.h"
-#include "VEXMELKField.h"
 #include "VEXMELKOccupantRules.h"
 
+namespace {
+
+using Point = VEXMELKEyePointDefinition;
+using Position = VEXMELKEyePointPosition;
+
+constexpr VEXMELKElement categoryElements = CategoryWith({}, VEXMELKFallBack::WholeCategory);
+
+constexpr VEXMELKWord pointTypes[] = {
+    {"single_point", VEXIMELKEyes::SinglePoint}, {"single_pair", VEXIMELKEyes::SinglePair}};
+constexpr VEXMELKRow pointTypeName = Word(
+    "name", {pointTypes}, "exactly `single_point` (1) or `single_pair` (2); anything else is 0", AsWritten(), Skip);
+constexpr VEXMELKElement pointTypeElement{.tag = "eye_points_type",
+    .below = &VEXMELKCommon::standards,
+    .key = &pointTypeName,
+    .meaning = "how many points are used; the first with a `name` counts",
+    .whenMissing = "0"};
+
+constexpr const char* offsetMeaning =
+    "Offset, as a text. Exactly `steering_wheel_center` places this coordinate at the centre of the steering wheel.";
+constexpr VEXMELKTable pointTable{
+    Text<&Point::name>("name", "its name"),
+    Length<&Point::dx>("dx", offsetMeaning),
+    Length<&Point::dy>("dy", offsetMeaning),
+    Length<&Point::dz>("dz", offsetMeaning),
+};
+constexpr VEXMELKElement pointElements{.tag = "point",
+    .below = &categoryElements,
+    .place = VEXMELKPlace::AnyDepth,
+    .choice = VEXMELKChoice::Each,
+    .fallBack = VEXMELKFallBack::WholeCategory,
+    .tables = {pointTable.rows},
+    .meaning = "a point of the list",
+    .whenMissing = "fails"};
+
+constexpr VEXMELKTable positionTable{
+    Millimetres<&Position::dx>("dx", "offset"),
+    Millimetres<&Position::dy>("dy", "offset"),
+    Millimetres<&Position::dz>("dz", "offset"),
+};
+constexpr VEXMELKElement PositionOf(const char* tag)
+{
+    return {.tag = tag,
+        .below = &categoryElements,
+        .place = VEXMELKPlace::AnyDepth,
+        .fallBack = VEXMELKFallBack::WholeCategory,
+        .tables = {positionTable.rows},
+        .meaning = "the characteristic points; the first of each counts",
+        .whenMissing = "fails"};
+}
+constexpr VEXMELKElement topVPoint = PositionOf("top_v_point");
+constexpr VEXMELKElement bottomVPoint = PositionOf("bottom_v_point");
+constexpr VEXMELKElement leftPPoint = PositionOf("left_p_point");
+constexpr VEXMELKElement rightPPoint = PositionOf("right_p_point");
+constexpr VEXMELKElement leftPoint = PositionOf("left_point");
+constexpr VEXMELKElement rightPoint = PositionOf("right_point");
+
+constexpr VEXMELKElement backAngles = BackAnglesBelow(categoryElements);
+
+constexpr VEXMELKRow travelValue = Millimetres("value", "the travel from which it holds", Skip);
+constexpr VEXMELKOutputTable<double> travelTable{Millimetres("horizontal", "the correction")};
+constexpr VEXMELKElement travelElements{.tag = "hpoint_travel",
+    .below = &categoryElements,
+    .place = VEXMELKPlace::AnyDepth,
+    .choice = VEXMELKChoice::LengthBelow,
+    .fallBack = VEXMELKFallBack::WholeCategory,
+    .key = &travelValue,
+    .tables = {travelTable.rows},
+    .meaning = "a correction for an H-point travel",
+    .whenMissing = "fails"};
+
+constexpr const VEXMELKElement* elements[] = {&pointTypeElement, &backLine, &verticalLine, &categoryElements,
+    &pointElements, &topVPoint, &bottomVPoint, &leftPPoint, &rightPPoint, &leftPoint, &rightPoint, &backAngles,
+    &travelElements};
+
+} // namespace
+
+template <>
+constexpr auto VEXMELKFieldsOf<Point> = VEXMELKFieldList<Point>(pointTable, VEXMELKComputed<&Point::dx_type>(),
+    VEXMELKComputed<&Point::dy_type>(), VEXMELKComputed<&Point::dz_type>());
+template <>
+constexpr auto VEXMELKFieldsOf<Position> = VEXMELKFieldList<Position>(
+    positionTable, VEXMELKCallers<&Position::x>(), VEXMELKCallers<&Position::y>(), VEXMELKCallers<&Position::z>());
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKEyePointsConfig::GetEyePoints>("GetEyePoints", standard, category, Output("points")),
+    VEXMELKDescribe<&VEXMELKEyePointsConfig::GetTopVEyePointPosition>(
+        "GetTopVEyePointPosition", standard, category, Output("position")),
+    VEXMELKDescribe<&VEXMELKEyePointsConfig::GetBottomVEyePointPosition>(
+        "GetBottomVEyePointPosition", standard, category, Output("position")),
+    VEXMELKDescribe<&VEXMELKEyePointsConfig::GetLeftPEyePointPosition>(
+        "GetLeftPEyePointPosition", standard, category, Output("position")),
+    VEXMELKDescribe<&VEXMELKEyePointsConfig::GetRightPEyePointPosition>(
+        "GetRightPEyePointPosition", standard, category, Output("position")),
+    VEXMELKDescribe<&VEXMELKEyePointsConfig::GetLeftEyePointPosition>(
+        "GetLeftEyePointPosition", standard, category, Output("position")),
+    VEXMELKDescribe<&VEXMELKEyePointsConfig::GetRightEyePointPosition>(
+        "GetRightEyePointPosition", standard, category, Output("position")),
+    VEXMELKDescribe<&VEXMELKEyePointsConfig::GetBackAngleCorrection>(
+        "GetBackAngleCorrection", standard, category, BackAngle(backAngles), backAngleTable),
+    VEXMELKDescribe<&VEXMELKEyePointsConfig::GetHPointTravelCorrection>("GetHPointTravelCorrection", standard, category,
+        VEXMELKParameter{.name = "hPointTravel", .role = VEXMELKRole::Travel, .unit = "m", .element = &travelElements},
+        travelTable),
+    VEXMELKDescribe<&VEXMELKEyePointsConfig::GetBackLineLength>("GetBackLineLength", standard),
+    VEXMELKDescribe<&VEXMELKEyePointsConfig::GetVertLineLength>("GetVertLineLength", standard),
+    VEXMELKDescribe<&VEXMELKEyePointsConfig::GetEyesType>("GetEyesType", standard),
+};
+
+constinit const VEXMELKDescription VEXMELKEyePointsConfig::description{
+    .name = "EyePoints",
+    .file = "Manikin\\EyePoints.xml",
+    .meaning = "The driver's eye points.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKCheckConfig::description,
+};
+
 VEXMELKEyePointsConfig::VEXMELKEyePointsConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKCheckConfig(configurationDirectory, CATUnicodeString("Manikin") + "\\" + "EyePoints.xml")
+    : VEXMELKCheckConfig(configurationDirectory, description.file)
 {
 }
 
@@ -23,7 +137,7 @@ VEXIMELKEyePoints::PointCoordType VEXMELKEyePointsConfig::GetPointCoordType(cons
 void VEXMELKEyePointsConfig::GetEyePointConfigPosition(
     const CATIDOMElement_var& element, VEXMELKEyePointPosition& position)
 {
-    ReadOffsets(element, position.dx, position.dy, position.dz);
+    ReadFields(Decimals(), element, positionTable, position);
 }
 
 unsigned char VEXMELKEyePointsConfig::GetEyePoints(
@@ -33,17 +147,11 @@ unsigned char VEXMELKEyePointsConfig::GetEyePoints(
         [&]() -> unsigned char
         {
             points.reset();
-            ForEachElement(GetCategoryElement(standard, category), "point", points,
+            ForEach(GetCategoryElement(standard, category), pointElements, points,
                 [&](const CATIDOMElement_var& element)
                 {
-                    VEXMELKEyePointDefinition point;
-                    ReadFields(element, NULL_var,
-                        {
-                            {"name", "", point.name},
-                            {"dx", "mm", point.dx},
-                            {"dy", "mm", point.dy},
-                            {"dz", "mm", point.dz},
-                        });
+                    Point point;
+                    ReadFields(Decimals(), element, pointTable, point);
                     point.dx_type = GetPointCoordType(point.dx);
                     point.dy_type = GetPointCoordType(point.dy);
                     point.dz_type = GetPointCoordType(point.dz);
@@ -54,12 +162,12 @@ unsigned char VEXMELKEyePointsConfig::GetEyePoints(
 }
 
 unsigned char VEXMELKEyePointsConfig::GetPosition(const CATUnicodeString& standard, const CATUnicodeString& category,
-    std::string_view elementName, VEXMELKEyePointPosition& position)
+    const VEXMELKElement& described, VEXMELKEyePointPosition& position)
 {
     return Answer(
         [&]() -> unsigned char
         {
-            const CATIDOMElement_var element = FirstElement(GetCategoryElement(standard, category), elementName);
+            const CATIDOMElement_var element = Find(GetCategoryElement(standard, category), described);
             if (element == NULL_var)
                 return 0;
             GetEyePointConfigPosition(element, position);
@@ -70,44 +178,48 @@ unsigned char VEXMELKEyePointsConfig::GetPosition(const CATUnicodeString& standa
 unsigned char VEXMELKEyePointsConfig::GetTopVEyePointPosition(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKEyePointPosition& position)
 {
-    return GetPosition(standard, category, "top_v_point", position);
+    return GetPosition(standard, category, topVPoint, position);
 }
 
 unsigned char VEXMELKEyePointsConfig::GetBottomVEyePointPosition(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKEyePointPosition& position)
 {
-    return GetPosition(standard, category, "bottom_v_point", position);
+    return GetPosition(standard, category, bottomVPoint, position);
 }
 
 unsigned char VEXMELKEyePointsConfig::GetLeftPEyePointPosition(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKEyePointPosition& position)
 {
-    return GetPosition(standard, category, "left_p_point", position);
+    return GetPosition(standard, category, leftPPoint, position);
 }
 
 unsigned char VEXMELKEyePointsConfig::GetRightPEyePointPosition(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKEyePointPosition& position)
 {
-    return GetPosition(standard, category, "right_p_point", position);
+    return GetPosition(standard, category, rightPPoint, position);
 }
 
 unsigned char VEXMELKEyePointsConfig::GetLeftEyePointPosition(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKEyePointPosition& position)
 {
-    return GetPosition(standard, category, "left_point", position);
+    return GetPosition(standard, category, leftPoint, position);
 }
 
 unsigned char VEXMELKEyePointsConfig::GetRightEyePointPosition(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKEyePointPosition& position)
 {
-    return GetPosition(standard, category, "right_point", position);
+    return GetPosition(standard, category, rightPoint, position);
 }
 
 unsigned char VEXMELKEyePointsConfig::GetBackAngleCorrection(const CATUnicodeString& standard,
     const CATUnicodeString& category, double backAngle, double& horizontal, double& vertical)
 {
-    return Answer([&]() -> unsigned char
-        { return ReadBackAngleCorrection(GetCategoryElement(standard, category), backAngle, horizontal, vertical); });
+    return Answer(
+        [&]() -> unsigned char
+        {
+            return ReadBackAngleCorrection(
+                Decimals(), GetCategoryElement(standard, category), backAngles, backAngle, horizontal, vertical);
+        });
 }
 
 unsigned char VEXMELKEyePointsConfig::GetHPointTravelCorrection(
@@ -116,24 +228,24 @@ unsigned char VEXMELKEyePointsConfig::GetHPointTravelCorrection(
     return Answer(
         [&]() -> unsigned char
         {
-            // The travel comes in as metres here, unlike everywhere else: on purpose.
-            const CATIDOMElement_var row = NearestLengthBelow(
-                GetCategoryElement(standard, category), "hpoint_travel", "value", hPointTravel * 1000);
+            // The travel comes in as metres here, unlike everywhere else: its callers have it from the model.
+            const CATIDOMElement_var row =
+                FindNearest(Decimals(), GetCategoryElement(standard, category), travelElements, hPointTravel * 1000);
             if (row == NULL_var)
                 return 0;
-            ReadFields(row, NULL_var, {{"horizontal", "mm", horizontal, ByLengthParameter, 0.0}});
+            ReadFields(Decimals(), row, travelTable, horizontal);
             return 1;
         });
 }
 
 double VEXMELKEyePointsConfig::GetBackLineLength(const CATUnicodeString& standard)
 {
-    return Answer([&] { return LineLength(GetStandardElement(standard), "back_line", usualBackLineLength); });
+    return Answer([&] { return LineLength(GetStandardElement(standard), backLine); });
 }
 
 double VEXMELKEyePointsConfig::GetVertLineLength(const CATUnicodeString& standard)
 {
-    return Answer([&] { return LineLength(GetStandardElement(standard), "vertical_line", usualVerticalLineLength); });
+    return Answer([&] { return LineLength(GetStandardElement(standard), verticalLine); });
 }
 
 VEXIMELKEyes::EyesType VEXMELKEyePointsConfig::GetEyesType(const CATUnicodeString& standard)
@@ -141,12 +253,8 @@ VEXIMELKEyes::EyesType VEXMELKEyePointsConfig::GetEyesType(const CATUnicodeStrin
     return Answer(
         [&]
         {
-            const std::optional<VEXMELKNodeText> name =
-                FirstChildAttribute(GetStandardElement(standard), "eye_points_type", "name");
-            if (name == "single_point")
-                return VEXIMELKEyes::SinglePoint;
-            if (name == "single_pair")
-                return VEXIMELKEyes::SinglePair;
-            return VEXIMELKEyes::NoEyes;
+            const std::optional<VEXMELKNodeText> name = FirstKey(GetStandardElement(standard), pointTypeElement);
+            return static_cast<VEXIMELKEyes::EyesType>(
+                name ? ValueOfWord(pointTypeName.words, *name) : VEXIMELKEyes::NoEyes);
         });
 }

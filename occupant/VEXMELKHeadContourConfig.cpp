@@ -1,19 +1,169 @@
+// The data of the occupants' head contours. What a seat lacks is taken from the seat "general". Each query that names a
+// standard and a category sets the pair that GetCurrentCutoffList speaks of.
 #include "VEXMELKHeadContourConfig.h"
 
-#include "VEXMELKAnswer.h"
-#include "VEXMELKElements.h"
-#include "VEXMELKField.h"
 #include "VEXMELKOccupantRules.h"
 
 namespace {
 
 constexpr const char* generalSeat = "general";
-constexpr auto rowRule = VEXMELKTravelChoice::HeadContour;
+
+constexpr VEXMELKOutputTable<CATUnicodeString> ellipsesTable{
+    Name("eye_ellipses_ref_standard", "standard of EyeEllipses.xml",
+        "the standard of `EyeEllipses.xml` that belongs to it", AsWritten(), Fills{"ellipsesStandard"})};
+constexpr VEXMELKElement standardElements = VEXMELKCommon::StandardWith(ellipsesTable.rows);
+
+constexpr VEXMELKRow stripeWidth = Millimetres("width", "its width", Skip);
+constexpr VEXMELKElement stripeElement{.tag = "middle_stripe",
+    .below = &VEXMELKCommon::standards,
+    .key = &stripeWidth,
+    .meaning = "the first with a `width` counts",
+    .whenMissing = "fails"};
+
+constexpr VEXMELKElement categoryElements = CategoryWith({}, VEXMELKFallBack::WholeCategory);
+
+constexpr VEXMELKElement radiiElement{.tag = "radii",
+    .below = &categoryElements,
+    .place = VEXMELKPlace::AnyDepth,
+    .fallBack = VEXMELKFallBack::WholeCategory,
+    .meaning = "the first counts",
+    .whenMissing = "fails"};
+constexpr VEXMELKRow cutOffValue = Text("value", "the percentile, exactly as a number: `95`", AsWritten(), Skip);
+constexpr VEXMELKElement cutOffElements{.tag = "cutoff",
+    .below = &radiiElement,
+    .choice = VEXMELKChoice::ByKey,
+    .key = &cutOffValue,
+    .meaning = "the rows of one cut-off",
+    .whenMissing = "fails"};
+constexpr VEXMELKRow radiiTravel = Millimetres("value", "the row's travel", Skip);
+constexpr VEXMELKOutputTable<double, double, double> radiiTable{
+    Millimetres("x_radius", "radii", Fail, Fills{"xRadius"}),
+    Millimetres("y_radius", "radii", Fail, Fills{"yRadius"}),
+    Millimetres("z_radius", "radii", Fail, Fills{"zRadius"}),
+};
+constexpr VEXMELKElement radiiRows{.tag = "h_point_travel",
+    .below = &cutOffElements,
+    .choice = VEXMELKChoice::HeadContour,
+    .key = &radiiTravel,
+    .tables = {radiiTable.rows},
+    .meaning = "rows, chosen by H-point travel",
+    .whenMissing = "fails"};
+
+constexpr VEXMELKWord seatPositions[] = {{"driver"}, {"front"}, {"back"}, {generalSeat}};
+constexpr VEXMELKRow seatPosition =
+    Word("position", {seatPositions}, "`driver`, `front`, `back` or `general`", AsWritten(), Skip);
+constexpr VEXMELKElement seatElements{.tag = "seat",
+    .below = &categoryElements,
+    .choice = VEXMELKChoice::ByKey,
+    .fallBack = VEXMELKFallBack::WholeCategory,
+    .key = &seatPosition,
+    .meaning = "the data of a seat",
+    .whenMissing = "those of the seat `general`"};
+
+constexpr VEXMELKElement RowsOfSeat(const char* tag, VEXMELKRows rows)
+{
+    return {.tag = tag,
+        .below = &seatElements,
+        .choice = VEXMELKChoice::HeadContour,
+        .fallBack = VEXMELKFallBack::Other,
+        .key = &rowTravel,
+        .tables = {rows},
+        .meaning = "rows, chosen by H-point travel",
+        .whenMissing = "those of `general`, else fails"};
+}
+constexpr VEXMELKOutputTable<double, double, double, double, double, double> coefficientTable{
+    Number("ax", "plain numbers", Fail),
+    Number("bx", "plain numbers", Fail),
+    Number("cx", "plain numbers", Fail),
+    Number("az", "plain numbers", Fail),
+    Number("bz", "plain numbers", Fail),
+    Number("cz", "plain numbers", Fail),
+};
+constexpr VEXMELKElement coefficientRows = RowsOfSeat("coeficients", coefficientTable.rows);
+
+// In metres, unlike all other lengths of this class: the formula that takes them is in metres.
+constexpr VEXMELKOutputTable<double, double, double, double, double, double> nonDriverTable{
+    Metres("ax", "lengths, handed out in **metres**", Fail),
+    Metres("bx", "lengths, handed out in **metres**", Fail),
+    Metres("cx", "lengths, handed out in **metres**", Fail),
+    Metres("dx", "lengths, handed out in **metres**", Fail),
+    Metres("az", "lengths, handed out in **metres**", Fail),
+    Metres("bz", "lengths, handed out in **metres**", Fail),
+};
+constexpr VEXMELKElement nonDriverRows = RowsOfSeat("coeficients2002nonDriver", nonDriverTable.rows);
+// The same tag anywhere below a category tells whether its standard is one of 2002.
+constexpr VEXMELKElement anyNonDriver{.tag = nonDriverRows.tag,
+    .below = &categoryElements,
+    .place = VEXMELKPlace::AnyDepth,
+    .fallBack = VEXMELKFallBack::WholeElement,
+    .meaning = "tells that the standard is one of 2002",
+    .whenMissing = "it is not"};
+
+constexpr VEXMELKOutputTable<double, double, double> deltaTable{
+    Millimetres("delta_x", "offsets of the contour", Fail, Fills{"deltaX"}),
+    Millimetres("delta_y", "offsets of the contour", Fail, Fills{"deltaY"}),
+    Millimetres("delta_z", "offsets of the contour", Fail, Fills{"deltaZ"}),
+};
+constexpr VEXMELKElement deltaRows = RowsOfSeat("deltas", deltaTable.rows);
+
+constexpr VEXMELKOutputTable<double, double, double> clearanceTable{
+    Radians("angle", "angle", Keep),
+    Metres("req_diagonal", "lengths, handed out in **metres**", Keep, Fills{"reqDiagonal"}),
+    Metres("req_vertical", "lengths, handed out in **metres**", Keep, Fills{"reqVertical"}),
+};
+constexpr VEXMELKElement clearanceElement{.tag = "head_clearance",
+    .below = &seatElements,
+    .place = VEXMELKPlace::AnyDepth,
+    .fallBack = VEXMELKFallBack::Other,
+    .tables = {clearanceTable.rows},
+    .meaning = "the first counts",
+    .whenMissing = "that of `general`, else fails"};
+
+constexpr VEXMELKElement tipAngles = TipAnglesBelow(categoryElements);
+
+constexpr const VEXMELKElement* elements[] = {&standardElements, &stripeElement, &categoryElements, &radiiElement,
+    &cutOffElements, &radiiRows, &seatElements, &coefficientRows, &nonDriverRows, &anyNonDriver, &deltaRows,
+    &clearanceElement, &tipAngles};
+
+constexpr VEXMELKParameter seatName{.name = "seatName", .role = VEXMELKRole::Key, .element = &seatElements};
 
 } // namespace
 
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKHeadContourConfig::GetMiddleStripeWitdh>(
+        "GetMiddleStripeWitdh", standard, Output("width", "mm")),
+    VEXMELKDescribe<&VEXMELKHeadContourConfig::GetEllipsesStandard>("GetEllipsesStandard", standard, ellipsesTable),
+    VEXMELKDescribe<&VEXMELKHeadContourConfig::GetSeatName>("GetSeatName",
+        VEXMELKParameter{.name = "isFront", .role = VEXMELKRole::Switch},
+        VEXMELKParameter{.name = "isDriver", .role = VEXMELKRole::Switch}, Output("name")),
+    VEXMELKDescribe<&VEXMELKHeadContourConfig::GetRadii>("GetRadii", standard, category, Travel(radiiRows),
+        VEXMELKParameter{.name = "cutoff", .role = VEXMELKRole::CutOff, .unit = "%", .element = &cutOffElements},
+        radiiTable),
+    VEXMELKDescribe<&VEXMELKHeadContourConfig::GetCutoffList>("GetCutoffList", standard, category, Output("cutoffs")),
+    VEXMELKDescribe<&VEXMELKHeadContourConfig::GetCurrentCutoffList>("GetCurrentCutoffList", Output("cutoffs")),
+    VEXMELKDescribe<&VEXMELKHeadContourConfig::GetCoeficients>(
+        "GetCoeficients", standard, category, seatName, Travel(coefficientRows), coefficientTable),
+    VEXMELKDescribe<&VEXMELKHeadContourConfig::Get2002NonDriverCoeficients>(
+        "Get2002NonDriverCoeficients", standard, category, seatName, Travel(nonDriverRows), nonDriverTable),
+    VEXMELKDescribe<&VEXMELKHeadContourConfig::GetDeltas>(
+        "GetDeltas", standard, category, seatName, Travel(deltaRows), deltaTable),
+    VEXMELKDescribe<&VEXMELKHeadContourConfig::GetHeadClearance>(
+        "GetHeadClearance", standard, category, seatName, clearanceTable),
+    VEXMELKDescribe<&VEXMELKHeadContourConfig::GetTipAngles>("GetTipAngles", standard, category, tipAngleTable),
+    VEXMELKDescribe<&VEXMELKHeadContourConfig::IsStandard2002Used>("IsStandard2002Used", standard, category),
+};
+
+constinit const VEXMELKDescription VEXMELKHeadContourConfig::description{
+    .name = "HeadContour",
+    .file = "Manikin\\HeadContour.xml",
+    .meaning = "The data from which the occupants' head contours are built.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKCheckConfig::description,
+};
+
 VEXMELKHeadContourConfig::VEXMELKHeadContourConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKCheckConfig(configurationDirectory, CATUnicodeString("Manikin") + "\\" + "HeadContour.xml")
+    : VEXMELKCheckConfig(configurationDirectory, description.file)
 {
 }
 
@@ -33,8 +183,7 @@ unsigned char VEXMELKHeadContourConfig::GetMiddleStripeWitdh(const CATUnicodeStr
     return Answer(
         [&]() -> unsigned char
         {
-            const std::optional<VEXMELKNodeText> text =
-                FirstChildAttribute(GetStandardElement(standard), "middle_stripe", "width");
+            const std::optional<VEXMELKNodeText> text = FirstKey(GetStandardElement(standard), stripeElement);
             if (!text)
                 return 0;
             width = MillimetresFromText(CATUnicodeString(*text));
@@ -51,8 +200,7 @@ unsigned char VEXMELKHeadContourConfig::GetEllipsesStandard(
             const CATIDOMElement_var element = GetStandardElement(standard);
             if (element == NULL_var)
                 return 0;
-            ellipsesStandard = "";
-            AssignAttribute(element, "eye_ellipses_ref_standard", ellipsesStandard);
+            ReadFields(Decimals(), element, ellipsesTable, ellipsesStandard);
             return !ellipsesStandard.IsEmpty();
         });
 }
@@ -68,7 +216,7 @@ void VEXMELKHeadContourConfig::GetSeatName(unsigned char isFront, unsigned char 
 unsigned char VEXMELKHeadContourConfig::GetSeatElement(const CATUnicodeString& standard,
     const CATUnicodeString& category, const CATUnicodeString& seatName, CATIDOMElement_var& seat)
 {
-    seat = FindChild(GetCategoryElement(standard, category), "seat", "position", seatName);
+    seat = FindByKey(GetCategoryElement(standard, category), seatElements, seatName);
     return seat != NULL_var;
 }
 
@@ -91,30 +239,25 @@ unsigned char VEXMELKHeadContourConfig::GetRadii(const CATUnicodeString& standar
             Init(standard, category);
             CATUnicodeString cutoffText;
             cutoffText.BuildFromNum(cutoff);
-            const CATIDOMElement_var radii = FirstElement(GetCategoryElement(standard, category), "radii");
-            const CATIDOMElement_var rows = FindChild(radii, "cutoff", "value", cutoffText);
-            const VEXMELKChosenRow chosen = ChooseRow(rowRule, rows, "h_point_travel", "value", hPointTravel);
+            const CATIDOMElement_var radii = Find(GetCategoryElement(standard, category), radiiElement);
+            const CATIDOMElement_var rows = FindByKey(radii, cutOffElements, cutoffText);
+            const VEXMELKChosenRow chosen = ChooseRow(rows, radiiRows, hPointTravel);
             if (!chosen.found)
                 return 0;
-            const CATIDOMElement_var row = NearestLengthBelow(rows, "h_point_travel", "value", chosen.travel);
+            const CATIDOMElement_var row = FindNearest(Decimals(), rows, radiiRows, chosen.travel);
             if (row == NULL_var)
                 return 0;
-            return ReadFields(row, NULL_var,
-                {
-                    {"x_radius", "mm", xRadius, InMillimetres, Keep},
-                    {"y_radius", "mm", yRadius, InMillimetres, Keep},
-                    {"z_radius", "mm", zRadius, InMillimetres, Keep},
-                });
+            return ReadFields(Decimals(), row, radiiTable, xRadius, yRadius, zRadius);
         });
 }
 
 int VEXMELKHeadContourConfig::ReadCutoffs(
     const CATUnicodeString& standard, const CATUnicodeString& category, CATListValCATUnicodeString& cutoffs)
 {
-    const CATIDOMElement_var radii = FirstElement(GetCategoryElement(standard, category), "radii");
+    const CATIDOMElement_var radii = Find(GetCategoryElement(standard, category), radiiElement);
     if (radii == NULL_var)
         return 0;
-    ChildAttributeValues(radii, "cutoff", "value", cutoffs);
+    CollectKeys(radii, cutOffElements, cutoffs);
     return cutoffs.Size();
 }
 
@@ -139,13 +282,15 @@ int VEXMELKHeadContourConfig::GetCurrentCutoffList(CATListValCATUnicodeString& c
 
 // The row is found again by the text of its travel.
 CATIDOMElement_var VEXMELKHeadContourConfig::CoeficientsRow(
-    const Seats& seats, std::string_view tag, double hPointTravel)
+    const Seats& seats, const VEXMELKElement& rows, double hPointTravel)
 {
-    VEXMELKChosenRow chosen = ChooseRow(rowRule, seats.seat, tag, "h_point_travel", hPointTravel);
-    if (chosen.found)
-        return FindChild(seats.seat, tag, "h_point_travel", chosen.travelText);
-    chosen = ChooseRow(rowRule, seats.general, tag, "h_point_travel", hPointTravel);
-    return chosen.found ? FindChild(seats.general, tag, "h_point_travel", chosen.travelText) : CATIDOMElement_var();
+    for (const CATIDOMElement_var* seat : {&seats.seat, &seats.general})
+    {
+        const VEXMELKChosenRow chosen = ChooseRow(*seat, rows, hPointTravel);
+        if (chosen.found)
+            return FindByKey(*seat, rows, chosen.travelText);
+    }
+    return NULL_var;
 }
 
 unsigned char VEXMELKHeadContourConfig::GetCoeficients(const CATUnicodeString& standard,
@@ -156,18 +301,10 @@ unsigned char VEXMELKHeadContourConfig::GetCoeficients(const CATUnicodeString& s
         [&]() -> unsigned char
         {
             const Seats seats = FindSeats(standard, category, seatName);
-            const CATIDOMElement_var row = CoeficientsRow(seats, "coeficients", hPointTravel);
+            const CATIDOMElement_var row = CoeficientsRow(seats, coefficientRows, hPointTravel);
             if (row == NULL_var)
                 return 0;
-            return ReadFields(row, NULL_var,
-                {
-                    {"ax", "", ax, AsNumber, Keep},
-                    {"bx", "", bx, AsNumber, Keep},
-                    {"cx", "", cx, AsNumber, Keep},
-                    {"az", "", az, AsNumber, Keep},
-                    {"bz", "", bz, AsNumber, Keep},
-                    {"cz", "", cz, AsNumber, Keep},
-                });
+            return ReadFields(Decimals(), row, coefficientTable, ax, bx, cx, az, bz, cz);
         });
 }
 
@@ -179,19 +316,10 @@ unsigned char VEXMELKHeadContourConfig::Get2002NonDriverCoeficients(const CATUni
         [&]() -> unsigned char
         {
             const Seats seats = FindSeats(standard, category, seatName);
-            const CATIDOMElement_var row = CoeficientsRow(seats, "coeficients2002nonDriver", hPointTravel);
+            const CATIDOMElement_var row = CoeficientsRow(seats, nonDriverRows, hPointTravel);
             if (row == NULL_var)
                 return 0;
-            // In metres, unlike all other lengths of this class: on purpose.
-            return ReadFields(row, NULL_var,
-                {
-                    {"ax", "mm", ax, InMetres, Keep},
-                    {"bx", "mm", bx, InMetres, Keep},
-                    {"cx", "mm", cx, InMetres, Keep},
-                    {"dx", "mm", dx, InMetres, Keep},
-                    {"az", "mm", az, InMetres, Keep},
-                    {"bz", "mm", bz, InMetres, Keep},
-                });
+            return ReadFields(Decimals(), row, nonDriverTable, ax, bx, cx, dx, az, bz);
         });
 }
 
@@ -202,23 +330,18 @@ unsigned char VEXMELKHeadContourConfig::GetDeltas(const CATUnicodeString& standa
         [&]() -> unsigned char
         {
             const Seats seats = FindSeats(standard, category, seatName);
-            VEXMELKChosenRow chosen = ChooseRow(rowRule, seats.seat, "deltas", "h_point_travel", hPointTravel);
+            VEXMELKChosenRow chosen = ChooseRow(seats.seat, deltaRows, hPointTravel);
             if (!chosen.found)
-                chosen = ChooseRow(rowRule, seats.general, "deltas", "h_point_travel", hPointTravel);
+                chosen = ChooseRow(seats.general, deltaRows, hPointTravel);
             if (!chosen.found)
                 return 0;
             // Looked for in the seat first, wherever the travel came from.
-            CATIDOMElement_var row = NearestLengthBelow(seats.seat, "deltas", "h_point_travel", chosen.travel);
+            CATIDOMElement_var row = FindNearest(Decimals(), seats.seat, deltaRows, chosen.travel);
             if (row == NULL_var)
-                row = NearestLengthBelow(seats.general, "deltas", "h_point_travel", chosen.travel);
+                row = FindNearest(Decimals(), seats.general, deltaRows, chosen.travel);
             if (row == NULL_var)
                 return 0;
-            return ReadFields(row, NULL_var,
-                {
-                    {"delta_x", "mm", deltaX, InMillimetres, Keep},
-                    {"delta_y", "mm", deltaY, InMillimetres, Keep},
-                    {"delta_z", "mm", deltaZ, InMillimetres, Keep},
-                });
+            return ReadFields(Decimals(), row, deltaTable, deltaX, deltaY, deltaZ);
         });
 }
 
@@ -230,17 +353,10 @@ unsigned char VEXMELKHeadContourConfig::GetHeadClearance(const CATUnicodeString&
         [&]() -> unsigned char
         {
             const Seats seats = FindSeats(standard, category, seatName);
-            CATIDOMElement_var clearance = FirstElement(seats.seat, "head_clearance");
-            if (clearance == NULL_var)
-                clearance = FirstElement(seats.general, "head_clearance");
+            const CATIDOMElement_var clearance = FindInEither(seats.seat, seats.general, clearanceElement);
             if (clearance == NULL_var)
                 return 0;
-            ReadFields(clearance, NULL_var,
-                {
-                    {"angle", "deg", angle, InRadians, Keep},
-                    {"req_diagonal", "mm", reqDiagonal, InMetres, Keep},
-                    {"req_vertical", "mm", reqVertical, InMetres, Keep},
-                });
+            ReadFields(Decimals(), clearance, clearanceTable, angle, reqDiagonal, reqVertical);
             return 1;
         });
 }
@@ -252,8 +368,8 @@ unsigned char VEXMELKHeadContourConfig::GetTipAngles(
         [&]() -> unsigned char
         {
             Init(standard, category);
-            return ReadTipAngles(GetCategoryElement(standard, category), GetCategoryElement(standard, defaultCategory),
-                sideViewAngle, planViewAngle);
+            return ReadTipAngles(Decimals(), GetCategoryElement(standard, category),
+                GetCategoryElement(standard, defaultCategory), tipAngles, sideViewAngle, planViewAngle);
         });
 }
 
@@ -265,7 +381,6 @@ unsigned char VEXMELKHeadContourConfig::IsStandard2002Used(
         {
             Init(standard, category);
             const StandardData data = FindStandardData(standard, category);
-            return FirstElement(data.defaultCategory, "coeficients2002nonDriver") != NULL_var ||
-                   FirstElement(data.category, "coeficients2002nonDriver") != NULL_var;
+            return FindInEither(data.defaultCategory, data.category, anyNonDriver) != NULL_var;
         });
 }

@@ -1,6 +1,6 @@
+// The rules by which rows are chosen, and what several occupant readers read alike. The rules of the generations differ
+// on purpose: each standard was written for its own (docs/format.md, EyeEllipses).
 #include "VEXMELKOccupantRules.h"
-
-#include "VEXMELKField.h"
 
 #include <utility>
 
@@ -16,42 +16,35 @@ bool VEXMELKTravelChoice::Show(double row)
     const bool qualifies = Qualifies(row);
     const bool qualified = std::exchange(m_HasQualified, m_HasQualified || qualifies);
     m_LastRow = row;
-    if (m_Rule == HeadContour)
+    if (m_Rule == VEXMELKChoice::HeadContour)
         return first || qualifies;
     return !qualified; // until one has qualified, the row shown last stands in
 }
 
 bool VEXMELKTravelChoice::Qualifies(double row) const
 {
-    switch (m_Rule)
-    {
-    case Coeficients1997:
+    if (m_Rule == VEXMELKChoice::Coeficients1997)
         return row < m_Travel - tolerance;
-    case Radii2002:
+    if (m_Rule == VEXMELKChoice::Radii2002)
         return row <= m_Travel;
-    case Radii1997:
-    case HeadContour:
-        break;
-    }
     return row < m_Travel;
 }
 
 bool VEXMELKTravelChoice::Fails() const
 {
-    if (!m_HasRows || m_Rule == HeadContour)
+    if (!m_HasRows || m_Rule == VEXMELKChoice::HeadContour)
         return false;
-    return m_Travel < (m_Rule == Radii2002 ? m_LastRow : m_LastRow - tolerance);
+    return m_Travel < (m_Rule == VEXMELKChoice::Radii2002 ? m_LastRow : m_LastRow - tolerance);
 }
 
-VEXMELKChosenRow ChooseRow(VEXMELKTravelChoice::Rule rule, const CATIDOMElement_var& parent, std::string_view tag,
-    std::string_view attribute, double travel)
+VEXMELKChosenRow ChooseRow(const CATIDOMElement_var& parent, const VEXMELKElement& described, double travel)
 {
-    VEXMELKTravelChoice choice(rule, travel);
+    VEXMELKTravelChoice choice(described.choice, travel);
     VEXMELKChosenRow chosen;
-    ForEachChild(parent, tag,
+    ForEach(parent, described,
         [&](const CATIDOMElement_var& row)
         {
-            const std::optional<VEXMELKNodeText> text = AttributeText(row, attribute);
+            const std::optional<VEXMELKNodeText> text = Key(row, described);
             if (!text)
                 return;
             const double millimetres = MillimetresFromText(CATUnicodeString(*text));
@@ -65,47 +58,29 @@ VEXMELKChosenRow ChooseRow(VEXMELKTravelChoice::Rule rule, const CATIDOMElement_
     return chosen;
 }
 
-bool ReadTipAngles(const CATIDOMElement_var& category, const CATIDOMElement_var& defaultCategory, double& sideViewAngle,
+bool ReadTipAngles(VEXMELKDecimals decimals, const CATIDOMElement_var& category,
+    const CATIDOMElement_var& defaultCategory, const VEXMELKElement& tipAngles, double& sideViewAngle,
     double& planViewAngle)
 {
-    CATIDOMElement_var angles = FirstElement(category, "tip_angles");
-    if (angles == NULL_var)
-        angles = FirstElement(defaultCategory, "tip_angles");
+    const CATIDOMElement_var angles = FindInEither(category, defaultCategory, tipAngles);
     if (angles == NULL_var)
         return false;
-    ReadFields(angles, NULL_var,
-        {
-            {"side_view_angle", "deg", sideViewAngle, InRadians, 0.0},
-            {"plan_view_angle", "deg", planViewAngle, InRadians, 0.0},
-        });
+    ReadFields(decimals, angles, tipAngleTable, sideViewAngle, planViewAngle);
     return true;
 }
 
-bool ReadBackAngleCorrection(const CATIDOMElement_var& parent, double backAngle, double& horizontal, double& vertical)
+bool ReadBackAngleCorrection(VEXMELKDecimals decimals, const CATIDOMElement_var& parent,
+    const VEXMELKElement& backAngles, double backAngle, double& horizontal, double& vertical)
 {
-    const CATIDOMElement_var row = NearestAngle(parent, "back_angle", "value", backAngle);
+    const CATIDOMElement_var row = FindNearest(decimals, parent, backAngles, backAngle);
     if (row == NULL_var)
         return false;
-    ReadFields(row, NULL_var,
-        {
-            {"horizontal", "mm", horizontal, ByLengthParameter, 0.0},
-            {"vertical", "mm", vertical, ByLengthParameter, 0.0},
-        });
+    ReadFields(decimals, row, backAngleTable, horizontal, vertical);
     return true;
 }
 
-void ReadOffsets(const CATIDOMElement_var& element, double& dx, double& dy, double& dz)
+double LineLength(const CATIDOMElement_var& standard, const VEXMELKElement& line)
 {
-    ReadFields(element, NULL_var,
-        {
-            {"dx", "mm", dx, ByLengthParameter, 0.0},
-            {"dy", "mm", dy, ByLengthParameter, 0.0},
-            {"dz", "mm", dz, ByLengthParameter, 0.0},
-        });
-}
-
-double LineLength(const CATIDOMElement_var& standard, std::string_view tag, double whenNone)
-{
-    const std::optional<VEXMELKNodeText> length = FirstChildAttribute(standard, tag, "length");
-    return length ? MillimetresFromText(CATUnicodeString(*length)) : whenNone;
+    const std::optional<VEXMELKNodeText> length = FirstKey(standard, line);
+    return length ? MillimetresFromText(CATUnicodeString(*length)) : line.key->whenMissing.number;
 }

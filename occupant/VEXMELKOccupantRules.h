@@ -2,7 +2,7 @@
 #ifndef VEXMELKOccupantRules_H
 #define VEXMELKOccupantRules_H
 
-#include "VEXMELKElements.h"
+#include "VEXMELKReader.h"
 
 // Chooses a row of a table by H-point travel. Rows and travel are in millimetres; the rows are shown in document order.
 // The rules differ on purpose:
@@ -15,14 +15,7 @@
 class VEXMELKTravelChoice
 {
 public:
-    enum Rule
-    {
-        Coeficients1997,
-        Radii1997,
-        Radii2002,
-        HeadContour
-    };
-    VEXMELKTravelChoice(Rule rule, double travel) : m_Rule(rule), m_Travel(travel) {}
+    VEXMELKTravelChoice(VEXMELKChoice rule, double travel) : m_Rule(rule), m_Travel(travel) {}
 
     // Shows the next row. True when it is, as far as has been shown, the row chosen.
     bool Show(double row);
@@ -32,7 +25,7 @@ public:
 private:
     bool Qualifies(double row) const;
 
-    Rule m_Rule;
+    VEXMELKChoice m_Rule;
     double m_Travel;
     double m_LastRow = 0.0;
     bool m_HasRows = false;
@@ -47,25 +40,75 @@ struct VEXMELKChosenRow
     double travel = 0.0;        // in millimetres
 };
 
-// Chooses among the children with the tag by their attribute; children without it are no rows.
-VEXMELKChosenRow ChooseRow(VEXMELKTravelChoice::Rule rule, const CATIDOMElement_var& parent, std::string_view tag,
-    std::string_view attribute, double travel);
+// Chooses among the children that are described, by the rule of their description and by their key; children without it
+// are no rows.
+VEXMELKChosenRow ChooseRow(const CATIDOMElement_var& parent, const VEXMELKElement& described, double travel);
 
-// The angles (radians) of the first "tip_angles" below the category, else below "default"; either may be null. A
-// missing angle is 0. False, with the outputs untouched, when there is none.
-bool ReadTipAngles(const CATIDOMElement_var& category, const CATIDOMElement_var& defaultCategory, double& sideViewAngle,
+// The travel of a row, and the argument that chooses by it.
+inline constexpr VEXMELKRow rowTravel = Millimetres("h_point_travel", "the row's travel", Skip);
+constexpr VEXMELKParameter Travel(const VEXMELKElement& rows)
+{
+    return {.name = "hPointTravel", .role = VEXMELKRole::Travel, .unit = "mm", .element = &rows};
+}
+
+// The angles of "tip_angles", which is taken whole from the category, else from "default".
+inline constexpr VEXMELKOutputTable<double, double> tipAngleTable{
+    Radians("side_view_angle", "angles", Fills{"sideViewAngle"}),
+    Radians("plan_view_angle", "angles", Fills{"planViewAngle"}),
+};
+constexpr VEXMELKElement TipAnglesBelow(const VEXMELKElement& category)
+{
+    return {.tag = "tip_angles",
+        .below = &category,
+        .place = VEXMELKPlace::AnyDepth,
+        .fallBack = VEXMELKFallBack::WholeElement,
+        .tables = {tipAngleTable.rows},
+        .meaning = "of the category, else of `default`; the first counts",
+        .whenMissing = "fails"};
+}
+// False, with the outputs untouched, when neither category has any.
+bool ReadTipAngles(VEXMELKDecimals decimals, const CATIDOMElement_var& category,
+    const CATIDOMElement_var& defaultCategory, const VEXMELKElement& tipAngles, double& sideViewAngle,
     double& planViewAngle);
 
-// The correction (millimetres) of the "back_angle" below the parent that is nearest to the angle (radians). A missing
-// length is 0. False, with the outputs untouched, when there is none.
-bool ReadBackAngleCorrection(const CATIDOMElement_var& parent, double backAngle, double& horizontal, double& vertical);
+// The rows "back_angle", found by an angle.
+inline constexpr VEXMELKRow backAngleValue = Radians("value", "the angle", Skip);
+inline constexpr VEXMELKOutputTable<double, double> backAngleTable{
+    Millimetres("horizontal", "the correction"),
+    Millimetres("vertical", "the correction"),
+};
+constexpr VEXMELKElement BackAnglesBelow(const VEXMELKElement& parent)
+{
+    return {.tag = "back_angle",
+        .below = &parent,
+        .place = VEXMELKPlace::AnyDepth,
+        .choice = VEXMELKChoice::NearestAngle,
+        .key = &backAngleValue,
+        .tables = {backAngleTable.rows},
+        .meaning = "a [correction](#manikin) for a back angle",
+        .whenMissing = "fails"};
+}
+constexpr VEXMELKParameter BackAngle(const VEXMELKElement& rows)
+{
+    return {.name = "backAngle", .role = VEXMELKRole::BackAngle, .unit = "rad", .element = &rows};
+}
+// False, with the outputs untouched, when there is none.
+bool ReadBackAngleCorrection(VEXMELKDecimals decimals, const CATIDOMElement_var& parent,
+    const VEXMELKElement& backAngles, double backAngle, double& horizontal, double& vertical);
 
-// The lengths "dx", "dy", "dz" of an element, in millimetres; a missing one is 0.
-void ReadOffsets(const CATIDOMElement_var& element, double& dx, double& dy, double& dz);
-
-// The first "length" (millimetres) of the children with the tag, or the length given when there is none.
-double LineLength(const CATIDOMElement_var& standard, std::string_view tag, double whenNone);
-constexpr double usualBackLineLength = 635.0;
-constexpr double usualVerticalLineLength = 600.0;
+// Children of the standard with a "length"; the first that has one counts.
+inline constexpr VEXMELKRow backLineLength = Millimetres("length", "the length", Else(635.0));
+inline constexpr VEXMELKRow verticalLineLength = Millimetres("length", "the length", Else(600.0));
+constexpr VEXMELKElement LineBelowStandard(const char* tag, const VEXMELKRow& length)
+{
+    return {.tag = tag,
+        .below = &VEXMELKCommon::standards,
+        .key = &length,
+        .meaning = "auxiliary line; the first with a `length` counts"};
+}
+inline constexpr VEXMELKElement backLine = LineBelowStandard("back_line", backLineLength);
+inline constexpr VEXMELKElement verticalLine = LineBelowStandard("vertical_line", verticalLineLength);
+// In millimetres.
+double LineLength(const CATIDOMElement_var& standard, const VEXMELKElement& line);
 
 #endif
