@@ -1,3 +1,4 @@
+// The managers of the two modes, and the one list of all configurations.
 #include "VEXMELKConfigManager.h"
 
 #include "VEXMELKAPillarConfig.h"
@@ -7,6 +8,7 @@
 #include "VEXMELKChildProtectionConfig.h"
 #include "VEXMELKCrashBarriersConfig.h"
 #include "VEXMELKDBAccessConfig.h"
+#include "VEXMELKDescription.h"
 #include "VEXMELKDirectView3DConfig.h"
 #include "VEXMELKDirectViewConfig.h"
 #include "VEXMELKERFieldsOfViewConfig.h"
@@ -46,7 +48,9 @@
 #include "VEXMELKWheelCoveringConfig.h"
 #include "VEXMELKWipersConfig.h"
 
+#include <algorithm>
 #include <exception>
+#include <type_traits>
 #include <utility>
 
 VEXMELKConfigManager* VEXMELKConfigManager::m_Configuration = nullptr;
@@ -61,6 +65,92 @@ template <class Component> void ReleaseAndClear(Component*& component)
 }
 
 } // namespace
+
+// Every configuration, in the order in which they are released.
+class VEXMELKConfigManager::List
+{
+    using Manager = VEXMELKConfigManager;
+
+    // The properties of the windscreen are neither created nor released here: whoever sets them keeps them.
+    template <auto Member> static constexpr bool isOwned = true;
+
+    template <auto Member> static auto* Get(Manager& manager)
+    {
+        if constexpr (isOwned<Member>)
+            return manager.Obtain(manager.*Member);
+        else
+            return manager.*Member;
+    }
+    template <auto Member> static void Release(Manager& manager)
+    {
+        if constexpr (isOwned<Member>)
+            ReleaseAndClear(manager.*Member);
+    }
+
+public:
+    template <auto Member> static constexpr Configuration Of(auto... keys)
+    {
+        using Config = std::remove_pointer_t<std::remove_cvref_t<decltype(std::declval<Manager&>().*Member)>>;
+        Configuration configuration;
+        configuration.description = &Config::description;
+        configuration.keys = {std::string_view(keys)...};
+        configuration.get = [](Manager& manager) -> VEXMELKConfig* { return Get<Member>(manager); };
+        configuration.m_Release = Release<Member>;
+        if constexpr (std::is_base_of_v<VEXMELKCheckConfig, Config>)
+            configuration.m_GetCheck = [](Manager& manager) -> VEXMELKCheckConfig* { return Get<Member>(manager); };
+        return configuration;
+    }
+
+    static const Configuration configurations[];
+};
+
+template <> constexpr bool VEXMELKConfigManager::List::isOwned<&VEXMELKConfigManager::m_OpticalPropsOfWSConfig> = false;
+
+constinit const VEXMELKConfigManager::Configuration VEXMELKConfigManager::List::configurations[] = {
+    Of<&VEXMELKConfigManager::m_BaseDataConfig>(),
+    Of<&VEXMELKConfigManager::m_UFSlopeAngleConfig>("VEXMELKUFSlopeAngle"),
+    Of<&VEXMELKConfigManager::m_UFInnerAngleConfig>("VEXMELKUFInnerAngle"),
+    Of<&VEXMELKConfigManager::m_UFCurbConfig>("VEXMELKUFCurb"),
+    Of<&VEXMELKConfigManager::m_UFDynamicCurbConfig>("VEXMELKUFDynCurb"),
+    Of<&VEXMELKConfigManager::m_UFSpaceToRoadConfig>("VEXMELKUFSpaceToRoad"),
+    Of<&VEXMELKConfigManager::m_UFOilTubConfig>("VEXMELKUFOilTub"),
+    Of<&VEXMELKConfigManager::m_UFWheelFixingConfig>("VEXMELKUFWheelFixing"),
+    Of<&VEXMELKConfigManager::m_UFCompleteConfig>("VEXMELKUFComplete"),
+    Of<&VEXMELKConfigManager::m_NumberPlatesConfig>("VEXMELKNumberPlates"),
+    Of<&VEXMELKConfigManager::m_LampPositionsConfig>("VEXMELKLampPositions"),
+    Of<&VEXMELKConfigManager::m_BumpersConfig>("VEXMELKBumpers"),
+    Of<&VEXMELKConfigManager::m_WheelCoveringConfig>("VEXMELKWheelCovering"),
+    Of<&VEXMELKConfigManager::m_SeatingBeltsConfig>("VEXMELKSeatingBelts"),
+    Of<&VEXMELKConfigManager::m_ChildProtectionConfig>("VEXMELKChildProtection"),
+    Of<&VEXMELKConfigManager::m_FreeSpaceConfig>("VEXMELKFreeSpace"),
+    Of<&VEXMELKConfigManager::m_CrashBarriersConfig>(),
+    Of<&VEXMELKConfigManager::m_EyeEllipsesConfig>("VEXMELKEyeEllipses"),
+    Of<&VEXMELKConfigManager::m_EyePointsConfig>("VEXMELKEyePoints"),
+    Of<&VEXMELKConfigManager::m_ExtendedEyePointsConfig>("VEXMELKExtendedEyePoints"),
+    Of<&VEXMELKConfigManager::m_HeadContourConfig>("VEXMELKHeadContour"),
+    Of<&VEXMELKConfigManager::m_SRPLocationCurvesConfig>("VEXMELKSRPLocationCurves"),
+    Of<&VEXMELKConfigManager::m_ManikinTemplateConfig>(),
+    Of<&VEXMELKConfigManager::m_FieldsOfViewConfig>("VEXMELKFieldsOfView", "VEXMELKFieldOfView"),
+    Of<&VEXMELKConfigManager::m_ERFieldsOfViewConfig>(
+        "VEXMELKERFieldsOfView", "VEXMELKERFieldOfView", "VEXMELKERAFieldOfView", "VEXMELKERBFieldOfView"),
+    Of<&VEXMELKConfigManager::m_CRVConfig>("VEXMELKCloseRangeVisibility"),
+    Of<&VEXMELKConfigManager::m_VisionPointsConfig>("VEXMELKVisionPoints"),
+    Of<&VEXMELKConfigManager::m_VisionConeConfig>("VEXMELKVisionCone"),
+    Of<&VEXMELKConfigManager::m_PyramidConfig>("VEXMELKPyramid"),
+    Of<&VEXMELKConfigManager::m_APillarConfig>("VEXMELKPillarCovering"),
+    Of<&VEXMELKConfigManager::m_MirrorConfig>("VEXMELKMirror"),
+    Of<&VEXMELKConfigManager::m_PedestrianProtectionConfig>(),
+    Of<&VEXMELKConfigManager::m_HeadImpactConfig>("VEXMELKHeadImpact"),
+    Of<&VEXMELKConfigManager::m_OpticalPropsOfWSConfig>(),
+    Of<&VEXMELKConfigManager::m_OpticalDistortionConfig>(),
+    Of<&VEXMELKConfigManager::m_MultipleReflectionConfig>(),
+    Of<&VEXMELKConfigManager::m_DirectViewConfig>("VEXMELKDirectView"),
+    Of<&VEXMELKConfigManager::m_DirectView3DConfig>("VEXMELKDirectView3D"),
+    Of<&VEXMELKConfigManager::m_WipersConfig>("VEXMELKWipers"),
+    Of<&VEXMELKConfigManager::m_DBAccessConfig>(),
+    Of<&VEXMELKConfigManager::m_ReportGenConfig>(),
+    Of<&VEXMELKConfigManager::m_PPOffsetConfig>(),
+};
 
 VEXMELKConfigManager::VEXMELKConfigManager() : m_CommaDelimiter(VEXMELKUtilities::IsCommaDelimeter()) {}
 
@@ -108,47 +198,8 @@ void VEXMELKConfigManager::ReleaseConfigManager()
 
 void VEXMELKConfigManager::ReleaseConfigManager(VEXMELKConfigManager* manager)
 {
-    ReleaseAndClear(manager->m_BaseDataConfig);
-    ReleaseAndClear(manager->m_UFSlopeAngleConfig);
-    ReleaseAndClear(manager->m_UFInnerAngleConfig);
-    ReleaseAndClear(manager->m_UFCurbConfig);
-    ReleaseAndClear(manager->m_UFDynamicCurbConfig);
-    ReleaseAndClear(manager->m_UFSpaceToRoadConfig);
-    ReleaseAndClear(manager->m_UFOilTubConfig);
-    ReleaseAndClear(manager->m_UFWheelFixingConfig);
-    ReleaseAndClear(manager->m_UFCompleteConfig);
-    ReleaseAndClear(manager->m_NumberPlatesConfig);
-    ReleaseAndClear(manager->m_LampPositionsConfig);
-    ReleaseAndClear(manager->m_BumpersConfig);
-    ReleaseAndClear(manager->m_WheelCoveringConfig);
-    ReleaseAndClear(manager->m_SeatingBeltsConfig);
-    ReleaseAndClear(manager->m_ChildProtectionConfig);
-    ReleaseAndClear(manager->m_FreeSpaceConfig);
-    ReleaseAndClear(manager->m_CrashBarriersConfig);
-    ReleaseAndClear(manager->m_EyeEllipsesConfig);
-    ReleaseAndClear(manager->m_EyePointsConfig);
-    ReleaseAndClear(manager->m_ExtendedEyePointsConfig);
-    ReleaseAndClear(manager->m_HeadContourConfig);
-    ReleaseAndClear(manager->m_SRPLocationCurvesConfig);
-    ReleaseAndClear(manager->m_ManikinTemplateConfig);
-    ReleaseAndClear(manager->m_FieldsOfViewConfig);
-    ReleaseAndClear(manager->m_ERFieldsOfViewConfig);
-    ReleaseAndClear(manager->m_CRVConfig);
-    ReleaseAndClear(manager->m_VisionPointsConfig);
-    ReleaseAndClear(manager->m_VisionConeConfig);
-    ReleaseAndClear(manager->m_PyramidConfig);
-    ReleaseAndClear(manager->m_APillarConfig);
-    ReleaseAndClear(manager->m_MirrorConfig);
-    ReleaseAndClear(manager->m_PedestrianProtectionConfig);
-    ReleaseAndClear(manager->m_HeadImpactConfig);
-    ReleaseAndClear(manager->m_OpticalDistortionConfig);
-    ReleaseAndClear(manager->m_MultipleReflectionConfig);
-    ReleaseAndClear(manager->m_DirectViewConfig);
-    ReleaseAndClear(manager->m_DirectView3DConfig);
-    ReleaseAndClear(manager->m_WipersConfig);
-    ReleaseAndClear(manager->m_DBAccessConfig);
-    ReleaseAndClear(manager->m_ReportGenConfig);
-    ReleaseAndClear(manager->m_PPOffsetConfig);
+    for (const Configuration& configuration : List::configurations)
+        configuration.m_Release(*manager);
 }
 
 unsigned char VEXMELKConfigManager::GetCFGDir(CATUnicodeString& directory)
@@ -315,64 +366,16 @@ VEXMELKDBAccessConfig* VEXMELKConfigManager::GetDBAccessConfig() { return Obtain
 
 VEXMELKReportGenConfig* VEXMELKConfigManager::GetReportGenConfig() { return Obtain(m_ReportGenConfig); }
 
-namespace {
-
-using Manager = VEXMELKConfigManager;
-
-struct Key
-{
-    const char* name;
-    VEXMELKCheckConfig* (*get)(Manager& manager);
-};
-
-// The getter of a class as the getter of its base.
-template <auto Getter> VEXMELKCheckConfig* Call(Manager& manager) { return (manager.*Getter)(); }
-
-constexpr Key keys[] = {
-    {"VEXMELKUFSlopeAngle", Call<&Manager::GetUFSlopeAngleConfig>},
-    {"VEXMELKUFInnerAngle", Call<&Manager::GetUFInnerAngleConfig>},
-    {"VEXMELKUFCurb", Call<&Manager::GetUFCurbConfig>},
-    {"VEXMELKUFDynCurb", Call<&Manager::GetUFDynamicCurbConfig>},
-    {"VEXMELKUFSpaceToRoad", Call<&Manager::GetUFSpaceToRoadConfig>},
-    {"VEXMELKUFOilTub", Call<&Manager::GetUFOilTubConfig>},
-    {"VEXMELKUFWheelFixing", Call<&Manager::GetUFWheelFixingConfig>},
-    {"VEXMELKUFComplete", Call<&Manager::GetUFCompleteConfig>},
-    {"VEXMELKNumberPlates", Call<&Manager::GetNumberPlatesConfig>},
-    {"VEXMELKLampPositions", Call<&Manager::GetLampPositionsConfig>},
-    {"VEXMELKBumpers", Call<&Manager::GetBumpersConfig>},
-    {"VEXMELKWheelCovering", Call<&Manager::GetWheelCoveringConfig>},
-    {"VEXMELKSeatingBelts", Call<&Manager::GetSeatingBeltsConfig>},
-    {"VEXMELKChildProtection", Call<&Manager::GetChildProtectionConfig>},
-    {"VEXMELKFreeSpace", Call<&Manager::GetFreeSpaceConfig>},
-    {"VEXMELKEyeEllipses", Call<&Manager::GetEyeEllipsesConfig>},
-    {"VEXMELKEyePoints", Call<&Manager::GetEyePointsConfig>},
-    {"VEXMELKExtendedEyePoints", Call<&Manager::GetExtendedEyePointsConfig>},
-    {"VEXMELKHeadContour", Call<&Manager::GetHeadContourConfig>},
-    {"VEXMELKSRPLocationCurves", Call<&Manager::GetSRPLocationCurvesConfig>},
-    {"VEXMELKFieldsOfView", Call<&Manager::GetFieldsOfViewConfig>},
-    {"VEXMELKFieldOfView", Call<&Manager::GetFieldsOfViewConfig>},
-    {"VEXMELKERFieldsOfView", Call<&Manager::GetERFieldsOfViewConfig>},
-    {"VEXMELKERFieldOfView", Call<&Manager::GetERFieldsOfViewConfig>},
-    {"VEXMELKERAFieldOfView", Call<&Manager::GetERFieldsOfViewConfig>},
-    {"VEXMELKERBFieldOfView", Call<&Manager::GetERFieldsOfViewConfig>},
-    {"VEXMELKCloseRangeVisibility", Call<&Manager::GetCRVConfig>},
-    {"VEXMELKVisionPoints", Call<&Manager::GetVisionPointsConfig>},
-    {"VEXMELKVisionCone", Call<&Manager::GetVisionConeConfig>},
-    {"VEXMELKPyramid", Call<&Manager::GetPyramidConfig>},
-    {"VEXMELKPillarCovering", Call<&Manager::GetAPillarConfig>},
-    {"VEXMELKMirror", Call<&Manager::GetMirrorConfig>},
-    {"VEXMELKHeadImpact", Call<&Manager::GetHeadImpactConfig>},
-    {"VEXMELKDirectView", Call<&Manager::GetDirectViewConfig>},
-    {"VEXMELKDirectView3D", Call<&Manager::GetDirectView3DConfig>},
-    {"VEXMELKWipers", Call<&Manager::GetWipersConfig>},
-};
-
-} // namespace
-
 VEXMELKCheckConfig* VEXMELKConfigManager::GetConfig(const CATUnicodeString& name)
 {
-    for (const Key& key : keys)
-        if (name == key.name)
-            return key.get(*this);
+    for (const Configuration& configuration : List::configurations)
+        if (!name.IsEmpty() &&
+            std::ranges::find(configuration.keys, std::string_view(name)) != configuration.keys.end())
+            return configuration.m_GetCheck(*this);
     return nullptr;
+}
+
+std::span<const VEXMELKConfigManager::Configuration> VEXMELKConfigManager::GetConfigurations()
+{
+    return List::configurations;
 }

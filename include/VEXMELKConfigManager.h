@@ -14,6 +14,11 @@
 #include "CATUnicodeString.h"
 #include "VEXMELKConfigurationExport.h"
 
+#include <array>
+#include <span>
+#include <string_view>
+
+struct VEXMELKDescription;
 class VEXMELKConfig;
 class VEXMELKCheckConfig;
 class VEXMELKBaseDataConfig;
@@ -128,6 +133,22 @@ public:
     VEXMELKDBAccessConfig* GetDBAccessConfig();
     VEXMELKReportGenConfig* GetReportGenConfig();
 
+    // A configuration as data.
+    class Configuration
+    {
+    public:
+        const VEXMELKDescription* description = nullptr;                // its file and operations
+        std::array<std::string_view, 4> keys;                           // of GetConfig; empty ones are none
+        VEXMELKConfig* (*get)(VEXMELKConfigManager& manager) = nullptr; // as the getter of its class
+
+    private:
+        friend class VEXMELKConfigManager;
+        VEXMELKCheckConfig* (*m_GetCheck)(VEXMELKConfigManager& manager) = nullptr;
+        void (*m_Release)(VEXMELKConfigManager& manager) = nullptr;
+    };
+    // All configurations, in a fixed order.
+    static std::span<const Configuration> GetConfigurations();
+
     // The object that belongs to a check's key ("VEXMELKUFCurb"), in exactly that letter case; null for any other name.
     VEXMELKCheckConfig* GetConfig(const CATUnicodeString& name);
 
@@ -136,6 +157,7 @@ public:
     static bool WritesCommas();
 
 private:
+    class List;
     VEXMELKConfigManager();
     static VEXMELKConfigManager* GetCurrentManager();
     static void ReleaseConfigManager(VEXMELKConfigManager* manager);

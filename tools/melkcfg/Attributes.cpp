@@ -1,12 +1,9 @@
 #include "Attributes.h"
 
-#include "Records.h"
+#include "Values.h"
 
-template <> constexpr auto FieldsOf<VEXMELKCFGAttributeStr>()
-{
-    using R = VEXMELKCFGAttributeStr;
-    return Fields<none, &R::kind, &R::name>();
-}
+#include <algorithm>
+#include <array>
 
 namespace {
 
@@ -42,11 +39,8 @@ void CheckMembers(const Json& json, const std::string& where, const std::vector<
 
 template <class Value> Value Member(const Json& json, const char* name, const std::string& where)
 {
-    Value value{};
     const auto found = json.find(name);
-    if (found != json.end())
-        Codec<Value>::Read(*found, value, where + "." + name);
-    return value;
+    return found == json.end() ? Value{} : ValueFromJson<Value>(*found, where + "." + name);
 }
 
 unsigned int Color(const Json& json, const char* name, const std::string& where)
@@ -73,12 +67,12 @@ void ReadAccess(const Json& json, VEXMELKAttrAccessBase& access, const std::stri
 
 } // namespace
 
-Json Codec<AttributeList>::Write(const AttributeList& attributes)
+Json AttributesToJson(const VEXMELKAttributeValues& attributes)
 {
     Json json = Json::array();
     for (const VEXMELKCFGAttributeStr& attribute : attributes)
     {
-        Json object = Codec<VEXMELKCFGAttributeStr>::Write(attribute);
+        Json object = {{"kind", attribute.kind}, {"name", attribute.name.ConvertToChar()}};
         for (const auto access : accessObjects)
             object["objects"].push_back(WriteAccess(attribute.*access));
         json.push_back(object);
@@ -86,7 +80,7 @@ Json Codec<AttributeList>::Write(const AttributeList& attributes)
     return json;
 }
 
-void Codec<AttributeList>::Read(const Json& json, AttributeList& attributes, const std::string& where)
+void AttributesFromJson(const Json& json, VEXMELKAttributeValues& attributes, const std::string& where)
 {
     if (!json.is_array())
         throw WrongType(where, "a list", json);

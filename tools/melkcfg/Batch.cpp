@@ -1,6 +1,7 @@
 #include "Batch.h"
 
 #include "VEXMELKUtilities.h"
+#include "Values.h"
 
 #include <istream>
 #include <ostream>
@@ -37,9 +38,7 @@ Json Ask(const Json& request, bool showSecrets)
 
 template <class Value> Value Setting(const Json& settings, const char* name)
 {
-    Value value{};
-    Codec<Value>::Read(settings.at(name), value, name);
-    return value;
+    return ValueFromJson<Value>(settings.at(name), name);
 }
 
 void Apply(const Json& settings, Host& host)

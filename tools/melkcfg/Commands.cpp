@@ -2,7 +2,9 @@
 
 #include "Batch.h"
 #include "Registry.h"
+#include "VEXMELKCheckConfig.h"
 #include "VEXMELKUtilities.h"
+#include "Values.h"
 
 #include <algorithm>
 #include <iomanip>
@@ -50,7 +52,7 @@ public:
             return -1;
         CATListValCATUnicodeString names;
         if (!m_Configuration.isSingle)
-            GetRootChildNames("standard", names);
+            GetRootChildNames(standards, names);
         names.RemoveDuplicates();
         return names.Size();
     }
@@ -65,6 +67,9 @@ public:
     }
 
 private:
+    static constexpr VEXMELKRow name{.attribute = "name"};
+    static constexpr VEXMELKElement standards{.tag = "standard", .key = &name};
+
     const Configuration& m_Configuration;
     CATUnicodeString m_Directory;
 };
@@ -157,7 +162,7 @@ Json OperationJson(const Operation& operation)
 // The value of NAME=VALUE: JSON, or the text itself where a text is wanted.
 Json AssignedValue(const Parameter& parameter, const std::string& text)
 {
-    if (parameter.type == Codec<CATUnicodeString>::Type())
+    if (parameter.type == "text")
         return text;
     Json value = Json::parse(text, nullptr, false);
     if (value.is_discarded())
@@ -243,7 +248,7 @@ ExitStatus RunCategories(const CommandOptions& options, const Host& host)
     CATListValCATUnicodeString names;
     const bool known = inspector.Categories(CATUnicodeString(options.standard), names);
     if (options.asJson)
-        PrintJson(Codec<CATListValCATUnicodeString>::Write(names));
+        PrintJson(ToJson(VEXMELKValueOf(names)));
     else
         for (const CATUnicodeString& name : names)
             std::cout << name.ConvertToChar() << '\n';

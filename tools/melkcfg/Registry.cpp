@@ -1,81 +1,44 @@
+// The library's descriptions as the tool uses them.
 #include "Registry.h"
 
-#include "Records.h"
+#include "Values.h"
 
-template <> constexpr auto FieldsOf<VEXMELKEyesConfigDefinition>()
-{
-    using R = VEXMELKEyesConfigDefinition;
-    return Fields<none, &R::EyesType, &R::Standard, &R::Percentil>();
-}
+#include <algorithm>
 
-namespace {
-
-std::string Stripped(std::string_view text)
-{
-    CATUnicodeString stripped(text);
-    stripped.Strip();
-    return stripped.ConvertToChar();
-}
-
-std::vector<Parameter> ParseParameters(std::string_view text)
-{
-    std::vector<Parameter> parameters;
-    while (!text.empty())
-    {
-        const std::size_t comma = std::min(text.find(','), text.size());
-        std::string item = Stripped(text.substr(0, comma));
-        text.remove_prefix(std::min(comma + 1, text.size()));
-        Parameter parameter;
-        parameter.isOutput = item.starts_with('>');
-        parameter.isSecret = item.starts_with(">*");
-        item.erase(0, item.find_first_not_of(">*"));
-        const std::size_t colon = std::min(item.find(':'), item.size());
-        parameter.name = item.substr(0, colon);
-        parameter.unit = item.substr(std::min(colon + 1, item.size()));
-        parameters.push_back(parameter);
-    }
-    return parameters;
-}
-
-} // namespace
+std::string Operation::ResultType() const { return VEXMELKTypeText(m_Described->NewQuestion()->Result()); }
 
 const std::vector<Parameter>& Operation::Parameters() const
 {
-    if (m_Parameters.empty())
-    {
-        m_Parameters = ParseParameters(m_ParameterText);
-        const std::vector<std::string> types = m_ParameterTypes();
-        for (std::size_t index = 0; index < m_Parameters.size(); ++index)
-            m_Parameters[index].type = types[index];
-    }
+    if (!m_Parameters.empty())
+        return m_Parameters;
+    const auto question = m_Described->NewQuestion();
+    for (const VEXMELKParameter& parameter : m_Described->Parameters())
+        m_Parameters.push_back({std::string(parameter.name), VEXMELKTypeText(question->Parameter(m_Parameters.size())),
+            std::string(parameter.unit), parameter.IsOutput(), parameter.isSecret});
     return m_Parameters;
 }
 
-std::vector<Operation> ConfigOperations()
+Operation::Call Operation::Prepare(const Json& arguments, const Json& outputs) const
 {
-    using Name = unsigned char (VEXMELKConfig::*)(const CATUnicodeString&, CATUnicodeString&);
-    return {
-        Query("GetLoading", "standard, >loading, category, rear", &VEXMELKConfig::GetLoading),
-        Query("GetDefaultSettingsName", "standard, >name", static_cast<Name>(&VEXMELKConfig::GetDefaultSettingsName)),
-        Query("FindStandardLevel", "standard", &VEXMELKConfig::FindStandardLevel),
-        Query("InitStandardData", "standard, >attributes", &VEXMELKConfig::InitStandardData),
-        Query("FillCFGAttributes", "settings, >attributes", &VEXMELKConfig::FillCFGAttributes),
-    };
-}
-
-std::vector<Operation> CheckOperations()
-{
-    return {
-        Query("GetStandardNames", ">names, category, unordered, maxLevel", &VEXMELKCheckConfig::GetStandardNames),
-    };
-}
-
-std::vector<Operation> UnderfloorOperations()
-{
-    return {
-        Query("GetEyes", "standard, >eyes", &VEXMELKUnderfloorConfig::GetEyes),
-        Query("GetPointToPick", "standard, category, >point", &VEXMELKUnderfloorConfig::GetPointToPick),
-        Query("UseStaticRadius", "standard, >use", &VEXMELKUnderfloorConfig::UseStaticRadius),
+    const std::shared_ptr<VEXMELKQuestion> question = m_Described->NewQuestion();
+    const auto parameters = m_Described->Parameters();
+    for (std::size_t position = 0; position < parameters.size(); ++position)
+    {
+        const Json& given = parameters[position].IsOutput() ? outputs : arguments;
+        const std::string parameter(parameters[position].name);
+        const auto found = given.find(parameter);
+        if (found != given.end())
+            FromJson(*found, question->Parameter(position), parameter);
+    }
+    return [=](VEXMELKConfig& object)
+    {
+        question->Ask(object);
+        Answered answered;
+        answered.result = ToJson(question->Result());
+        for (std::size_t position = 0; position < parameters.size(); ++position)
+            if (parameters[position].IsOutput())
+                answered.outputs[std::string(parameters[position].name)] = ToJson(question->Parameter(position));
+        return answered;
     };
 }
 
@@ -96,9 +59,20 @@ const std::vector<Configuration>& AllConfigurations()
     static const std::vector<Configuration> all = []
     {
         std::vector<Configuration> configurations;
-        for (const auto& folder :
-            {OccupantConfigurations, UnderfloorConfigurations, VisionConfigurations, SafetyConfigurations})
-            std::ranges::move(folder(), std::back_inserter(configurations));
+        for (const VEXMELKConfigManager::Configuration& entry : VEXMELKConfigManager::GetConfigurations())
+        {
+            const VEXMELKDescription& description = *entry.description;
+            Configuration configuration{std::string(description.name), {}, std::string(description.file),
+                description.layout == VEXMELKLayout::Single, entry.get, {}};
+            for (const std::string_view key : entry.keys)
+                configuration.keys.emplace_back(key);
+            for (const VEXMELKDescription* level = &description; level; level = level->base)
+                for (const VEXMELKOperation& operation : level->operations)
+                    if (std::none_of(configuration.operations.begin(), configuration.operations.end(),
+                            [&](const Operation& own) { return own.name == operation.Name(); }))
+                        configuration.operations.emplace_back(operation);
+            configurations.push_back(std::move(configuration));
+        }
         return configurations;
     }();
     return all;

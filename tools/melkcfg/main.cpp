@@ -1,6 +1,7 @@
 // melkcfg: asks the configuration every question that a check can ask the library.
 
 #include "Batch.h"
+#include "CATIXMLDOMDocumentBuilder.h"
 #include "Commands.h"
 #include "VEXMELKUtilities.h"
 
