@@ -36,6 +36,9 @@ inline CATIDOMNamedNodeMap_var AttributesOf(const CATIDOMElement_var& element)
     return element == NULL_var ? CATIDOMNamedNodeMap_var() : element->GetAttributes();
 }
 
+// Whether the element has any attribute: some readers leave everything as it is for one without.
+inline bool HasAttributes(const CATIDOMElement_var& element) { return element->GetAttributes()->GetLength() > 0; }
+
 // Calls visit(element) for every descendant with the tag, in document order, until it returns true; tells whether one
 // did. A null root has no descendants.
 template <class Visit> bool VisitElements(const CATIDOMElement_var& root, std::string_view tag, Visit visit)

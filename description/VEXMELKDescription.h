@@ -49,9 +49,10 @@ struct VEXMELKElement
     VEXMELKChoice choice = VEXMELKChoice::First;
     VEXMELKFallBack fallBack = VEXMELKFallBack::None;
     const VEXMELKRow* key = nullptr; // what it is found by
-    std::array<VEXMELKRows, 3> tables{};
+    std::array<VEXMELKRows, 4> tables{};
     std::string_view meaning = {}; // for people
     std::string_view whenMissing = {};
+    bool hasText = false; // its text is read
 };
 
 enum class VEXMELKLayout : unsigned char

@@ -185,6 +185,10 @@ template <class OfRecord, class OfValue> struct MemberTraits<OfValue OfRecord::*
 template <auto Field> using RecordOf = typename MemberTraits<decltype(Field)>::Record;
 template <auto Field> using ValueOf = typename MemberTraits<decltype(Field)>::Value;
 
+// Whether a row without more said hands out a text: there is no field, or the field is one.
+template <auto Field> inline constexpr bool isText = std::is_same_v<ValueOf<Field>, CATUnicodeString>;
+template <> inline constexpr bool isText<nullptr> = true;
+
 // The name of a member, as the compiler writes it into the name of this function.
 template <auto Field> constexpr std::string_view NameOf()
 {
@@ -296,8 +300,7 @@ constexpr auto Flag(std::string_view attribute, std::string_view meaning, Option
 template <auto Field = nullptr, class... Options>
 constexpr auto Word(std::string_view attribute, VEXMELKWords words, std::string_view meaning, Options... options)
 {
-    constexpr bool asText = std::is_null_pointer_v<decltype(Field)> ||
-                            std::is_same_v<std::remove_cvref_t<decltype(Field)>, CATUnicodeString>;
+    constexpr bool asText = VEXMELKRowDetail::isText<Field>;
     return MakeRow<Field>({.attribute = attribute,
                               .meaning = meaning,
                               .kind = Kind::Word,

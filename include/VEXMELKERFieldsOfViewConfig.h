@@ -15,6 +15,8 @@
 
 #include "VEXMELKUnderfloorConfig.h"
 
+#include <array>
+
 // An area that is cut out of the reduced field B. Each area fills only its own members; a missing value of those is
 // empty.
 struct VEXMELKERFOVSubtractArea
@@ -48,7 +50,7 @@ struct VEXMELKERFOVField
 
 struct VEXMELKERFieldsOfViewConfigDefinition
 {
-    VEXMELKERFOVField fields[2]; // "extended A", "reduced B"
+    std::array<VEXMELKERFOVField, 2> fields; // "extended A", "reduced B"
 };
 
 class ExportedByVEXMELKConfiguration VEXMELKERFieldsOfViewConfig : public VEXMELKUnderfloorConfig

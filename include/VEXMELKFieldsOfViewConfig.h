@@ -14,6 +14,8 @@
 
 #include "VEXMELKUnderfloorConfig.h"
 
+#include <array>
+
 // Angles. A missing value is empty.
 struct VEXMELKFOVInterval
 {
@@ -26,9 +28,9 @@ struct VEXMELKFOVInterval
 
 struct VEXMELKFOVField
 {
-    CATUnicodeString offset;         // length; empty when missing
-    VEXMELKFOVInterval intervals[5]; // by their "index"
-    unsigned char present = 0;       // set when the file has this field; never cleared
+    CATUnicodeString offset;                     // length; empty when missing
+    std::array<VEXMELKFOVInterval, 5> intervals; // by their "index"
+    unsigned char present = 0;                   // set when the file has this field; never cleared
 };
 
 struct VEXMELKFieldsOfViewConfigDefinition
@@ -38,7 +40,7 @@ struct VEXMELKFieldsOfViewConfigDefinition
     CATUnicodeString threshold2;
     CATUnicodeString threshold3;
     CATUnicodeString threshold4;
-    VEXMELKFOVField fields[3]; // "A", "B", "C"
+    std::array<VEXMELKFOVField, 3> fields; // "A", "B", "C"
 };
 
 class ExportedByVEXMELKConfiguration VEXMELKFieldsOfViewConfig : public VEXMELKUnderfloorConfig

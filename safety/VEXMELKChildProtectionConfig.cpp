@@ -1,27 +1,53 @@
+// The child test body: one table of the category.
 #include "VEXMELKChildProtectionConfig.h"
 
-#include "VEXMELKField.h"
+#include "VEXMELKReader.h"
+
+namespace {
+
+using Record = VEXMELKChildProtectionDefinition;
+
+constexpr VEXMELKTable table{
+    Length<&Record::CPShDist>("CPShDist", "shoulder: distance, radius"),
+    Length<&Record::CPShRadius>("CPShRadius", "shoulder: distance, radius"),
+    Length<&Record::CPBackDist>("CPBackDist", "distance of the back"),
+    Angle<&Record::CPTopAngle>("CPTopAngle", "top angle"),
+    Length<&Record::CPShCShift>("CPShCShift", "centre shift"),
+    Angle<&Record::CPVolVertAngle>("CPVolVertAngle", "the volume's angles"),
+    Angle<&Record::CPVolHorizAngle>("CPVolHorizAngle", "the volume's angles"),
+    Length<&Record::CPVolHorizOffset>("CPVolHorizOffset", "the volume's horizontal offset"),
+    Flag<&Record::CPUseCShift>("CPUseCShift", "whether the centre is shifted"),
+    Length<&Record::CPAustralianNormOffset>("CPAustralianNormOffset", "its offset"),
+    Flag<&Record::CPAustralianNorm>("CPAustralianNorm", "the Australian variant"),
+};
+constexpr VEXMELKElement categories = CategoryWith(table.rows);
+constexpr const VEXMELKElement* elements[] = {&categories};
+
+} // namespace
+
+template <> constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(table);
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKChildProtectionConfig::GetStandardData>(
+        "GetStandardData", standard, category, Output("definition")),
+};
+
+constinit const VEXMELKDescription VEXMELKChildProtectionConfig::description{
+    .name = "ChildProtection",
+    .file = "OVA\\ChildProtection.xml",
+    .meaning = "The dimensions of the child test body.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKCheckConfig::description,
+};
 
 VEXMELKChildProtectionConfig::VEXMELKChildProtectionConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKCheckConfig(configurationDirectory, CATUnicodeString("OVA") + "\\" + "ChildProtection.xml")
+    : VEXMELKCheckConfig(configurationDirectory, description.file)
 {
 }
 
 unsigned char VEXMELKChildProtectionConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKChildProtectionDefinition& definition)
 {
-    return ReadCategory(standard, category,
-        {
-            {"CPShDist", "mm", definition.CPShDist},
-            {"CPShRadius", "mm", definition.CPShRadius},
-            {"CPBackDist", "mm", definition.CPBackDist},
-            {"CPTopAngle", "deg", definition.CPTopAngle},
-            {"CPShCShift", "mm", definition.CPShCShift},
-            {"CPVolVertAngle", "deg", definition.CPVolVertAngle},
-            {"CPVolHorizAngle", "deg", definition.CPVolHorizAngle},
-            {"CPVolHorizOffset", "mm", definition.CPVolHorizOffset},
-            {"CPUseCShift", "", definition.CPUseCShift, AsFlag, false},
-            {"CPAustralianNormOffset", "mm", definition.CPAustralianNormOffset},
-            {"CPAustralianNorm", "", definition.CPAustralianNorm, AsFlag, false},
-        });
+    return ReadCategory(standard, category, table, definition);
 }

@@ -1,30 +1,56 @@
+// The test body for free space: one table of the category. The attributes are spelt "Hight".
 #include "VEXMELKFreeSpaceConfig.h"
 
-#include "VEXMELKField.h"
+#include "VEXMELKReader.h"
+
+namespace {
+
+using Record = VEXMELKFreeSpaceDefinition;
+
+constexpr VEXMELKTable table{
+    Angle<&Record::FSFrontAngle>("FSFrontAngle", "angles"),
+    Angle<&Record::FSMidAngle>("FSMidAngle", "angles"),
+    Angle<&Record::FSBackAngle>("FSBackAngle", "angles"),
+    Angle<&Record::FSSideAngle>("FSSideAngle", "angles"),
+    Length<&Record::FSNoseLength>("FSNoseLength", "the nose"),
+    Length<&Record::FSHoleDistance>("FSHoleDistance", "the hole"),
+    Length<&Record::FSHoleHight>("FSHoleHight", "the hole"),
+    Length<&Record::FSHoleLength>("FSHoleLength", "the hole"),
+    Length<&Record::FSBottomHight>("FSBottomHight", "bottom and middle"),
+    Length<&Record::FSNoseHight>("FSNoseHight", "the nose"),
+    Length<&Record::FSBodyHight>("FSBodyHight", "the body"),
+    Length<&Record::FSMidLength>("FSMidLength", "bottom and middle"),
+    Length<&Record::FSNoseWidth>("FSNoseWidth", "the nose"),
+    Length<&Record::FSBodyWidth>("FSBodyWidth", "the body"),
+};
+constexpr VEXMELKElement categories = CategoryWith(table.rows);
+constexpr const VEXMELKElement* elements[] = {&categories};
+
+} // namespace
+
+template <> constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(table);
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKFreeSpaceConfig::GetStandardData>(
+        "GetStandardData", standard, category, Output("definition")),
+};
+
+constinit const VEXMELKDescription VEXMELKFreeSpaceConfig::description{
+    .name = "FreeSpace",
+    .file = "OVA\\FreeSpace.xml",
+    .meaning = "The test body that has to find room.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKCheckConfig::description,
+};
 
 VEXMELKFreeSpaceConfig::VEXMELKFreeSpaceConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKCheckConfig(configurationDirectory, CATUnicodeString("OVA") + "\\" + "FreeSpace.xml")
+    : VEXMELKCheckConfig(configurationDirectory, description.file)
 {
 }
 
 unsigned char VEXMELKFreeSpaceConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKFreeSpaceDefinition& definition)
 {
-    return ReadCategory(standard, category,
-        {
-            {"FSFrontAngle", "deg", definition.FSFrontAngle},
-            {"FSMidAngle", "deg", definition.FSMidAngle},
-            {"FSBackAngle", "deg", definition.FSBackAngle},
-            {"FSSideAngle", "deg", definition.FSSideAngle},
-            {"FSNoseLength", "mm", definition.FSNoseLength},
-            {"FSHoleDistance", "mm", definition.FSHoleDistance},
-            {"FSHoleHight", "mm", definition.FSHoleHight},
-            {"FSHoleLength", "mm", definition.FSHoleLength},
-            {"FSBottomHight", "mm", definition.FSBottomHight},
-            {"FSNoseHight", "mm", definition.FSNoseHight},
-            {"FSBodyHight", "mm", definition.FSBodyHight},
-            {"FSMidLength", "mm", definition.FSMidLength},
-            {"FSNoseWidth", "mm", definition.FSNoseWidth},
-            {"FSBodyWidth", "mm", definition.FSBodyWidth},
-        });
+    return ReadCategory(standard, category, table, definition);
 }

@@ -1,11 +1,74 @@
+// What the driver has to see close around the vehicle. Each element is taken whole from the category, else from
+// "default"; the three lengths of the area have defaults that are set before anything can fail.
 #include "VEXMELKCRVConfig.h"
 
-#include "VEXMELKAnswer.h"
-#include "VEXMELKElements.h"
-#include "VEXMELKField.h"
+#include "VEXMELKReader.h"
+
+namespace {
+
+using Record = VEXMELKCRVConfigDefinition;
+
+constexpr VEXMELKElement categoryElements = CategoryWith({}, VEXMELKFallBack::WholeElement);
+
+constexpr VEXMELKElement OfCategory(
+    const char* tag, VEXMELKRows rows, const char* meaning, const char* whenMissing, VEXMELKRows others = {})
+{
+    return {.tag = tag,
+        .below = &categoryElements,
+        .fallBack = VEXMELKFallBack::WholeElement,
+        .tables = {rows, others},
+        .meaning = meaning,
+        .whenMissing = whenMissing};
+}
+
+constexpr const char* cylinderMeaning = "its dimensions and the number of rays: write the unit";
+constexpr VEXMELKTable cylinderTable{
+    Length<&Record::radius>("radius", cylinderMeaning, Unit{""}, Keep),
+    Length<&Record::height>("height", cylinderMeaning, Unit{""}, Keep),
+    NumberText<&Record::visibleRayCount>("visibleRayCount", cylinderMeaning, Keep),
+};
+constexpr VEXMELKElement cylinder = OfCategory("cylinder", cylinderTable.rows, "the object to be seen", "all kept");
+
+constexpr const char* frontView = "front_view";
+constexpr VEXMELKTable typeTable{
+    Text<&Record::type>("type", "`front_view`, or another text", Keep),
+};
+constexpr VEXMELKTable frontViewTable{
+    Length<&Record::front_offset>("front_offset", "read for `front_view` only", Else("2000mm")),
+    Length<&Record::driver_side_extension>("driver_side_extension", "read for `front_view` only", Else("700mm")),
+    Length<&Record::passenger_side_extension>("passenger_side_extension", "read for `front_view` only", Else("900mm")),
+};
+constexpr VEXMELKElement area =
+    OfCategory("area", typeTable.rows, "where it may stand", "the defaults below; `type` kept", frontViewTable.rows);
+
+constexpr VEXMELKTable zoneTable{
+    Text<&Record::param1>("param1", "parameters", Keep),
+    Text<&Record::param2>("param2", "parameters", Keep),
+};
+constexpr VEXMELKElement deathZone = OfCategory("death_zone", zoneTable.rows, "the zone that is left out", "all kept");
+
+constexpr const VEXMELKElement* elements[] = {&categoryElements, &cylinder, &area, &deathZone};
+
+} // namespace
+
+template <>
+constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(cylinderTable, typeTable, frontViewTable, zoneTable);
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKCRVConfig::GetStandardData>("GetStandardData", standard, category, Output("definition")),
+};
+
+constinit const VEXMELKDescription VEXMELKCRVConfig::description{
+    .name = "CRV",
+    .file = "Vision\\CloseRangeVisibility.xml",
+    .meaning = "What the driver has to see close around the vehicle.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKUnderfloorConfig::description,
+};
 
 VEXMELKCRVConfig::VEXMELKCRVConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKUnderfloorConfig(configurationDirectory, CATUnicodeString("Vision") + "\\" + "CloseRangeVisibility.xml")
+    : VEXMELKUnderfloorConfig(configurationDirectory, description.file)
 {
 }
 
@@ -15,35 +78,20 @@ unsigned char VEXMELKCRVConfig::GetStandardData(
     return Answer(
         [&]() -> unsigned char
         {
-            // Set before anything can fail.
-            definition.front_offset = "2000mm";
-            definition.driver_side_extension = "700mm";
-            definition.passenger_side_extension = "900mm";
+            ReadFields(Decimals(), CATIDOMNamedNodeMap_var(), NULL_var, frontViewTable, definition); // the defaults
             const CATIDOMElement_var element = GetCategoryElement(standard, category);
             const CATIDOMElement_var defaultElement = GetCategoryElement(standard, defaultCategory);
             if (element == NULL_var && defaultElement == NULL_var)
                 return 0;
+            const auto attributesOf = [&](const VEXMELKElement& described)
+            { return AttributesOf(FindInEither(element, defaultElement, described)); };
 
-            ReadFields(AttributesOf(FirstChildOfEither(element, defaultElement, "cylinder")), NULL_var,
-                {
-                    {"radius", "", definition.radius, Keep},
-                    {"height", "", definition.height, Keep},
-                    {"visibleRayCount", "", definition.visibleRayCount, Keep},
-                });
-            const CATIDOMNamedNodeMap_var area = AttributesOf(FirstChildOfEither(element, defaultElement, "area"));
-            ReadFields(area, NULL_var, {{"type", "", definition.type, Keep}});
-            if (definition.type == "front_view")
-                ReadFields(area, NULL_var,
-                    {
-                        {"front_offset", "mm", definition.front_offset, Keep},
-                        {"driver_side_extension", "mm", definition.driver_side_extension, Keep},
-                        {"passenger_side_extension", "mm", definition.passenger_side_extension, Keep},
-                    });
-            ReadFields(AttributesOf(FirstChildOfEither(element, defaultElement, "death_zone")), NULL_var,
-                {
-                    {"param1", "", definition.param1, Keep},
-                    {"param2", "", definition.param2, Keep},
-                });
+            ReadFields(Decimals(), attributesOf(cylinder), NULL_var, cylinderTable, definition);
+            const CATIDOMNamedNodeMap_var areaAttributes = attributesOf(area);
+            ReadFields(Decimals(), areaAttributes, NULL_var, typeTable, definition);
+            if (definition.type == frontView)
+                ReadFields(Decimals(), areaAttributes, NULL_var, frontViewTable, definition);
+            ReadFields(Decimals(), attributesOf(deathZone), NULL_var, zoneTable, definition);
             return 1;
         });
 }

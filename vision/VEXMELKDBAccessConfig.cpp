@@ -1,10 +1,39 @@
+// How the result database is reached. The file always lies in the directory itself, and is read anew with every
+// question: a change counts at once, and no password is kept.
 #include "VEXMELKDBAccessConfig.h"
 
-#include "VEXMELKAnswer.h"
-#include "VEXMELKField.h"
+#include "VEXMELKReader.h"
+
+namespace {
+
+constexpr const char* parameterMeaning = "connection parameters: texts, exactly as written";
+constexpr VEXMELKOutputTable<CATUnicodeString, CATUnicodeString, CATUnicodeString, CATUnicodeString> table{
+    Text("host", parameterMeaning, AsWritten()),
+    Text("user", parameterMeaning, AsWritten()),
+    Text("password", parameterMeaning, AsWritten(), Secret()),
+    Text("db_name", parameterMeaning, AsWritten(), Fills{"dbName"}),
+};
+constexpr VEXMELKElement root{.tag = "*", .tables = {table.rows}, .meaning = "the root"};
+constexpr const VEXMELKElement* elements[] = {&root};
+
+} // namespace
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKDBAccessConfig::GetDBAccessParameters>("GetDBAccessParameters", table),
+};
+
+constinit const VEXMELKDescription VEXMELKDBAccessConfig::description{
+    .name = "DBAccess",
+    .file = "DBAccess.xml",
+    .meaning = "How the result database is reached.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKConfig::description,
+    .layout = VEXMELKLayout::Single,
+};
 
 VEXMELKDBAccessConfig::VEXMELKDBAccessConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKConfig(configurationDirectory, "DBAccess.xml")
+    : VEXMELKConfig(configurationDirectory, description.file)
 {
 }
 
@@ -14,16 +43,11 @@ unsigned char VEXMELKDBAccessConfig::GetDBAccessParameters(
     return Answer(
         [&]() -> unsigned char
         {
-            CATIDOMElement_var root;
-            if (!GetRootDOMElement(root))
+            CATIDOMElement_var element;
+            if (!GetRootDOMElement(element))
                 return 0;
-            ReadFields(root, NULL_var,
-                {
-                    {"host", "", host},
-                    {"user", "", user},
-                    {"password", "", password},
-                    {"db_name", "", dbName},
-                });
+            if (HasAttributes(element))
+                ReadFields(Decimals(), element, table, host, user, password, dbName);
             return 1;
         });
 }

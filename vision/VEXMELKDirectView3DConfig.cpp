@@ -1,12 +1,77 @@
+// The three-dimensional direct view. The attributes fall back to "default" one by one; the target does not.
 #include "VEXMELKDirectView3DConfig.h"
 
+#include "VEXMELKReader.h"
+
 #include "CATMathDef.h"
-#include "VEXMELKAnswer.h"
-#include "VEXMELKElements.h"
-#include "VEXMELKField.h"
+
+namespace {
+
+using Record = VEXMELKDirectView3DCFG;
+
+constexpr VEXMELKWord computationTypes[] = {{"Ambinocular", DV3DAmbinocular}};
+constexpr VEXMELKWords computationWords{computationTypes, DV3DMonocular};
+constexpr VEXMELKWord directions[] = {{"", DV3DFrontward}, {"frontward", DV3DFrontward}, {"backward", DV3DBackward},
+    {"left", DV3DLeft}, {"right", DV3DRight}};
+constexpr VEXMELKWords directionWords{directions, DV3DAngle};
+constexpr VEXMELKWord targetTypes[] = {
+    {"Parallel", DV3DParallel}, {"Perpendicular", DV3DPerpendicular}, {"Spherical", DV3DSpherical}};
+constexpr VEXMELKWords targetWords{targetTypes, DV3DPerpendicular};
+
+constexpr VEXMELKTable table{
+    Word<&Record::ComputationTypeText>(
+        "ComputationType", computationWords, "exactly `Ambinocular` (1); anything else is monocular (0)"),
+    Radians<&Record::ViewRange>("ViewRange", "angle, handed out as a number in radians"),
+    Word<&Record::DirectionText>("Direction", directionWords,
+        "exactly `frontward` (0), `backward` (1), `left` (2) or `right` (3); any other text is an angle (4) in "
+        "degrees, "
+        "handed out in radians"),
+};
+constexpr VEXMELKElement categoryElements = CategoryWith(table.rows);
+
+constexpr VEXMELKTable targetTable{
+    Millimetres<&Record::TargetDistance>("Distance", "handed out as a number in millimetres"),
+    Word<&Record::TargetTypeText>("type", targetWords,
+        "exactly `Parallel` (0), `Perpendicular` (1) or `Spherical` (2); anything else is perpendicular"),
+};
+constexpr VEXMELKElement targetElement{.tag = "Target",
+    .below = &categoryElements,
+    .place = VEXMELKPlace::AnyDepth,
+    .fallBack = VEXMELKFallBack::WholeCategory,
+    .tables = {targetTable.rows},
+    .meaning = "the target; the first counts",
+    .whenMissing = "all of it kept"};
+
+constexpr const VEXMELKElement* elements[] = {&categoryElements, &targetElement};
+constexpr VEXMELKParameter text{.name = "text", .role = VEXMELKRole::Word};
+
+} // namespace
+
+template <>
+constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(table, targetTable,
+    VEXMELKComputed<&Record::ComputationType>(), VEXMELKComputed<&Record::TargetType>(),
+    VEXMELKComputed<&Record::Orientation>(), VEXMELKComputed<&Record::DirectionAngle>{"rad"});
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKDirectView3DConfig::GetStandardData>(
+        "GetStandardData", standard, category, Output("definition")),
+    VEXMELKDescribe<&VEXMELKDirectView3DConfig::DirectionFromString>(
+        "DirectionFromString", text, Output("orientation")),
+    VEXMELKDescribe<&VEXMELKDirectView3DConfig::ComputationTypeFromString>("ComputationTypeFromString", text),
+    VEXMELKDescribe<&VEXMELKDirectView3DConfig::TargetTypeFromString>("TargetTypeFromString", text),
+};
+
+constinit const VEXMELKDescription VEXMELKDirectView3DConfig::description{
+    .name = "DirectView3D",
+    .file = "Vision\\DirectView3D.xml",
+    .meaning = "How a three-dimensional direct view is computed.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKUnderfloorConfig::description,
+};
 
 VEXMELKDirectView3DConfig::VEXMELKDirectView3DConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKUnderfloorConfig(configurationDirectory, CATUnicodeString("Vision") + "\\" + "DirectView3D.xml")
+    : VEXMELKUnderfloorConfig(configurationDirectory, description.file)
 {
 }
 
@@ -15,34 +80,19 @@ double VEXMELKDirectView3DConfig::DirectionFromString(CATUnicodeString& text, VE
     return Answer(
         [&]
         {
-            double degrees = 0.0;
-            if (text.IsEmpty() || text.Compare("frontward"))
-                orientation = DV3DFrontward;
-            else if (text.Compare("backward"))
-                orientation = DV3DBackward;
-            else if (text.Compare("left"))
-                orientation = DV3DLeft;
-            else if (text.Compare("right"))
-                orientation = DV3DRight;
-            else
-            {
-                orientation = DV3DAngle;
-                degrees = NumberFromText(text);
-            }
-            return degrees * CATDegreeToRadian;
+            orientation = static_cast<VEXMELKDV3DOrientation>(ValueOfWord(directionWords, text));
+            return orientation == DV3DAngle ? NumberFromText(text) * CATDegreeToRadian : 0.0;
         });
 }
 
 VEXMELKDV3DComputationType VEXMELKDirectView3DConfig::ComputationTypeFromString(CATUnicodeString& text)
 {
-    return text.Compare("Ambinocular") ? DV3DAmbinocular : DV3DMonocular;
+    return static_cast<VEXMELKDV3DComputationType>(ValueOfWord(computationWords, text));
 }
 
 VEXMELKDV3DTargetType VEXMELKDirectView3DConfig::TargetTypeFromString(CATUnicodeString& text)
 {
-    if (text.Compare("Parallel"))
-        return DV3DParallel;
-    return text.Compare("Spherical") ? DV3DSpherical : DV3DPerpendicular;
+    return static_cast<VEXMELKDV3DTargetType>(ValueOfWord(targetWords, text));
 }
 
 unsigned char VEXMELKDirectView3DConfig::GetStandardData(
@@ -56,23 +106,14 @@ unsigned char VEXMELKDirectView3DConfig::GetStandardData(
             const CATIDOMElement_var element = GetCategoryElement(standard, category, map, defaultMap);
             if (element == NULL_var)
                 return 1;
-            ReadFields(map, defaultMap,
-                {
-                    {"ComputationType", "", definition.ComputationTypeText},
-                    {"ViewRange", "deg", definition.ViewRange, ByAngleParameter, 0.0},
-                    {"Direction", "", definition.DirectionText},
-                });
+            ReadFields(Decimals(), map, defaultMap, table, definition);
             definition.ComputationType = ComputationTypeFromString(definition.ComputationTypeText);
             definition.DirectionAngle = DirectionFromString(definition.DirectionText, definition.Orientation);
 
-            const CATIDOMElement_var target = FirstElement(element, "Target");
+            const CATIDOMElement_var target = Find(element, targetElement);
             if (target == NULL_var)
                 return 1;
-            ReadFields(target, NULL_var,
-                {
-                    {"Distance", "mm", definition.TargetDistance, ByLengthParameter, 0.0},
-                    {"type", "", definition.TargetTypeText},
-                });
+            ReadFields(Decimals(), target, targetTable, definition);
             definition.TargetType = TargetTypeFromString(definition.TargetTypeText);
             return 1; // always
         });

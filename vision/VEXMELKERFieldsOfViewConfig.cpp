@@ -1,78 +1,152 @@
+// The extended field A and the reduced field B. The elements of "default" are read first and those of the category over
+// them; each kind of area reads only its own attributes.
 #include "VEXMELKERFieldsOfViewConfig.h"
 
-#include "VEXMELKAnswer.h"
-#include "VEXMELKElements.h"
-#include "VEXMELKField.h"
+#include "VEXMELKReader.h"
 
 namespace {
 
-// Each area reads only its own attributes.
-void ReadSubtractArea(const CATIDOMElement_var& element, VEXMELKERFOVField& field)
+using Record = VEXMELKERFieldsOfViewConfigDefinition;
+using Field = VEXMELKERFOVField;
+using Area = VEXMELKERFOVSubtractArea;
+
+constexpr VEXMELKElement categoryElements = CategoryWith({}, VEXMELKFallBack::Overlay);
+
+// By their place in the record.
+enum FieldType : int
+{
+    ExtendedA,
+    ReducedB,
+    NoField
+};
+constexpr VEXMELKWord fieldTypes[] = {{"extended A", ExtendedA}, {"reduced B", ReducedB}};
+constexpr VEXMELKRow fieldType = Word("type", {fieldTypes, NoField}, "exactly `extended A` or `reduced B`", Skip);
+constexpr VEXMELKTable fieldTable{
+    Angle<&Field::top_angle>("top_angle", "limits"),
+    Angle<&Field::bottom_angle>("bottom_angle", "limits"),
+    Angle<&Field::driver_angle>("driver_angle", "limits"),
+    Length<&Field::offset>("offset", "offset", Else("0mm")),
+};
+constexpr VEXMELKElement fieldElements{.tag = "field",
+    .below = &categoryElements,
+    .place = VEXMELKPlace::AnyDepth,
+    .choice = VEXMELKChoice::Each,
+    .fallBack = VEXMELKFallBack::Overlay,
+    .key = &fieldType,
+    .tables = {fieldTable.rows},
+    .meaning = "one field",
+    .whenMissing = "kept"};
+
+constexpr VEXMELKTable upperTable{
+    Text<&Area::upper_area_default>("upper_area_default", "of an `upper area`"),
+    Angle<&Area::bottom_angle>("bottom_angle", "of an `upper area` or a `lower area`"),
+    Angle<&Area::A1_driver_angle>("A1_driver_angle", "of an `upper area`"),
+    Length<&Area::A2_area_width>("A2_area_width", "of an `upper area`"),
+};
+constexpr VEXMELKTable sideTable{
+    Text<&Area::side_area_default>("side_area_default", "of a `side area`"),
+    Angle<&Area::driver_angle>("driver_angle", "of a `side area`"),
+};
+constexpr VEXMELKTable lowerTable{
+    Text<&Area::lower_area_default>("lower_area_default", "of a `lower area`"),
+    Angle<&Area::bottom_angle>("bottom_angle", "of an `upper area` or a `lower area`"),
+    Length<&Area::cut_out_width>("cut_out_width", "of a `lower area`"),
+};
+constexpr VEXMELKTable extendedTable{
+    Text<&Area::extended_a_field_default>("extended_a_field_default", "of an `extended a-field`"),
+};
+enum AreaType : int
+{
+    UpperArea,
+    SideArea,
+    LowerArea,
+    ExtendedAField,
+    NoArea
+};
+constexpr VEXMELKWord areaTypes[] = {{"upper area", UpperArea}, {"side area", SideArea}, {"lower area", LowerArea},
+    {"extended a-field", ExtendedAField}};
+constexpr VEXMELKRow areaType =
+    Word("type", {areaTypes, NoArea}, "`upper area`, `side area`, `lower area` or `extended a-field`, exactly", Skip);
+constexpr VEXMELKElement areaElements{.tag = "subtract",
+    .below = &fieldElements,
+    .place = VEXMELKPlace::AnyDepth,
+    .choice = VEXMELKChoice::Each,
+    .fallBack = VEXMELKFallBack::Overlay,
+    .key = &areaType,
+    .tables = {upperTable.rows, sideTable.rows, lowerTable.rows, extendedTable.rows},
+    .meaning = "an area that is cut out, of a field `reduced B` only",
+    .whenMissing = "kept"};
+
+constexpr const VEXMELKElement* elements[] = {&categoryElements, &fieldElements, &areaElements};
+
+int TypeOf(VEXMELKDecimals decimals, const CATIDOMElement_var& element, const VEXMELKElement& described)
 {
     CATUnicodeString type;
-    ReadFields(element, NULL_var, {{"type", "", type}});
-    if (type == "upper area")
+    ReadText(decimals, element, *described.key, type);
+    return ValueOfWord(described.key->words, type);
+}
+
+void ReadArea(VEXMELKDecimals decimals, const CATIDOMElement_var& element, Field& field)
+{
+    const auto read = [&](Area& area, const auto& table)
     {
-        field.upper_area.present = 1;
-        ReadFields(element, NULL_var,
-            {
-                {"upper_area_default", "", field.upper_area.upper_area_default},
-                {"bottom_angle", "deg", field.upper_area.bottom_angle},
-                {"A1_driver_angle", "deg", field.upper_area.A1_driver_angle},
-                {"A2_area_width", "mm", field.upper_area.A2_area_width},
-            });
-    }
-    else if (type == "side area")
+        area.present = 1;
+        ReadFields(decimals, element, table, area);
+    };
+    switch (TypeOf(decimals, element, areaElements))
     {
-        field.side_area.present = 1;
-        ReadFields(element, NULL_var,
-            {
-                {"side_area_default", "", field.side_area.side_area_default},
-                {"driver_angle", "deg", field.side_area.driver_angle},
-            });
-    }
-    else if (type == "lower area")
-    {
-        field.lower_area.present = 1;
-        ReadFields(element, NULL_var,
-            {
-                {"lower_area_default", "", field.lower_area.lower_area_default},
-                {"bottom_angle", "deg", field.lower_area.bottom_angle},
-                {"cut_out_width", "mm", field.lower_area.cut_out_width},
-            });
-    }
-    else if (type == "extended a-field")
-    {
-        field.extended_a_field.present = 1;
-        ReadFields(
-            element, NULL_var, {{"extended_a_field_default", "", field.extended_a_field.extended_a_field_default}});
+    case UpperArea:
+        return read(field.upper_area, upperTable);
+    case SideArea:
+        return read(field.side_area, sideTable);
+    case LowerArea:
+        return read(field.lower_area, lowerTable);
+    case ExtendedAField:
+        return read(field.extended_a_field, extendedTable);
+    default:
+        return;
     }
 }
 
-void ReadField(const CATIDOMElement_var& element, VEXMELKERFieldsOfViewConfigDefinition& definition)
+void ReadField(VEXMELKDecimals decimals, const CATIDOMElement_var& element, Record& definition)
 {
-    CATUnicodeString type;
-    ReadFields(element, NULL_var, {{"type", "", type}});
-    const bool isReduced = type == "reduced B";
-    if (!isReduced && type != "extended A")
+    const int type = TypeOf(decimals, element, fieldElements);
+    if (type == NoField)
         return;
-    VEXMELKERFOVField& field = definition.fields[isReduced ? 1 : 0];
+    Field& field = definition.fields[static_cast<std::size_t>(type)];
     field.present = 1;
-    ReadFields(element, NULL_var,
-        {
-            {"top_angle", "deg", field.top_angle},
-            {"bottom_angle", "deg", field.bottom_angle},
-            {"driver_angle", "deg", field.driver_angle},
-            {"offset", "mm", field.offset, "0mm"},
-        });
-    if (isReduced)
-        ForEachElement(element, "subtract", [&](const CATIDOMElement_var& area) { ReadSubtractArea(area, field); });
+    ReadFields(decimals, element, fieldTable, field);
+    if (type == ReducedB)
+        ForEach(element, areaElements, [&](const CATIDOMElement_var& area) { ReadArea(decimals, area, field); });
 }
 
 } // namespace
 
+template <>
+constexpr auto VEXMELKFieldsOf<Area> = VEXMELKFieldList<Area>(
+    upperTable, sideTable, lowerTable, extendedTable, VEXMELKComputed<&Area::present>());
+template <>
+constexpr auto VEXMELKFieldsOf<Field> = VEXMELKFieldList<Field>(fieldTable, VEXMELKNested<&Field::upper_area>(),
+    VEXMELKNested<&Field::side_area>(), VEXMELKNested<&Field::lower_area>(), VEXMELKNested<&Field::extended_a_field>(),
+    VEXMELKComputed<&Field::present>());
+template <> constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(VEXMELKNested<&Record::fields>());
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKERFieldsOfViewConfig::GetStandardData>(
+        "GetStandardData", standard, category, Output("definition")),
+};
+
+constinit const VEXMELKDescription VEXMELKERFieldsOfViewConfig::description{
+    .name = "ERFieldsOfView",
+    .file = "Vision\\ERFieldsOfView.xml",
+    .meaning = "The extended field of view A and the reduced field B.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKUnderfloorConfig::description,
+};
+
 VEXMELKERFieldsOfViewConfig::VEXMELKERFieldsOfViewConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKUnderfloorConfig(configurationDirectory, CATUnicodeString("Vision") + "\\" + "ERFieldsOfView.xml")
+    : VEXMELKUnderfloorConfig(configurationDirectory, description.file)
 {
 }
 
@@ -86,9 +160,9 @@ unsigned char VEXMELKERFieldsOfViewConfig::GetStandardData(const CATUnicodeStrin
             const CATIDOMElement_var& element = data.category != NULL_var ? data.category : data.defaultCategory;
             if (element == NULL_var)
                 return 0;
-            // "default" first, the category over it.
             for (const CATIDOMElement_var* pass : {&data.defaultCategory, &element})
-                ForEachElement(*pass, "field", [&](const CATIDOMElement_var& field) { ReadField(field, definition); });
+                ForEach(*pass, fieldElements,
+                    [&](const CATIDOMElement_var& field) { ReadField(Decimals(), field, definition); });
             return 1;
         });
 }

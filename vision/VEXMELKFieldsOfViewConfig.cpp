@@ -1,52 +1,111 @@
+// The fields of view A, B and C. The elements of "default" are read first and those of the category over them; the
+// thresholds fall back one by one.
 #include "VEXMELKFieldsOfViewConfig.h"
 
-#include "VEXMELKAnswer.h"
-#include "VEXMELKElements.h"
-#include "VEXMELKField.h"
-
-#include <iterator>
+#include "VEXMELKReader.h"
 
 namespace {
 
-constexpr std::string_view fieldTypes[] = {"A", "B", "C"};
+using Record = VEXMELKFieldsOfViewConfigDefinition;
+using Field = VEXMELKFOVField;
+using Interval = VEXMELKFOVInterval;
 
-void ReadInterval(const CATIDOMElement_var& element, VEXMELKFOVField& field)
+constexpr VEXMELKTable table{
+    Length<&Record::threshold1>("threshold1", "thresholds"),
+    Length<&Record::threshold2>("threshold2", "thresholds"),
+    Length<&Record::threshold3>("threshold3", "thresholds"),
+    Length<&Record::threshold4>("threshold4", "thresholds"),
+};
+constexpr VEXMELKElement categoryElements = CategoryWith(table.rows);
+
+// By their place in the record.
+constexpr int noField = -1;
+constexpr VEXMELKWord fieldTypes[] = {{"A", 0}, {"B", 1}, {"C", 2}};
+constexpr VEXMELKRow fieldType = Word("type", {fieldTypes, noField}, "exactly `A`, `B` or `C`", Skip);
+constexpr VEXMELKTable fieldTable{
+    Length<&Field::offset>("offset", "offset"),
+};
+constexpr VEXMELKElement fieldElements{.tag = "field",
+    .below = &categoryElements,
+    .place = VEXMELKPlace::AnyDepth,
+    .choice = VEXMELKChoice::Each,
+    .fallBack = VEXMELKFallBack::Overlay,
+    .key = &fieldType,
+    .tables = {fieldTable.rows},
+    .meaning = "one field",
+    .whenMissing = "kept"};
+
+constexpr VEXMELKRow intervalIndex = Integer("index", "integer 0 to 4; another number is skipped", Skip);
+constexpr VEXMELKTable intervalTable{
+    Angle<&Interval::top_angle>("top_angle", "limits"),
+    Angle<&Interval::bottom_angle>("bottom_angle", "limits"),
+    Angle<&Interval::driver_angle>("driver_angle", "limits"),
+    Angle<&Interval::passenger_angle>("passenger_angle", "limits"),
+};
+constexpr VEXMELKElement intervalElements{.tag = "interval",
+    .below = &fieldElements,
+    .place = VEXMELKPlace::AnyDepth,
+    .choice = VEXMELKChoice::Each,
+    .fallBack = VEXMELKFallBack::Overlay,
+    .key = &intervalIndex,
+    .tables = {intervalTable.rows},
+    .meaning = "one interval",
+    .whenMissing = "kept"};
+
+constexpr const VEXMELKElement* elements[] = {&categoryElements, &fieldElements, &intervalElements};
+
+void ReadInterval(VEXMELKDecimals decimals, const CATIDOMElement_var& element, Field& field)
 {
     CATUnicodeString indexText;
     int index = 0;
-    if (!ReadFields(element, NULL_var, {{"index", "", indexText}}) || !indexText.ConvertToNum(&index, "%d") ||
-        index < 0 || index >= static_cast<int>(std::size(field.intervals)))
+    if (!ReadText(decimals, element, intervalIndex, indexText) || !indexText.ConvertToNum(&index, "%d") || index < 0 ||
+        index >= static_cast<int>(field.intervals.size()))
         return;
-    VEXMELKFOVInterval& interval = field.intervals[index];
-    ReadFields(element, NULL_var,
-        {
-            {"top_angle", "deg", interval.top_angle},
-            {"bottom_angle", "deg", interval.bottom_angle},
-            {"driver_angle", "deg", interval.driver_angle},
-            {"passenger_angle", "deg", interval.passenger_angle},
-        });
+    Interval& interval = field.intervals[static_cast<std::size_t>(index)];
+    ReadFields(decimals, element, intervalTable, interval);
     interval.present = 1;
 }
 
-void ReadField(const CATIDOMElement_var& element, VEXMELKFieldsOfViewConfigDefinition& definition)
+void ReadField(VEXMELKDecimals decimals, const CATIDOMElement_var& element, Record& definition)
 {
-    CATUnicodeString type;
-    ReadFields(element, NULL_var, {{"type", "", type}});
-    for (std::size_t index = 0; index < std::size(fieldTypes); ++index)
-        if (type == fieldTypes[index])
-        {
-            VEXMELKFOVField& field = definition.fields[index];
-            field.present = 1;
-            ReadFields(element, NULL_var, {{"offset", "mm", field.offset}});
-            ForEachElement(
-                element, "interval", [&](const CATIDOMElement_var& interval) { ReadInterval(interval, field); });
-        }
+    CATUnicodeString typeText;
+    ReadText(decimals, element, fieldType, typeText);
+    const int type = ValueOfWord(fieldType.words, typeText);
+    if (type == noField)
+        return;
+    Field& field = definition.fields[static_cast<std::size_t>(type)];
+    field.present = 1;
+    ReadFields(decimals, element, fieldTable, field);
+    ForEach(element, intervalElements,
+        [&](const CATIDOMElement_var& interval) { ReadInterval(decimals, interval, field); });
 }
 
 } // namespace
 
+template <>
+constexpr auto VEXMELKFieldsOf<Interval> = VEXMELKFieldList<Interval>(
+    intervalTable, VEXMELKComputed<&Interval::present>());
+template <>
+constexpr auto VEXMELKFieldsOf<Field> = VEXMELKFieldList<Field>(
+    fieldTable, VEXMELKNested<&Field::intervals>(), VEXMELKComputed<&Field::present>());
+template <> constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(table, VEXMELKNested<&Record::fields>());
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKFieldsOfViewConfig::GetStandardData>(
+        "GetStandardData", standard, category, Output("definition")),
+};
+
+constinit const VEXMELKDescription VEXMELKFieldsOfViewConfig::description{
+    .name = "FieldsOfView",
+    .file = "Vision\\FieldsOfView.xml",
+    .meaning = "The fields of view A, B and C, each in up to five intervals.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKUnderfloorConfig::description,
+};
+
 VEXMELKFieldsOfViewConfig::VEXMELKFieldsOfViewConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKUnderfloorConfig(configurationDirectory, CATUnicodeString("Vision") + "\\" + "FieldsOfView.xml")
+    : VEXMELKUnderfloorConfig(configurationDirectory, description.file)
 {
 }
 
@@ -60,16 +119,10 @@ unsigned char VEXMELKFieldsOfViewConfig::GetStandardData(
             const CATIDOMElement_var& element = data.category != NULL_var ? data.category : data.defaultCategory;
             if (element == NULL_var)
                 return 0;
-            ReadFields(element, AttributesOf(data.defaultCategory),
-                {
-                    {"threshold1", "mm", definition.threshold1},
-                    {"threshold2", "mm", definition.threshold2},
-                    {"threshold3", "mm", definition.threshold3},
-                    {"threshold4", "mm", definition.threshold4},
-                });
-            // "default" first, the category over it.
+            ReadFields(Decimals(), AttributesOf(element), AttributesOf(data.defaultCategory), table, definition);
             for (const CATIDOMElement_var* pass : {&data.defaultCategory, &element})
-                ForEachElement(*pass, "field", [&](const CATIDOMElement_var& field) { ReadField(field, definition); });
+                ForEach(*pass, fieldElements,
+                    [&](const CATIDOMElement_var& field) { ReadField(Decimals(), field, definition); });
             return 1;
         });
 }

@@ -1,78 +1,137 @@
+// The two-dimensional manikin template. Four sources are applied one over the other: the percentile, its seat, the
+// positioning, its seat. An attribute may fill a role and a value at once.
 #include "VEXMELKManikinTemplateConfig.h"
 
-#include "VEXMELKAnswer.h"
-#include "VEXMELKElements.h"
-#include "VEXMELKField.h"
+#include "VEXMELKReader.h"
 
 namespace {
 
 using Definition = VEXMELKManikinTemplateDefinition;
 
-// One attribute fills a usage, a value, or both.
-struct Row
-{
-    std::string_view attribute;
-    std::string_view unit;
-    VEXMELKMTElementUsage Definition::*usage;
-    CATUnicodeString Definition::*value;
+constexpr VEXMELKElement categoryElements = CategoryWith({}, VEXMELKFallBack::WholeCategory);
+
+constexpr VEXMELKWord roleWords[] = {{"unused", MTUsageUnused}, {"base_data", MTUsageBaseData}, {"input", MTUsageInput},
+    {"selection", MTUsageInput}, {"output", MTUsageOutput}};
+constexpr VEXMELKWords roles{roleWords, MTUsageValue};
+constexpr VEXMELKTable table{
+    Word<&Definition::torso_length_usage>("torso_length", roles, "role and value", Unit{"mm"}, Keep),
+    Length<&Definition::torso_length>("torso_length", "role and value", Keep),
+    Word<&Definition::torso_angle_usage>("torso_angle", roles, "role and value", Unit{"deg"}, Keep),
+    Angle<&Definition::torso_angle>("torso_angle", "role and value", Keep),
+    Word<&Definition::seat_point_usage>("seat_point", roles, "role", Keep),
+    Word<&Definition::hip_angle_usage>("hip_angle", roles, "role and value", Unit{"deg"}, Keep),
+    Angle<&Definition::hip_angle>("hip_angle", "role and value", Keep),
+    Word<&Definition::rump_length_usage>("rump_length", roles, "role and value", Unit{"mm"}, Keep),
+    Length<&Definition::rump_length>("rump_length", "role and value", Keep),
+    Word<&Definition::knee_angle_usage>("knee_angle", roles, "role and value", Unit{"deg"}, Keep),
+    Angle<&Definition::knee_angle>("knee_angle", "role and value", Keep),
+    Word<&Definition::leg_room_usage>("leg_room", roles, "role and value", Unit{"mm"}, Keep),
+    Length<&Definition::leg_room>("leg_room", "role and value", Keep),
+    Word<&Definition::leg_length_usage>("leg_length", roles, "role and value", Unit{"mm"}, Keep),
+    Length<&Definition::leg_length>("leg_length", "role and value", Keep),
+    Word<&Definition::foot_angle_usage>("foot_angle", roles, "role and value", Unit{"deg"}, Keep),
+    Angle<&Definition::foot_angle>("foot_angle", "role and value", Keep),
+    Angle<&Definition::max_foot_angle>("max_foot_angle", "value", Keep),
+    Angle<&Definition::min_foot_angle>("min_foot_angle", "value", Keep),
+    Word<&Definition::foot_length_usage>("foot_length", roles, "role and value", Unit{"mm"}, Keep),
+    Length<&Definition::foot_length>("foot_length", "role and value", Keep),
+    Word<&Definition::foot_flesh_angle_usage>("foot_flesh_angle", roles, "role and value", Unit{"deg"}, Keep),
+    Angle<&Definition::foot_flesh_angle>("foot_flesh_angle", "role and value", Keep),
+    Word<&Definition::foot_hoffset_usage>("foot_hoffset", roles, "role and value", Unit{"mm"}, Keep),
+    Length<&Definition::foot_hoffset>("foot_hoffset", "role and value", Keep),
+    Word<&Definition::foot_voffset_usage>("foot_voffset", roles, "role and value", Unit{"mm"}, Keep),
+    Length<&Definition::foot_voffset>("foot_voffset", "role and value", Keep),
+    Word<&Definition::bof_point_usage>("bof_point", roles, "role", Keep),
+    Word<&Definition::ankle_point_usage>("ankle_point", roles, "role", Keep),
+    Word<&Definition::lift_usage>("lift", roles, "role and value", Unit{"mm"}, Keep),
+    Length<&Definition::lift>("lift", "role and value", Keep),
+    Word<&Definition::heel_point_usage>("heel_point", roles, "role", Keep),
+    Word<&Definition::pedal_usage>("pedal", roles, "role", Keep),
+    Word<&Definition::floor_usage>("floor", roles, "role", Keep),
+    Word<&Definition::interior_usage>("interior", roles, "role", Keep),
+    Length<&Definition::interior_interval>("interior_interval", "value", Keep),
+    Flag<&Definition::foot_on_floor>("foot_on_floor", "flag", Keep),
 };
 
-constexpr Row rows[] = {
-    {"torso_length", "mm", &Definition::torso_length_usage, &Definition::torso_length},
-    {"torso_angle", "deg", &Definition::torso_angle_usage, &Definition::torso_angle},
-    {"seat_point", "", &Definition::seat_point_usage, nullptr},
-    {"hip_angle", "deg", &Definition::hip_angle_usage, &Definition::hip_angle},
-    {"rump_length", "mm", &Definition::rump_length_usage, &Definition::rump_length},
-    {"knee_angle", "deg", &Definition::knee_angle_usage, &Definition::knee_angle},
-    {"leg_room", "mm", &Definition::leg_room_usage, &Definition::leg_room},
-    {"leg_length", "mm", &Definition::leg_length_usage, &Definition::leg_length},
-    {"foot_angle", "deg", &Definition::foot_angle_usage, &Definition::foot_angle},
-    {"max_foot_angle", "deg", nullptr, &Definition::max_foot_angle},
-    {"min_foot_angle", "deg", nullptr, &Definition::min_foot_angle},
-    {"foot_length", "mm", &Definition::foot_length_usage, &Definition::foot_length},
-    {"foot_flesh_angle", "deg", &Definition::foot_flesh_angle_usage, &Definition::foot_flesh_angle},
-    {"foot_hoffset", "mm", &Definition::foot_hoffset_usage, &Definition::foot_hoffset},
-    {"foot_voffset", "mm", &Definition::foot_voffset_usage, &Definition::foot_voffset},
-    {"bof_point", "", &Definition::bof_point_usage, nullptr},
-    {"ankle_point", "", &Definition::ankle_point_usage, nullptr},
-    {"lift", "mm", &Definition::lift_usage, &Definition::lift},
-    {"heel_point", "", &Definition::heel_point_usage, nullptr},
-    {"pedal", "", &Definition::pedal_usage, nullptr},
-    {"floor", "", &Definition::floor_usage, nullptr},
-    {"interior", "", &Definition::interior_usage, nullptr},
-    {"interior_interval", "mm", nullptr, &Definition::interior_interval},
-};
+constexpr VEXMELKRow percentilValue = Text("value", "the percentile's name", AsWritten(), Skip);
+constexpr VEXMELKElement percentilElements{.tag = "percentil",
+    .below = &categoryElements,
+    .choice = VEXMELKChoice::ByKey,
+    .fallBack = VEXMELKFallBack::WholeCategory,
+    .key = &percentilValue,
+    .tables = {table.rows},
+    .meaning = "a template by percentile; the first of a value counts",
+    .whenMissing = "plays no part"};
+constexpr VEXMELKRow positioningName = Text("name", "its name", AsWritten(), Skip);
+constexpr VEXMELKElement positioningElements{.tag = "positioning",
+    .below = &categoryElements,
+    .choice = VEXMELKChoice::ByKey,
+    .fallBack = VEXMELKFallBack::WholeCategory,
+    .key = &positioningName,
+    .tables = {table.rows},
+    .meaning = "a template by positioning; the first of a name counts",
+    .whenMissing = "plays no part"};
 
-std::string_view ElementName(VEXMELKManikinTemplateSeatEnum seat)
+constexpr VEXMELKElement SeatOf(const VEXMELKElement& parent, const char* tag)
 {
-    switch (seat)
-    {
-    case MTDriverSeat:
-        return "driver_seat";
-    case MTFrontSeat:
-        return "front_seat";
-    case MTBackSeat:
-        return "back_seat";
-    }
-    return "";
+    return {.tag = tag,
+        .below = &parent,
+        .place = VEXMELKPlace::AnyDepth,
+        .tables = {table.rows},
+        .meaning = "refine the template for a seat; the first of each counts",
+        .whenMissing = "plays no part"};
 }
+// By the number of the seat.
+constexpr VEXMELKElement percentilSeats[] = {SeatOf(percentilElements, "driver_seat"),
+    SeatOf(percentilElements, "front_seat"), SeatOf(percentilElements, "back_seat")};
+constexpr VEXMELKElement positioningSeats[] = {SeatOf(positioningElements, "driver_seat"),
+    SeatOf(positioningElements, "front_seat"), SeatOf(positioningElements, "back_seat")};
+// Whether a positioning names any seat is told by any element in it.
+constexpr VEXMELKElement anyInPositioning{.tag = "*", .below = &positioningElements, .place = VEXMELKPlace::AnyDepth};
+
+constexpr const VEXMELKElement* elements[] = {&categoryElements, &percentilElements, &percentilSeats[0],
+    &percentilSeats[1], &percentilSeats[2], &positioningElements, &positioningSeats[0], &positioningSeats[1],
+    &positioningSeats[2], &anyInPositioning};
+
+constexpr VEXMELKParameter positioningParameter{
+    .name = "positioning", .role = VEXMELKRole::Key, .element = &positioningElements};
+constexpr VEXMELKParameter seatParameter{.name = "seat", .role = VEXMELKRole::Choice, .choices = 3};
 
 } // namespace
 
+template <> constexpr auto VEXMELKFieldsOf<Definition> = VEXMELKFieldList<Definition>(table);
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKManikinTemplateConfig::GetRole>(
+        "GetRole", VEXMELKParameter{.name = "text", .role = VEXMELKRole::Word}),
+    VEXMELKDescribe<&VEXMELKManikinTemplateConfig::GetPercentilList>(
+        "GetPercentilList", standard, category, Output("names")),
+    VEXMELKDescribe<&VEXMELKManikinTemplateConfig::GetPositioningList>(
+        "GetPositioningList", standard, category, Output("names")),
+    VEXMELKDescribe<&VEXMELKManikinTemplateConfig::IsSeatSupported>(
+        "IsSeatSupported", standard, category, positioningParameter, seatParameter),
+    VEXMELKDescribe<&VEXMELKManikinTemplateConfig::GetStandardData>("GetStandardData", standard, category,
+        VEXMELKParameter{.name = "percentil", .role = VEXMELKRole::Key, .element = &percentilElements},
+        positioningParameter, seatParameter, Output("definition")),
+};
+
+constinit const VEXMELKDescription VEXMELKManikinTemplateConfig::description{
+    .name = "ManikinTemplate",
+    .file = "Manikin\\ManikinTemplate.xml",
+    .meaning = "The two-dimensional template that positions an occupant.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKUnderfloorConfig::description,
+};
+
 VEXMELKManikinTemplateConfig::VEXMELKManikinTemplateConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKUnderfloorConfig(configurationDirectory, CATUnicodeString("Manikin") + "\\" + "ManikinTemplate.xml")
+    : VEXMELKUnderfloorConfig(configurationDirectory, description.file)
 {
 }
 
 VEXMELKMTElementUsage VEXMELKManikinTemplateConfig::GetRole(CATUnicodeString& text)
 {
-    if (text == "unused")
-        return MTUsageUnused;
-    if (text == "base_data")
-        return MTUsageBaseData;
-    if (text == "input" || text == "selection")
-        return MTUsageInput;
-    return text == "output" ? MTUsageOutput : MTUsageValue;
+    return static_cast<VEXMELKMTElementUsage>(ValueOfWord(roles, text));
 }
 
 unsigned char VEXMELKManikinTemplateConfig::GetPercentilList(
@@ -83,7 +142,7 @@ unsigned char VEXMELKManikinTemplateConfig::GetPercentilList(
         {
             const CATIDOMElement_var element = GetCategoryElement(standard, category);
             if (element != NULL_var)
-                ChildAttributeValues(element, "percentil", "value", names);
+                CollectKeys(element, percentilElements, names);
             return element != NULL_var;
         });
 }
@@ -96,7 +155,7 @@ unsigned char VEXMELKManikinTemplateConfig::GetPositioningList(
         {
             const CATIDOMElement_var element = GetCategoryElement(standard, category);
             if (element != NULL_var)
-                ChildAttributeValues(element, "positioning", "name", names);
+                CollectKeys(element, positioningElements, names);
             return element != NULL_var;
         });
 }
@@ -108,11 +167,11 @@ unsigned char VEXMELKManikinTemplateConfig::IsSeatSupported(const CATUnicodeStri
         [&]() -> unsigned char
         {
             CATIDOMElement_var element =
-                FindChild(GetCategoryElement(standard, category), "positioning", "name", positioning);
+                FindByKey(GetCategoryElement(standard, category), positioningElements, positioning);
             if (element == NULL_var)
                 return 0;
             CATIDOMElement_var seatElement;
-            return FirstElement(element, "*") == NULL_var || GetMTSeatElement(element, seat, seatElement);
+            return Find(element, anyInPositioning) == NULL_var || GetMTSeatElement(element, seat, seatElement);
         });
 }
 
@@ -124,12 +183,12 @@ unsigned char VEXMELKManikinTemplateConfig::GetStandardData(const CATUnicodeStri
         [&]() -> unsigned char
         {
             definition = VEXMELKManikinTemplateDefinition();
-            for (const Row& row : rows)
-                if (row.value)
-                    definition.*row.value = "0.0";
+            for (const auto& access : table.accesses)
+                if (access.text)
+                    definition.*access.text = "0.0";
             const CATIDOMElement_var element = GetCategoryElement(standard, category);
-            ApplyTemplate(FindChild(element, "percentil", "value", percentil), seat, definition);
-            ApplyTemplate(FindChild(element, "positioning", "name", positioning), seat, definition);
+            ApplyTemplate(FindByKey(element, percentilElements, percentil), seat, definition);
+            ApplyTemplate(FindByKey(element, positioningElements, positioning), seat, definition);
             return 1; // always
         });
 }
@@ -146,25 +205,16 @@ void VEXMELKManikinTemplateConfig::ApplyTemplate(CATIDOMElement_var element, con
 unsigned char VEXMELKManikinTemplateConfig::GetMTElementAttributesAndValues(
     CATIDOMElement_var& element, VEXMELKManikinTemplateDefinition& definition)
 {
-    if (element == NULL_var)
+    if (element == NULL_var || !HasAttributes(element))
         return 0;
-    for (const Row& row : rows)
-    {
-        CATUnicodeString text;
-        if (!ReadFields(element, NULL_var, {{row.attribute, row.unit, text, Keep}}))
-            continue;
-        if (row.usage)
-            definition.*row.usage = GetRole(text);
-        if (row.value)
-            definition.*row.value = text;
-    }
-    ReadFields(element, NULL_var, {{"foot_on_floor", "", definition.foot_on_floor, AsFlag, Keep}});
+    ReadFields(Decimals(), element, table, definition);
     return 1;
 }
 
 unsigned char VEXMELKManikinTemplateConfig::GetMTSeatElement(
     CATIDOMElement_var& parent, const VEXMELKManikinTemplateSeatEnum& seat, CATIDOMElement_var& seatElement)
 {
-    seatElement = FirstElement(parent, ElementName(seat));
+    // The tags are the same below a percentile and a positioning.
+    seatElement = seat >= MTDriverSeat && seat <= MTBackSeat ? Find(parent, positioningSeats[seat]) : NULL_var;
     return seatElement != NULL_var;
 }

@@ -1,35 +1,101 @@
+// The fields of view of the mirrors. Three values stand in the standard itself. A point lies on the road, or stands
+// upright; that decides which of its attributes count.
 #include "VEXMELKMirrorConfig.h"
 
-#include "VEXMELKAnswer.h"
-#include "VEXMELKElements.h"
-#include "VEXMELKField.h"
+#include "VEXMELKReader.h"
 
 namespace {
 
-constexpr const char* instructionField = "InstructionField";
-constexpr const char* positionType = "PositionType";
+using Record = VEXMELKMirrorDefinition;
+using Point = VEXMELKMirrorPointDefinition;
 
-VEXMELKMirrorPointDefinition PointOf(const CATIDOMElement_var& element, bool planeIsRoad)
+constexpr VEXMELKTable standardTable{
+    Length<&Record::infinite_size>("infinite_size", "infinite size"),
+    Length<&Record::USBackLineDistance>("USBackLineDistance", "distance of the back line"),
+    Angle<&Record::USAngle>("USAngle", "angle"),
+};
+constexpr VEXMELKElement standardElements = VEXMELKCommon::StandardWith(standardTable.rows);
+constexpr VEXMELKElement categoryElements = CategoryWith({}, VEXMELKFallBack::WholeCategory);
+
+constexpr VEXMELKRow positionName = Text("PositionType", "its name", AsWritten(), Skip);
+constexpr VEXMELKTable fieldTable{
+    Text<&Record::Plane>("Plane", "the measuring plane, handed out in lower case"),
+    Text<&Record::PositionType>("PositionType", "its name"),
+    Length<&Record::X>("X", "distance of the plane"),
+    Text<&Record::XREL>("XREL", "what it is measured from"),
+    NumberText<&Record::ReqTotalCoverage>("ReqTotalCoverage", "required coverage"),
+};
+constexpr VEXMELKElement instructionFields{.tag = "InstructionField",
+    .below = &categoryElements,
+    .choice = VEXMELKChoice::ByKey,
+    .fallBack = VEXMELKFallBack::WholeCategory,
+    .key = &positionName,
+    .tables = {fieldTable.rows},
+    .meaning = "a mirror position; the first of a name counts"};
+
+constexpr VEXMELKRow targetOnRoad = Flag("TargetOnRoad", "exactly `true`: the point lies on the road");
+constexpr const char* onRoadMeaning = "coordinate and reference of a point **on the road**";
+constexpr const char* otherMeaning = "coordinate and reference of **any other** point";
+constexpr const char* lateralMeaning = "lateral coordinate and reference";
+constexpr VEXMELKTable onRoadTable{
+    Length<&Point::Coordinate1>("X", onRoadMeaning),
+    Text<&Point::Coordinate1REL>("XREL", onRoadMeaning),
+};
+constexpr VEXMELKTable otherTable{
+    Length<&Point::Coordinate1>("Z", otherMeaning),
+    Text<&Point::Coordinate1REL>("ZREL", otherMeaning),
+};
+constexpr VEXMELKTable pointTable{
+    Length<&Point::Y>("Y", lateralMeaning),
+    Text<&Point::YREL>("YREL", lateralMeaning),
+    Length<&Point::R>("R", "radius about the point"),
+};
+constexpr VEXMELKElement pointElements{.tag = "Point",
+    .below = &instructionFields,
+    .place = VEXMELKPlace::AnyDepth,
+    .choice = VEXMELKChoice::Each,
+    .fallBack = VEXMELKFallBack::WholeCategory,
+    .tables = {VEXMELKRows(&targetOnRoad, 1), onRoadTable.rows, otherTable.rows, pointTable.rows},
+    .meaning = "a point that the mirror must show",
+    .whenMissing = "no points"};
+
+constexpr const VEXMELKElement* elements[] = {&standardElements, &categoryElements, &instructionFields, &pointElements};
+constexpr VEXMELKParameter positionParameter{
+    .name = "position", .role = VEXMELKRole::Key, .element = &instructionFields};
+
+void ReadPoint(VEXMELKDecimals decimals, const CATIDOMElement_var& element, bool planeIsRoad, Point& point)
 {
-    VEXMELKMirrorPointDefinition point;
-    CATUnicodeString targetOnRoad;
-    ReadFields(element, NULL_var, {{"TargetOnRoad", "", targetOnRoad}});
-    const bool onRoad = planeIsRoad || targetOnRoad == "true";
-    ReadFields(element, NULL_var,
-        {
-            {onRoad ? "X" : "Z", "mm", point.Coordinate1},
-            {onRoad ? "XREL" : "ZREL", "", point.Coordinate1REL},
-            {"Y", "mm", point.Y},
-            {"YREL", "", point.YREL},
-            {"R", "mm", point.R},
-        });
-    return point;
+    CATUnicodeString onRoad;
+    ReadText(decimals, element, targetOnRoad, onRoad);
+    ReadFields(decimals, element, planeIsRoad || onRoad == "true" ? onRoadTable : otherTable, point);
+    ReadFields(decimals, element, pointTable, point);
 }
 
 } // namespace
 
+template <> constexpr auto VEXMELKFieldsOf<Point> = VEXMELKFieldList<Point>(onRoadTable, otherTable, pointTable);
+template <>
+constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(
+    standardTable, fieldTable, VEXMELKNested<&Record::Points>());
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKMirrorConfig::GetIFNamesList>("GetIFNamesList", standard, category, Output("names")),
+    VEXMELKDescribe<&VEXMELKMirrorConfig::GetPosition>("GetPosition", standard, category, positionParameter),
+    VEXMELKDescribe<&VEXMELKMirrorConfig::GetStandardData>(
+        "GetStandardData", standard, category, positionParameter, Output("definition")),
+};
+
+constinit const VEXMELKDescription VEXMELKMirrorConfig::description{
+    .name = "Mirror",
+    .file = "Vision\\Mirror.xml",
+    .meaning = "How the field of view of each rear-view mirror is checked.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKUnderfloorConfig::description,
+};
+
 VEXMELKMirrorConfig::VEXMELKMirrorConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKUnderfloorConfig(configurationDirectory, CATUnicodeString("Vision") + "\\" + "Mirror.xml")
+    : VEXMELKUnderfloorConfig(configurationDirectory, description.file)
 {
 }
 
@@ -42,7 +108,7 @@ unsigned char VEXMELKMirrorConfig::GetIFNamesList(
             const CATIDOMElement_var element = GetCategoryElement(standard, category);
             if (element == NULL_var)
                 return 0;
-            ChildAttributeValues(element, instructionField, positionType, names);
+            CollectKeys(element, instructionFields, names);
             return 1;
         });
 }
@@ -54,9 +120,9 @@ CATUnicodeString VEXMELKMirrorConfig::GetPosition(
         [&]() -> CATUnicodeString
         {
             const CATIDOMElement_var element = GetCategoryElement(standard, category);
-            if (FindChild(element, instructionField, positionType, position) != NULL_var)
+            if (FindByKey(element, instructionFields, position) != NULL_var)
                 return position;
-            const std::optional<VEXMELKNodeText> first = FirstChildAttribute(element, instructionField, positionType);
+            const std::optional<VEXMELKNodeText> first = FirstKey(element, instructionFields);
             return CATUnicodeString(first.value_or(VEXMELKNodeText()));
         });
 }
@@ -68,30 +134,23 @@ unsigned char VEXMELKMirrorConfig::GetStandardData(const CATUnicodeString& stand
         [&]() -> unsigned char
         {
             const CATIDOMElement_var standardElement = GetStandardElement(standard);
-            ReadFields(AttributesOf(standardElement), NULL_var,
-                {
-                    {"infinite_size", "mm", definition.infinite_size},
-                    {"USBackLineDistance", "mm", definition.USBackLineDistance},
-                    {"USAngle", "deg", definition.USAngle},
-                });
+            ReadFields(Decimals(), AttributesOf(standardElement), NULL_var, standardTable, definition);
             const CATIDOMElement_var categoryElement = GetCategoryElement(standard, category);
             if (categoryElement == NULL_var)
                 return 0;
-            const CATIDOMElement_var element = FindChild(categoryElement, instructionField, positionType, position);
+            const CATIDOMElement_var element = FindByKey(categoryElement, instructionFields, position);
             if (element == NULL_var)
                 return 1;
-            ReadFields(element, NULL_var,
-                {
-                    {"Plane", "", definition.Plane},
-                    {positionType, "", definition.PositionType},
-                    {"X", "mm", definition.X},
-                    {"XREL", "", definition.XREL},
-                    {"ReqTotalCoverage", "", definition.ReqTotalCoverage},
-                });
+            ReadFields(Decimals(), element, fieldTable, definition);
             definition.Plane.ToLower();
             const bool planeIsRoad = definition.Plane == "road";
-            ForEachElement(element, "Point", definition.Points,
-                [&](const CATIDOMElement_var& point) { definition.Points.add(PointOf(point, planeIsRoad)); });
+            ForEach(element, pointElements, definition.Points,
+                [&](const CATIDOMElement_var& pointElement)
+                {
+                    Point point;
+                    ReadPoint(Decimals(), pointElement, planeIsRoad, point);
+                    definition.Points.add(point);
+                });
             return 1;
         });
 }

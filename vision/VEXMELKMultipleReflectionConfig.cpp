@@ -1,25 +1,45 @@
+// Multiple reflections in the windscreen. The grid is read by the base class.
 #include "VEXMELKMultipleReflectionConfig.h"
 
-#include "VEXMELKField.h"
+#include "VEXMELKReader.h"
 
 namespace {
 
-VEXMELKRayDirection RayDirectionFromText(const CATUnicodeString& text)
-{
-    return text.Compare("XDirection") ? RayXDirection : RayStandard;
-}
+using Record = VEXMELKMultipleReflectionConfigDef;
+
+constexpr VEXMELKWord rayDirections[] = {{"XDirection", RayXDirection}};
+constexpr VEXMELKTable table{
+    Word<&Record::rayDirection>("rayDirection", {rayDirections, RayStandard},
+        "exactly `XDirection` (1); anything else is the standard direction (0)", Else(RayStandard)),
+};
+constexpr VEXMELKElement categories = CategoryWith(table.rows);
+constexpr const VEXMELKElement* elements[] = {&categories};
 
 } // namespace
 
+template <> constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(table);
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKMultipleReflectionConfig::GetStandardData>(
+        "GetStandardData", standard, category, Output("definition")),
+};
+
+constinit const VEXMELKDescription VEXMELKMultipleReflectionConfig::description{
+    .name = "MultipleReflection",
+    .file = "Vision\\MultipleReflection.xml",
+    .meaning = "Multiple reflections in the windscreen.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKOpticalPropsOfWSConfig::description,
+};
+
 VEXMELKMultipleReflectionConfig::VEXMELKMultipleReflectionConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKOpticalPropsOfWSConfig(
-          configurationDirectory, CATUnicodeString("Vision") + "\\" + "MultipleReflection.xml")
+    : VEXMELKOpticalPropsOfWSConfig(configurationDirectory, description.file)
 {
 }
 
 unsigned char VEXMELKMultipleReflectionConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKMultipleReflectionConfigDef& definition)
 {
-    return ReadCategory(
-        standard, category, {{"rayDirection", "", definition.rayDirection, As<RayDirectionFromText>, RayStandard}});
+    return ReadCategory(standard, category, table, definition);
 }

@@ -1,21 +1,75 @@
+// The texts of report templates. A text has to be the first thing in its element. The file has no standards.
 #include "VEXMELKReportGenConfig.h"
 
-#include "VEXMELKAnswer.h"
-#include "VEXMELKElements.h"
+#include "VEXMELKReader.h"
+
+namespace {
+
+constexpr const char* defaultFeature = "default";
+
+constexpr VEXMELKRow templateName = Text("name", "its name", AsWritten(), Skip);
+constexpr VEXMELKElement templates{.tag = "template",
+    .choice = VEXMELKChoice::ByKey,
+    .key = &templateName,
+    .meaning = "a template",
+    .whenMissing = "fails"};
+constexpr VEXMELKElement TextOf(const char* tag)
+{
+    return {.tag = tag,
+        .below = &templates,
+        .place = VEXMELKPlace::AnyDepth,
+        .meaning = "its text; the first of each counts",
+        .whenMissing = "fails",
+        .hasText = true};
+}
+constexpr VEXMELKElement header = TextOf("header");
+constexpr VEXMELKElement footer = TextOf("footer");
+constexpr VEXMELKRow featureType = Text("type", "the type", AsWritten(), Skip);
+constexpr VEXMELKElement features{.tag = "feature",
+    .below = &templates,
+    .choice = VEXMELKChoice::ByKey,
+    .key = &featureType,
+    .meaning = "the text for a type of feature; the first of a type counts",
+    .whenMissing = "that of the type `default`, else fails",
+    .hasText = true};
+constexpr const VEXMELKElement* elements[] = {&templates, &header, &footer, &features};
+
+constexpr VEXMELKParameter templateParameter{.name = "templateName", .role = VEXMELKRole::Key, .element = &templates};
+
+} // namespace
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKReportGenConfig::GetTemplates>("GetTemplates", Output("names")),
+    VEXMELKDescribe<&VEXMELKReportGenConfig::GetTemplateHeaderData>(
+        "GetTemplateHeaderData", templateParameter, Output("text")),
+    VEXMELKDescribe<&VEXMELKReportGenConfig::GetTemplateFooterData>(
+        "GetTemplateFooterData", templateParameter, Output("text")),
+    VEXMELKDescribe<&VEXMELKReportGenConfig::GetTemplateFeatureData>("GetTemplateFeatureData", templateParameter,
+        VEXMELKParameter{.name = "featureType", .role = VEXMELKRole::Key, .element = &features}, Output("text")),
+};
+
+constinit const VEXMELKDescription VEXMELKReportGenConfig::description{
+    .name = "ReportGen",
+    .file = "ReportTemplates.xml",
+    .meaning = "The texts of report templates.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKConfig::description,
+};
 
 VEXMELKReportGenConfig::VEXMELKReportGenConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKConfig(configurationDirectory, "ReportTemplates.xml")
+    : VEXMELKConfig(configurationDirectory, description.file)
 {
 }
 
 void VEXMELKReportGenConfig::GetTemplates(CATListValCATUnicodeString& names)
 {
-    Answer([&] { GetRootChildNames("template", names); });
+    Answer([&] { GetRootChildNames(templates, names); });
 }
 
 CATIDOMElement_var VEXMELKReportGenConfig::GetTemplateElement(const CATUnicodeString& templateName)
 {
-    return GetRootChildElement("template", templateName);
+    return GetRootChildElement(templates, templateName);
 }
 
 unsigned char VEXMELKReportGenConfig::GetChildNode(
@@ -50,13 +104,13 @@ unsigned char VEXMELKReportGenConfig::GetTemplateChildText(
 unsigned char VEXMELKReportGenConfig::GetTemplateHeaderData(
     const CATUnicodeString& templateName, CATUnicodeString& text)
 {
-    return GetTemplateChildText(templateName, "header", text);
+    return GetTemplateChildText(templateName, header.tag, text);
 }
 
 unsigned char VEXMELKReportGenConfig::GetTemplateFooterData(
     const CATUnicodeString& templateName, CATUnicodeString& text)
 {
-    return GetTemplateChildText(templateName, "footer", text);
+    return GetTemplateChildText(templateName, footer.tag, text);
 }
 
 unsigned char VEXMELKReportGenConfig::GetTemplateFeatureData(
@@ -66,9 +120,9 @@ unsigned char VEXMELKReportGenConfig::GetTemplateFeatureData(
         [&]() -> unsigned char
         {
             const CATIDOMElement_var templateElement = GetTemplateElement(templateName);
-            CATIDOMElement_var feature = FindChild(templateElement, "feature", "type", featureType);
+            CATIDOMElement_var feature = FindByKey(templateElement, features, featureType);
             if (feature == NULL_var)
-                feature = FindChild(templateElement, "feature", "type", "default");
+                feature = FindByKey(templateElement, features, defaultFeature);
             CATIDOMNode_var textNode;
             if (!GetChildNode(feature, "", textNode, CATIDOMNode::TEXT_NODE))
                 return 0;

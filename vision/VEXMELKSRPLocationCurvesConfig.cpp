@@ -1,32 +1,56 @@
+// The curves that locate the seating reference point. Of several curves with one name the first counts.
 #include "VEXMELKSRPLocationCurvesConfig.h"
 
-#include "VEXMELKAnswer.h"
-#include "VEXMELKElements.h"
-#include "VEXMELKField.h"
+#include "VEXMELKReader.h"
 
 #include <unordered_set>
 
 namespace {
 
-VEXMELKSRPLocationCurveDefinition CurveOf(const CATIDOMElement_var& element)
-{
-    VEXMELKSRPLocationCurveDefinition curve;
-    ReadFields(element, NULL_var,
-        {
-            {"name", "", curve.name},
-            {"a", "mm", curve.a, InMillimetres, 0.0},
-            {"b", "mm", curve.b, InMillimetres, 0.0},
-            {"c", "mm", curve.c, InMillimetres, 0.0},
-            {"z_max", "mm", curve.z_max, InMillimetres, 0.0},
-            {"z_min", "mm", curve.z_min, InMillimetres, 0.0},
-        });
-    return curve;
-}
+using Curve = VEXMELKSRPLocationCurveDefinition;
+
+constexpr VEXMELKElement categoryElements = CategoryWith({}, VEXMELKFallBack::WholeCategory);
+constexpr const char* coefficientMeaning =
+    "Coefficients. All three are read as lengths: a bare number is handed out as it stands, one with another unit in "
+    "millimetres.";
+constexpr VEXMELKTable curveTable{
+    Text<&Curve::name>("name", "name of the curve"),
+    Millimetres<&Curve::a>("a", coefficientMeaning),
+    Millimetres<&Curve::b>("b", coefficientMeaning),
+    Millimetres<&Curve::c>("c", coefficientMeaning),
+    Millimetres<&Curve::z_max>("z_max", "vertical range"),
+    Millimetres<&Curve::z_min>("z_min", "vertical range"),
+};
+constexpr VEXMELKElement curveElements{.tag = "curve",
+    .below = &categoryElements,
+    .place = VEXMELKPlace::AnyDepth,
+    .choice = VEXMELKChoice::Each,
+    .fallBack = VEXMELKFallBack::WholeCategory,
+    .tables = {curveTable.rows},
+    .meaning = "a curve; one without any attribute is skipped",
+    .whenMissing = "no curves"};
+constexpr const VEXMELKElement* elements[] = {&categoryElements, &curveElements};
 
 } // namespace
 
+template <> constexpr auto VEXMELKFieldsOf<Curve> = VEXMELKFieldList<Curve>(curveTable);
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKSRPLocationCurvesConfig::GetStandardData>(
+        "GetStandardData", standard, category, Output("curves")),
+};
+
+constinit const VEXMELKDescription VEXMELKSRPLocationCurvesConfig::description{
+    .name = "SRPLocationCurves",
+    .file = "Manikin\\SRPLocationCurves.xml",
+    .meaning = "The curves that locate the seating reference point.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKCheckConfig::description,
+};
+
 VEXMELKSRPLocationCurvesConfig::VEXMELKSRPLocationCurvesConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKCheckConfig(configurationDirectory, CATUnicodeString("Manikin") + "\\" + "SRPLocationCurves.xml")
+    : VEXMELKCheckConfig(configurationDirectory, description.file)
 {
 }
 
@@ -39,10 +63,13 @@ unsigned char VEXMELKSRPLocationCurvesConfig::GetStandardData(const CATUnicodeSt
             curves.reset();
             const CATIDOMElement_var element = GetCategoryElement(standard, category);
             std::unordered_set<CATUnicodeString> names;
-            ForEachElement(element, "curve", curves,
+            ForEach(element, curveElements, curves,
                 [&](const CATIDOMElement_var& curveElement)
                 {
-                    const VEXMELKSRPLocationCurveDefinition curve = CurveOf(curveElement);
+                    if (!HasAttributes(curveElement))
+                        return;
+                    Curve curve;
+                    ReadFields(Decimals(), curveElement, curveTable, curve);
                     if (names.insert(curve.name).second)
                         curves.add(curve);
                 });

@@ -1,32 +1,120 @@
+// The seat-belt anchorages. The attributes of the category fall back one by one, its elements not at all. The
+// multipliers are numbers alone: a text with anything else keeps what the check had.
 #include "VEXMELKSeatingBeltsConfig.h"
 
+#include "VEXMELKReader.h"
+
 #include "CATCkeGlobalFunctions.h"
-#include "VEXMELKAnswer.h"
-#include "VEXMELKElements.h"
-#include "VEXMELKField.h"
+
+namespace {
+
+using Record = VEXMELKSBTandardCfgDefinition;
+using Angles = VEXMELKSBAnglesCfgDefinition;
+using Anchor = VEXMELKSBShAnchorCfgDefinition;
+
+constexpr VEXMELKTable table{
+    Flag<&Record::EUApproach>("EUApproach", "the European approach"),
+    Flag<&Record::BackAngleEditAble>("BackAngleEditAble", "the back angle can be edited", Else(true)),
+    Flag<&Record::Trans1IsSpecial>("Trans1IsSpecial", "the transition is special"),
+    Flag<&Record::Trans2IsSpecial>("Trans2IsSpecial", "the transition is special"),
+    Flag<&Record::Trans3IsSpecial>("Trans3IsSpecial", "the transition is special"),
+    Length<&Record::USLowShiftThreshold>("USLowShiftThreshold", "shift of the low anchorage"),
+    Length<&Record::USLowXShift>("USLowXShift", "shift of the low anchorage"),
+    Length<&Record::USLowZShift>("USLowZShift", "shift of the low anchorage"),
+    Length<&Record::PlaneDistP>("PlaneDistP", "distances of planes"),
+    Length<&Record::PlaneDistQ>("PlaneDistQ", "distances of planes"),
+    Length<&Record::PlaneDistR>("PlaneDistR", "distances of planes"),
+};
+constexpr VEXMELKElement categoryElements = CategoryWith(table.rows);
+
+constexpr VEXMELKTable anglesTable{
+    Angle<&Angles::PA1>("PA1", "angles"),
+    Angle<&Angles::PA2>("PA2", "angles"),
+    Angle<&Angles::PA1X>("PA1X", "angles"),
+    Angle<&Angles::PA2X>("PA2X", "angles"),
+    Angle<&Angles::QA1>("QA1", "angles"),
+    Angle<&Angles::QA2>("QA2", "angles"),
+    Angle<&Angles::QA1X>("QA1X", "angles"),
+    Angle<&Angles::QA2X>("QA2X", "angles"),
+};
+constexpr VEXMELKElement AnglesOf(const char* tag)
+{
+    return {.tag = tag,
+        .below = &categoryElements,
+        .place = VEXMELKPlace::AnyDepth,
+        .fallBack = VEXMELKFallBack::WholeCategory,
+        .tables = {anglesTable.rows},
+        .meaning = "belt angles of front and back seats; the first of each counts",
+        .whenMissing = "all kept"};
+}
+constexpr VEXMELKElement frontElement = AnglesOf("front");
+constexpr VEXMELKElement backElement = AnglesOf("back");
+
+constexpr VEXMELKTable anchorTable{
+    Length<&Anchor::SMin>("SMin", "limits"),
+    Length<&Anchor::SMax>("SMax", "limits"),
+    Length<&Anchor::ShL1a>("ShL1a", "lengths"),
+    Length<&Anchor::ShL2>("ShL2", "lengths"),
+    Length<&Anchor::ShL3a>("ShL3a", "lengths"),
+    Length<&Anchor::ShL3b>("ShL3b", "lengths"),
+    Length<&Anchor::ShL4>("ShL4", "lengths"),
+    Length<&Anchor::ShL1b>("ShL1b", "lengths"),
+    Length<&Anchor::ShThrA>("ShThrA", "thresholds"),
+    Length<&Anchor::ShThrB>("ShThrB", "thresholds"),
+    Length<&Anchor::ShA1>("ShA1", "a bare number gets `mm`"),
+    Length<&Anchor::ShA2>("ShA2", "a bare number gets `mm`"),
+    Length<&Anchor::ShA2RearAlt>("ShA2RearAlt", "a bare number gets `mm`"),
+};
+constexpr const char* multiplierMeaning = "plain numbers, handed out as numbers";
+constexpr VEXMELKTable multiplierTable{
+    Number<&Anchor::ShMulti1a>("ShMulti1a", multiplierMeaning),
+    Number<&Anchor::ShMulti2a>("ShMulti2a", multiplierMeaning),
+    Number<&Anchor::ShMulti1b>("ShMulti1b", multiplierMeaning),
+    Number<&Anchor::ShMulti2b>("ShMulti2b", multiplierMeaning),
+};
+constexpr VEXMELKElement anchorElement{.tag = "ShAnchor",
+    .below = &categoryElements,
+    .place = VEXMELKPlace::AnyDepth,
+    .fallBack = VEXMELKFallBack::WholeCategory,
+    .tables = {anchorTable.rows, multiplierTable.rows},
+    .meaning = "shoulder anchorage; the first counts",
+    .whenMissing = "all kept"};
+
+constexpr const VEXMELKElement* elements[] = {&categoryElements, &frontElement, &backElement, &anchorElement};
+
+} // namespace
+
+template <> constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(table);
+template <> constexpr auto VEXMELKFieldsOf<Angles> = VEXMELKFieldList<Angles>(anglesTable);
+template <> constexpr auto VEXMELKFieldsOf<Anchor> = VEXMELKFieldList<Anchor>(anchorTable, multiplierTable);
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKSeatingBeltsConfig::GetStandardData>(
+        "GetStandardData", standard, category, Output("definition")),
+    VEXMELKDescribe<&VEXMELKSeatingBeltsConfig::GetSBAnglesData>("GetSBAnglesData", standard, category,
+        VEXMELKParameter{.name = "front", .role = VEXMELKRole::Switch}, Output("definition")),
+    VEXMELKDescribe<&VEXMELKSeatingBeltsConfig::GetSBShAnchorData>(
+        "GetSBShAnchorData", standard, category, Output("definition")),
+};
+
+constinit const VEXMELKDescription VEXMELKSeatingBeltsConfig::description{
+    .name = "SeatingBelts",
+    .file = "OVA\\SeatingBelts.xml",
+    .meaning = "The seat-belt anchorages.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKCheckConfig::description,
+};
 
 VEXMELKSeatingBeltsConfig::VEXMELKSeatingBeltsConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKCheckConfig(configurationDirectory, CATUnicodeString("OVA") + "\\" + "SeatingBelts.xml")
+    : VEXMELKCheckConfig(configurationDirectory, description.file)
 {
 }
 
 unsigned char VEXMELKSeatingBeltsConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKSBTandardCfgDefinition& definition)
 {
-    return ReadCategory(standard, category,
-        {
-            {"EUApproach", "", definition.EUApproach, AsFlag, false},
-            {"BackAngleEditAble", "", definition.BackAngleEditAble, AsFlag, true},
-            {"Trans1IsSpecial", "", definition.Trans1IsSpecial, AsFlag, false},
-            {"Trans2IsSpecial", "", definition.Trans2IsSpecial, AsFlag, false},
-            {"Trans3IsSpecial", "", definition.Trans3IsSpecial, AsFlag, false},
-            {"USLowShiftThreshold", "mm", definition.USLowShiftThreshold},
-            {"USLowXShift", "mm", definition.USLowXShift},
-            {"USLowZShift", "mm", definition.USLowZShift},
-            {"PlaneDistP", "mm", definition.PlaneDistP},
-            {"PlaneDistQ", "mm", definition.PlaneDistQ},
-            {"PlaneDistR", "mm", definition.PlaneDistR},
-        });
+    return ReadCategory(standard, category, table, definition);
 }
 
 unsigned char VEXMELKSeatingBeltsConfig::GetSBAnglesData(const CATUnicodeString& standard,
@@ -36,20 +124,9 @@ unsigned char VEXMELKSeatingBeltsConfig::GetSBAnglesData(const CATUnicodeString&
         [&]() -> unsigned char
         {
             const CATIDOMElement_var element =
-                FirstElement(GetCategoryElement(standard, category), front ? "front" : "back");
-            if (element == NULL_var)
-                return 1;
-            ReadFields(element, NULL_var,
-                {
-                    {"PA1", "deg", definition.PA1},
-                    {"PA2", "deg", definition.PA2},
-                    {"PA1X", "deg", definition.PA1X},
-                    {"PA2X", "deg", definition.PA2X},
-                    {"QA1", "deg", definition.QA1},
-                    {"QA2", "deg", definition.QA2},
-                    {"QA1X", "deg", definition.QA1X},
-                    {"QA2X", "deg", definition.QA2X},
-                });
+                Find(GetCategoryElement(standard, category), front ? frontElement : backElement);
+            if (element != NULL_var && HasAttributes(element))
+                ReadFields(Decimals(), element, anglesTable, definition);
             return 1; // always
         });
 }
@@ -60,38 +137,18 @@ unsigned char VEXMELKSeatingBeltsConfig::GetSBShAnchorData(
     return Answer(
         [&]() -> unsigned char
         {
-            const CATIDOMElement_var element = FirstElement(GetCategoryElement(standard, category), "ShAnchor");
-            if (element == NULL_var)
+            const CATIDOMElement_var element = Find(GetCategoryElement(standard, category), anchorElement);
+            if (element == NULL_var || !HasAttributes(element))
                 return 1;
-            ReadFields(element, NULL_var,
-                {
-                    {"SMin", "mm", definition.SMin},
-                    {"SMax", "mm", definition.SMax},
-                    {"ShL1a", "mm", definition.ShL1a},
-                    {"ShL2", "mm", definition.ShL2},
-                    {"ShL3a", "mm", definition.ShL3a},
-                    {"ShL3b", "mm", definition.ShL3b},
-                    {"ShL4", "mm", definition.ShL4},
-                    {"ShL1b", "mm", definition.ShL1b},
-                    {"ShThrA", "mm", definition.ShThrA},
-                    {"ShThrB", "mm", definition.ShThrB},
-                    {"ShA1", "mm", definition.ShA1},
-                    {"ShA2", "mm", definition.ShA2},
-                    {"ShA2RearAlt", "mm", definition.ShA2RearAlt},
-                });
-            const std::pair<const char*, double*> multipliers[] = {
-                {"ShMulti1a", &definition.ShMulti1a},
-                {"ShMulti2a", &definition.ShMulti2a},
-                {"ShMulti1b", &definition.ShMulti1b},
-                {"ShMulti2b", &definition.ShMulti2b},
-            };
-            for (const auto& [attribute, value] : multipliers)
+            ReadFields(Decimals(), element, anchorTable, definition);
+            for (std::size_t position = 0; position < multiplierTable.rows.size(); ++position)
             {
                 CATUnicodeString text;
-                if (ReadFields(element, NULL_var, {{attribute, "", text}}))
-                    str2double(*value, text.ConvertToChar(), ",."); // a failure keeps the caller's value
+                double& multiplier = definition.*multiplierTable.accesses[position].number;
+                if (ReadText(Decimals(), element, multiplierTable.rows[position], text))
+                    str2double(multiplier, text.ConvertToChar(), ",."); // a failure keeps the caller's value
                 else
-                    *value = 0.0;
+                    multiplier = 0.0;
             }
             return 1; // always
         });

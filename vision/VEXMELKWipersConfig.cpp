@@ -1,19 +1,53 @@
+// The shares that the wipers cover: one table of the category, handed out as plain numbers.
 #include "VEXMELKWipersConfig.h"
 
-#include "VEXMELKField.h"
+#include "VEXMELKReader.h"
+
+namespace {
+
+using Record = VEXMELKWipersDefinition;
+
+constexpr VEXMELKTable table{
+    Number<&Record::a_field>("a_field",
+        "share of each field, handed out as a plain number; what follows the number (`98%`) is ignored, and a text "
+        "that is none is 0",
+        Else(-1.0)),
+    Number<&Record::b_field>("b_field",
+        "share of each field, handed out as a plain number; what follows the number (`98%`) is ignored, and a text "
+        "that is none is 0",
+        Else(-1.0)),
+    Number<&Record::c_field>("c_field",
+        "share of each field, handed out as a plain number; what follows the number (`98%`) is ignored, and a text "
+        "that is none is 0",
+        Else(-1.0)),
+};
+constexpr VEXMELKElement categories = CategoryWith(table.rows);
+constexpr const VEXMELKElement* elements[] = {&categories};
+
+} // namespace
+
+template <> constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(table);
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKWipersConfig::GetStandardData>("GetStandardData", standard, category, Output("definition")),
+};
+
+constinit const VEXMELKDescription VEXMELKWipersConfig::description{
+    .name = "Wipers",
+    .file = "Toolbox\\Wipers.xml",
+    .meaning = "The shares of the fields of view that the wipers have to cover.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKCheckConfig::description,
+};
 
 VEXMELKWipersConfig::VEXMELKWipersConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKCheckConfig(configurationDirectory, CATUnicodeString("Toolbox") + "\\" + "Wipers.xml")
+    : VEXMELKCheckConfig(configurationDirectory, description.file)
 {
 }
 
 unsigned char VEXMELKWipersConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKWipersDefinition& definition)
 {
-    return ReadCategory(standard, category,
-        {
-            {"a_field", "", definition.a_field, AsNumber, -1.0},
-            {"b_field", "", definition.b_field, AsNumber, -1.0},
-            {"c_field", "", definition.c_field, AsNumber, -1.0},
-        });
+    return ReadCategory(standard, category, table, definition);
 }
