@@ -4,7 +4,7 @@
 #include "CATQuantity.h"
 #include "Require.h"
 #include "VEXMELKConfigManager.h"
-#include "VEXMELKField.h"
+#include "VEXMELKReadFields.h"
 #include "VEXMELKUtilities.h"
 
 #include <algorithm>
@@ -46,8 +46,8 @@ std::string Replaced(std::string_view text, char what, char with)
 // Written as the application writes it, the text stays the quantity that it is; the point may become a comma.
 CATUnicodeString Normalized(std::string_view unit, const CATUnicodeString& text)
 {
-    const CATUnicodeString normalized = NormalizedValue(unit, text);
-    Require(NormalizedValue(unit, normalized) == normalized);
+    const CATUnicodeString normalized = NormalizedValue(unit, false, text);
+    Require(NormalizedValue(unit, false, normalized) == normalized);
     return normalized;
 }
 

@@ -174,9 +174,9 @@ public:
     void GetStandardNames(CATListValCATUnicodeString& names);
 
 private:
-    // Reads the table of a zone from the child of the standard with the tag.
+    template <class Table, class Record>
     unsigned char ReadZone(
-        const CATUnicodeString& standard, std::string_view tag, std::initializer_list<VEXMELKField> fields);
+        const CATUnicodeString& standard, const VEXMELKElement& zone, const Table& table, Record& record);
 };
 
 #endif

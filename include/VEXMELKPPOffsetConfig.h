@@ -56,9 +56,8 @@ public:
         const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKPPOffsetDefinition& definition);
 
 private:
-    unsigned char GetCurves(const CATIDOMElement_var& sectionElement, VEXArray<VEXPPOffsetCurveDefinition>& curves);
-    unsigned char GetOuterRegion(
-        const CATIDOMElement_var& sectionElement, VEXPPOffsetOuterRegionDefinition& outerRegion);
+    unsigned char GetCurves(const CATIDOMElement_var& section, VEXArray<VEXPPOffsetCurveDefinition>& curves);
+    unsigned char GetOuterRegion(const CATIDOMElement_var& section, VEXPPOffsetOuterRegionDefinition& outerRegion);
 };
 
 #endif

@@ -103,7 +103,7 @@ constexpr VEXMELKTable correctionTable{
     Millimetres<&Correction::horizontal>("horizontal", "the correction"),
     Millimetres<&Correction::vertical>("vertical", "the correction"),
 };
-constexpr VEXMELKElement corrections{.tag = "back_angle",
+constexpr VEXMELKElement correctionRows{.tag = "back_angle",
     .below = &categoryElements,
     .place = VEXMELKPlace::AnyDepth,
     .choice = VEXMELKChoice::Each,
@@ -114,7 +114,7 @@ constexpr VEXMELKElement corrections{.tag = "back_angle",
 
 constexpr const VEXMELKElement* elements[] = {&backLine, &categoryElements, &pointElement, &typeElement, &freeElement,
     &freeElements[0], &freeElements[1], &freeElements[2], &fixedElement, &fixedElements[0], &fixedElements[1],
-    &fixedElements[2], &backAngles, &corrections};
+    &fixedElements[2], &backAngles, &correctionRows};
 
 // The one of these that has the tag.
 template <std::size_t Size> const VEXMELKElement& WithTag(const VEXMELKElement (&described)[Size], std::string_view tag)
@@ -239,20 +239,20 @@ unsigned char VEXMELKExtendedEyePointsConfig::GetExtendedEyePointMovements(
         });
 }
 
-unsigned char VEXMELKExtendedEyePointsConfig::GetExtendedBackAngleCorrectionList(
-    const CATUnicodeString& standard, const CATUnicodeString& category, VEXArray<VEXMELKBackAngleCorrection>& list)
+unsigned char VEXMELKExtendedEyePointsConfig::GetExtendedBackAngleCorrectionList(const CATUnicodeString& standard,
+    const CATUnicodeString& category, VEXArray<VEXMELKBackAngleCorrection>& corrections)
 {
     return Answer(
         [&]() -> unsigned char
         {
-            list.reset();
+            corrections.reset();
             const CATIDOMElement_var element = GetCategoryElement(standard, category);
-            ForEach(element, corrections, list,
+            ForEach(element, correctionRows, corrections,
                 [&](const CATIDOMElement_var& row)
                 {
                     Correction correction;
                     ReadFields(Decimals(), row, correctionTable, correction);
-                    list.add(correction);
+                    corrections.add(correction);
                 });
             return element != NULL_var;
         });

@@ -1,35 +1,99 @@
+// The test bumpers. What a bumper has of its profile is emptied for each bumper, but for five values, which repeat
+// until a profile sets them (docs/format.md, Bumpers).
 #include "VEXMELKBumpersConfig.h"
 
-#include "VEXMELKAnswer.h"
-#include "VEXMELKElements.h"
-#include "VEXMELKField.h"
+#include "VEXMELKReader.h"
 
 namespace {
 
-// By type.
-constexpr const char* pendulumElements[] = {"MiddlePendulum", "RotatedPendulum", "ShiftedPendulum"};
+using Bumper = VEXMELKBumpersDefinition;
 
-unsigned char IsFront(const CATUnicodeString& text) { return text == "front"; }
+constexpr VEXMELKRow profileName = Text("name", "its name", AsWritten(), Skip);
+constexpr VEXMELKTable profileTable{
+    Length<&Bumper::NoseRadius>("NoseRadius", "radii"),
+    Length<&Bumper::SideRadius>("SideRadius", "radii"),
+    Angle<&Bumper::NoseAngle>("NoseAngle", "angles"),
+    Angle<&Bumper::SideAngle>("SideAngle", "angles"),
+    Length<&Bumper::NoseHeight>("NoseHeight", "the nose"),
+    Length<&Bumper::NoseLength>("NoseLength", "the nose"),
+    Length<&Bumper::RenderDepth>("RenderDepth", "how it is drawn"),
+    Length<&Bumper::RenderHeight>("RenderHeight", "how it is drawn"),
+    Length<&Bumper::RenderDistance>("RenderDistance", "how it is drawn"),
+    Length<&Bumper::CenterLineLength>("CenterLineLength", "how it is drawn"),
+};
+constexpr VEXMELKTable repeatedTable{
+    Length<&Bumper::Width>("Width", "the body", Repeat),
+    Length<&Bumper::Height>("Height", "the body", Repeat),
+    Length<&Bumper::Extension>("Extension", "the body", Repeat),
+    Length<&Bumper::Depth>("Depth", "the body", Repeat),
+    Length<&Bumper::FilletRadius>("FilletRadius", "the body", Repeat),
+};
+constexpr VEXMELKElement profiles{.tag = "Profile",
+    .choice = VEXMELKChoice::ByKey,
+    .key = &profileName,
+    .tables = {profileTable.rows, repeatedTable.rows},
+    .meaning = "a profile for all standards of both files; one of the Customer file comes first"};
 
-// Width, Height, Extension, Depth and FilletRadius are not reset, on purpose: they repeat until a profile sets them.
-void ResetProfile(VEXMELKBumpersDefinition& bumper)
+constexpr VEXMELKElement categoryElements = CategoryWith({}, VEXMELKFallBack::WholeCategory);
+constexpr VEXMELKElement PendulumOf(const char* tag)
 {
-    bumper.NoseRadius = "";
-    bumper.SideRadius = "";
-    bumper.NoseAngle = "";
-    bumper.SideAngle = "";
-    bumper.NoseHeight = "";
-    bumper.NoseLength = "";
-    bumper.RenderHeight = "";
-    bumper.RenderDepth = "";
-    bumper.RenderDistance = "";
-    bumper.CenterLineLength = "";
+    return {.tag = tag,
+        .below = &categoryElements,
+        .place = VEXMELKPlace::AnyDepth,
+        .fallBack = VEXMELKFallBack::WholeCategory,
+        .meaning = "one test set-up each (types 0, 1, 2); of several with one name only the first is read",
+        .whenMissing = "no bumpers"};
 }
+// By type.
+constexpr VEXMELKElement pendulums[] = {
+    PendulumOf("MiddlePendulum"), PendulumOf("RotatedPendulum"), PendulumOf("ShiftedPendulum")};
+
+constexpr VEXMELKWord positions[] = {{"front", 1}};
+constexpr VEXMELKTable bumperTable{
+    Name<&Bumper::loading>("loading", "loading", "loading state"),
+    Length<&Bumper::Limit>("Limit", "height limit"),
+    Word<&Bumper::Position>("Position", {positions}, "exactly `front` is the front; anything else is the rear"),
+    Length<&Bumper::Offset>("Offset", "lateral offset"),
+    Angle<&Bumper::Angle>("Angle", "angle", Else("30.0deg")),
+};
+constexpr VEXMELKRow profileReference = Name("Profile", "Profile", "name of the profile");
+constexpr VEXMELKElement BumperOf(const VEXMELKElement& pendulum)
+{
+    return {.tag = "bumper",
+        .below = &pendulum,
+        .place = VEXMELKPlace::AnyDepth,
+        .choice = VEXMELKChoice::Each,
+        .fallBack = VEXMELKFallBack::WholeCategory,
+        .tables = {bumperTable.rows, VEXMELKRows(&profileReference, 1)},
+        .meaning = "one test bumper"};
+}
+constexpr VEXMELKElement bumperElements = BumperOf(pendulums[0]);
+constexpr VEXMELKElement rotatedBumperElements = BumperOf(pendulums[1]);
+constexpr VEXMELKElement shiftedBumperElements = BumperOf(pendulums[2]);
+
+constexpr const VEXMELKElement* elements[] = {&profiles, &categoryElements, &pendulums[0], &pendulums[1], &pendulums[2],
+    &bumperElements, &rotatedBumperElements, &shiftedBumperElements};
 
 } // namespace
 
+template <> constexpr auto VEXMELKFieldsOf<Bumper> = VEXMELKFieldList<Bumper>(profileTable, repeatedTable, bumperTable);
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKBumpersConfig::GetStandardData>("GetStandardData", standard, category,
+        VEXMELKParameter{.name = "type", .role = VEXMELKRole::Choice, .choices = 3}, Output("bumpers")),
+};
+
+constinit const VEXMELKDescription VEXMELKBumpersConfig::description{
+    .name = "Bumpers",
+    .file = "OVA\\Bumpers.xml",
+    .meaning = "The test bumpers (pendulum faces) that are applied to the vehicle.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKCheckConfig::description,
+};
+
 VEXMELKBumpersConfig::VEXMELKBumpersConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKCheckConfig(configurationDirectory, CATUnicodeString("OVA") + "\\" + "Bumpers.xml")
+    : VEXMELKCheckConfig(configurationDirectory, description.file)
 {
 }
 
@@ -44,7 +108,7 @@ unsigned char VEXMELKBumpersConfig::GetStandardData(const CATUnicodeString& stan
             if (element == NULL_var)
                 return 0;
             if (type >= MiddlePendulum && type <= ShiftedPendulum)
-                GetPendulumData(pendulumElements[type], element, bumpers);
+                GetPendulumData(pendulums[type].tag, element, bumpers);
             return 1;
         });
 }
@@ -52,22 +116,17 @@ unsigned char VEXMELKBumpersConfig::GetStandardData(const CATUnicodeString& stan
 unsigned char VEXMELKBumpersConfig::GetPendulumData(const CATUnicodeString& pendulumElementName,
     const CATIDOMElement_var& categoryElement, VEXArray<VEXMELKBumpersDefinition>& bumpers)
 {
-    const CATIDOMElement_var pendulum = FirstElement(categoryElement, pendulumElementName);
-    VEXMELKBumpersDefinition bumper; // one for all
-    ForEachElement(pendulum, "bumper", bumpers,
+    const VEXMELKElement& described = *std::find_if(std::begin(pendulums), std::end(pendulums) - 1,
+        [&](const VEXMELKElement& element) { return element.tag == std::string_view(pendulumElementName); });
+    const CATIDOMElement_var pendulum = Find(categoryElement, described);
+    Bumper bumper; // one for all
+    ForEach(pendulum, bumperElements, bumpers,
         [&](const CATIDOMElement_var& element)
         {
             CATUnicodeString profile;
-            ResetProfile(bumper);
-            ReadFields(element, NULL_var,
-                {
-                    {"loading", "", bumper.loading},
-                    {"Limit", "mm", bumper.Limit},
-                    {"Position", "", bumper.Position, As<IsFront>, false},
-                    {"Offset", "mm", bumper.Offset},
-                    {"Angle", "deg", bumper.Angle, "30.0deg"},
-                });
-            if (ReadFields(element, NULL_var, {{"Profile", "", profile}}))
+            ReadFields(Decimals(), CATIDOMNamedNodeMap_var(), NULL_var, profileTable, bumper); // empties them
+            ReadFields(Decimals(), element, bumperTable, bumper);
+            if (ReadText(Decimals(), element, profileReference, profile))
                 GetProfileData(profile, bumper);
             bumpers.add(bumper);
         });
@@ -77,26 +136,10 @@ unsigned char VEXMELKBumpersConfig::GetPendulumData(const CATUnicodeString& pend
 unsigned char VEXMELKBumpersConfig::GetProfileData(
     const CATUnicodeString& profileName, VEXMELKBumpersDefinition& bumper)
 {
-    const CATIDOMElement_var profile = GetRootChildElement("Profile", profileName);
+    const CATIDOMElement_var profile = GetRootChildElement(profiles, profileName);
     if (profile == NULL_var)
         return 0;
-    ReadFields(profile, NULL_var,
-        {
-            {"NoseRadius", "mm", bumper.NoseRadius, Keep},
-            {"SideRadius", "mm", bumper.SideRadius, Keep},
-            {"NoseAngle", "deg", bumper.NoseAngle, Keep},
-            {"SideAngle", "deg", bumper.SideAngle, Keep},
-            {"NoseHeight", "mm", bumper.NoseHeight, Keep},
-            {"NoseLength", "mm", bumper.NoseLength, Keep},
-            {"Width", "mm", bumper.Width, Keep},
-            {"Height", "mm", bumper.Height, Keep},
-            {"Extension", "mm", bumper.Extension, Keep},
-            {"Depth", "mm", bumper.Depth, Keep},
-            {"FilletRadius", "mm", bumper.FilletRadius, Keep},
-            {"RenderDepth", "mm", bumper.RenderDepth, Keep},
-            {"RenderHeight", "mm", bumper.RenderHeight, Keep},
-            {"RenderDistance", "mm", bumper.RenderDistance, Keep},
-            {"CenterLineLength", "mm", bumper.CenterLineLength, Keep},
-        });
+    ReadFields(Decimals(), profile, profileTable, bumper);
+    ReadFields(Decimals(), profile, repeatedTable, bumper);
     return 1;
 }

@@ -1,110 +1,153 @@
+// The barriers of a standard and their shapes. A barrier without "Overlapping" repeats the fraction of the one before
+// it. Shapes are children of the root and serve the standards of both files.
 #include "VEXMELKCrashBarriersConfig.h"
 
-#include "VEXMELKAnswer.h"
-#include "VEXMELKElements.h"
-#include "VEXMELKField.h"
+#include "VEXMELKReader.h"
 
 namespace {
 
-// The values of an enumeration by their names.
-struct NamedValue
-{
-    std::string_view name;
-    int value;
-};
+using Barrier = VEXMELKBarrierDefinition;
+using Shape = VEXMELKShapeDefinition;
+using Crash = VEXIMELKCrashBarrier;
 
-constexpr NamedValue shapeTypes[] = {
-    {"RCAR 2004 Front", VEXIMELKCrashBarrier::RCAR2004Front},
-    {"RCAR 2004 Rear", VEXIMELKCrashBarrier::RCAR2004Rear},
-    {"RCAR 2006", VEXIMELKCrashBarrier::RCAR2006},
-};
-
-constexpr NamedValue positionTypes[] = {
-    {"front", VEXIMELKCrashBarrier::Front},
-    {"rear", VEXIMELKCrashBarrier::Rear},
-    {"left", VEXIMELKCrashBarrier::Left},
-    {"right", VEXIMELKCrashBarrier::Right},
-};
-
+constexpr VEXMELKWord shapeTypes[] = {
+    {"RCAR 2004 Front", Crash::RCAR2004Front}, {"RCAR 2004 Rear", Crash::RCAR2004Rear}, {"RCAR 2006", Crash::RCAR2006}};
+constexpr VEXMELKWords shapeWords{shapeTypes, Crash::RCAR2004Front};
+constexpr VEXMELKWord positionTypes[] = {
+    {"front", Crash::Front}, {"rear", Crash::Rear}, {"left", Crash::Left}, {"right", Crash::Right}};
+constexpr VEXMELKWords positionWords{positionTypes, Crash::Front};
 // The front counts as the left side and the rear as the right one: a fixed rule.
-constexpr NamedValue overlappingSides[] = {
-    {"left", VEXIMELKCrashBarrier::LeftSide},
-    {"front", VEXIMELKCrashBarrier::LeftSide},
-    {"right", VEXIMELKCrashBarrier::RightSide},
-    {"rear", VEXIMELKCrashBarrier::RightSide},
-};
+constexpr VEXMELKWord overlappingSides[] = {
+    {"left", Crash::LeftSide}, {"front", Crash::LeftSide}, {"right", Crash::RightSide}, {"rear", Crash::RightSide}};
+constexpr VEXMELKWords sideWords{overlappingSides, Crash::LeftSide};
 
-template <class Value, std::size_t Size>
-Value ValueOfName(const NamedValue (&values)[Size], const CATUnicodeString& name)
-{
-    for (const NamedValue& entry : values)
-        if (name == entry.name)
-            return static_cast<Value>(entry.value);
-    return static_cast<Value>(0);
-}
+constexpr VEXMELKRow shapeName = Word("name", shapeWords,
+    "exactly `RCAR 2004 Front` (type 0), `RCAR 2004 Rear` (1) or `RCAR 2006` (2)", AsWritten(), Skip);
+constexpr VEXMELKTable shapeTable{
+    NumberText<&Shape::MinRelWidth>("MinRelWidth", "smallest relative width", Else("0.5")),
+    Length<&Shape::MinWidth>("MinWidth", "smallest width", Else("1200mm")),
+    Length<&Shape::Width>("Width", "dimensions", Keep),
+    Length<&Shape::Depth>("Depth", "dimensions", Keep),
+    Length<&Shape::Height>("Height", "dimensions", Keep),
+    Length<&Shape::Radius>("Radius", "dimensions", Keep),
+    Length<&Shape::HeightAboveRoad>("HeightAboveRoad", "dimensions", Keep),
+    Length<&Shape::Radius2>("Radius2", "dimensions", Keep),
+    Length<&Shape::BaseRadius>("BaseRadius", "of the base", Keep),
+    Length<&Shape::BaseDepth>("BaseDepth", "of the base", Keep),
+    Length<&Shape::BaseHeight>("BaseHeight", "of the base", Keep),
+    Length<&Shape::BaseFPDepth>("BaseFPDepth", "of the base", Keep),
+    Length<&Shape::BaseFPMainRadius>("BaseFPMainRadius", "of the base", Keep),
+    Length<&Shape::BaseFPSideRadius>("BaseFPSideRadius", "of the base", Keep),
+    Length<&Shape::TriangleHeight>("TriangleHeight", "of the triangle", Keep),
+    Length<&Shape::TriangleToFP>("TriangleToFP", "of the triangle", Keep),
+    Length<&Shape::TriangleSideDepth>("TriangleSideDepth", "of the triangle", Keep),
+    Text<&Shape::ReferencePart>("ReferencePart", "name of the reference part", Keep),
+    Angle<&Shape::Alpha>("Alpha", "angle", Else("10deg")),
+};
+constexpr VEXMELKElement shapeElements{.tag = "shape",
+    .choice = VEXMELKChoice::ByKey,
+    .key = &shapeName,
+    .tables = {shapeTable.rows},
+    .meaning = "a shape, for the standards of both files; one of the Customer file comes first",
+    .whenMissing = "fails"};
+
+constexpr VEXMELKElement categoryElements = CategoryWith({}, VEXMELKFallBack::WholeCategory);
+constexpr const char* middlePosition = "mid_position";
+constexpr VEXMELKRow overlapping{.attribute = "Overlapping",
+    .meaning = "Percentage of the vehicle's width, with or without `%`; handed out as a fraction (`40` as 0.4). "
+               "`mid_position` is the middle position, with the fraction 1. A text that is no number is 0.",
+    .kind = VEXMELKKind::Percentage,
+    .form = VEXMELKForm::Fraction,
+    .whenMissing = {.rule = VEXMELKWhenMissing::Repeats},
+    .field = "Overlapping"};
+constexpr VEXMELKTable barrierTable{
+    Flag<&Barrier::AllowMovingAroundX>("AllowMovingAroundX", "may move around X"),
+    Length<&Barrier::DeltaZLeft>("DeltaZLeft", "height shifts: write the unit", Unit{""}, Else("0mm")),
+    Length<&Barrier::DeltaZRight>("DeltaZRight", "height shifts: write the unit", Unit{""}, Else("0mm")),
+    Word<&Barrier::shape>("shape", shapeWords, "name of a shape; an unknown one counts as `RCAR 2004 Front`"),
+    Name<&Barrier::loading>("loading", "loading", "loading state"),
+    Word<&Barrier::Position>(
+        "Position", positionWords, "`front`, `rear`, `left` or `right`; an unknown one counts as `front`"),
+    Angle<&Barrier::Rotation>("Rotation", "rotation", Else("0deg")),
+    Word<&Barrier::OverlappingSide>("OverlappingSide", sideWords,
+        "`left` or `front` is left, `right` or `rear` is right; an unknown one counts as left"),
+    Flag<&Barrier::PositionToGeometry>("PositionToGeometry", "position to the geometry"),
+    Flag<&Barrier::EnableAdditionalShift>("EnableAdditionalShift", "additional shift enabled"),
+    Length<&Barrier::AdditionalShift>("AdditionalShift", "additional shift", Else("0mm")),
+    Flag<&Barrier::ReferencePart>("ReferencePart", "reference part"),
+    Length<&Barrier::HeightAboveRoad>("HeightAboveRoad", "height above the road"),
+};
+constexpr VEXMELKElement barrierElements{.tag = "barrier",
+    .below = &categoryElements,
+    .place = VEXMELKPlace::AnyDepth,
+    .choice = VEXMELKChoice::Each,
+    .fallBack = VEXMELKFallBack::WholeCategory,
+    .tables = {barrierTable.rows, VEXMELKRows(&overlapping, 1)},
+    .meaning = "one barrier",
+    .whenMissing = "no barriers"};
+
+constexpr const VEXMELKElement* elements[] = {&shapeElements, &categoryElements, &barrierElements};
 
 } // namespace
 
+template <>
+constexpr auto VEXMELKFieldsOf<Barrier> = VEXMELKFieldList<Barrier>(
+    barrierTable, VEXMELKComputed<&Barrier::Overlapping>{"1"}, VEXMELKComputed<&Barrier::midPosition>());
+template <>
+constexpr auto VEXMELKFieldsOf<Shape> = VEXMELKFieldList<Shape>(shapeTable, VEXMELKComputed<&Shape::type>());
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKCrashBarriersConfig::GetStandardData>(
+        "GetStandardData", standard, category, Output("barriers")),
+    VEXMELKDescribe<&VEXMELKCrashBarriersConfig::GetShapeData>("GetShapeData", Output("shape")),
+};
+
+constinit const VEXMELKDescription VEXMELKCrashBarriersConfig::description{
+    .name = "CrashBarriers",
+    .file = "OVA\\CrashBarriers.xml",
+    .meaning = "The barriers that a standard places against the vehicle, and their shapes.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKCheckConfig::description,
+};
+
 VEXMELKCrashBarriersConfig::VEXMELKCrashBarriersConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKCheckConfig(configurationDirectory, CATUnicodeString("OVA") + "\\" + "CrashBarriers.xml")
+    : VEXMELKCheckConfig(configurationDirectory, description.file)
 {
 }
 
 CATUnicodeString VEXMELKCrashBarriersConfig::GetShapeNameFromType(VEXIMELKCrashBarrier::ShapeType type) const
 {
-    for (const NamedValue& entry : shapeTypes)
-        if (entry.value == type)
-            return {entry.name};
+    for (const VEXMELKWord& word : shapeTypes)
+        if (word.value == type)
+            return {word.text};
     return {};
 }
 
 VEXIMELKCrashBarrier::ShapeType VEXMELKCrashBarriersConfig::GetShapeTypeFromName(const CATUnicodeString& name) const
 {
-    return ValueOfName<VEXIMELKCrashBarrier::ShapeType>(shapeTypes, name);
+    return static_cast<VEXIMELKCrashBarrier::ShapeType>(ValueOfWord(shapeWords, name));
 }
 
 VEXIMELKCrashBarrier::PositionType VEXMELKCrashBarriersConfig::GetPosTypeFromName(const CATUnicodeString& name) const
 {
-    return ValueOfName<VEXIMELKCrashBarrier::PositionType>(positionTypes, name);
+    return static_cast<VEXIMELKCrashBarrier::PositionType>(ValueOfWord(positionWords, name));
 }
 
 VEXIMELKCrashBarrier::OverlappingSide VEXMELKCrashBarriersConfig::GetSideTypeFromName(
     const CATUnicodeString& name) const
 {
-    return ValueOfName<VEXIMELKCrashBarrier::OverlappingSide>(overlappingSides, name);
+    return static_cast<VEXIMELKCrashBarrier::OverlappingSide>(ValueOfWord(sideWords, name));
 }
 
 void VEXMELKCrashBarriersConfig::ReadBarrier(const CATIDOMElement_var& element, VEXMELKBarrierDefinition& barrier) const
 {
-    CATUnicodeString shape;
-    CATUnicodeString position;
-    CATUnicodeString side;
-    CATUnicodeString overlapping;
-    ReadFields(element, NULL_var,
-        {
-            {"AllowMovingAroundX", "", barrier.AllowMovingAroundX, AsFlag, false},
-            {"DeltaZLeft", "", barrier.DeltaZLeft, "0mm"},
-            {"DeltaZRight", "", barrier.DeltaZRight, "0mm"},
-            {"shape", "", shape},
-            {"loading", "", barrier.loading},
-            {"Position", "", position},
-            {"Rotation", "deg", barrier.Rotation, "0deg"},
-            {"OverlappingSide", "", side},
-            {"PositionToGeometry", "", barrier.PositionToGeometry, AsFlag, false},
-            {"EnableAdditionalShift", "", barrier.EnableAdditionalShift, AsFlag, false},
-            {"AdditionalShift", "mm", barrier.AdditionalShift, "0mm"},
-            {"ReferencePart", "", barrier.ReferencePart, AsFlag, false},
-            {"HeightAboveRoad", "mm", barrier.HeightAboveRoad},
-        });
-    barrier.shape = GetShapeTypeFromName(shape);
-    barrier.Position = GetPosTypeFromName(position);
-    barrier.OverlappingSide = GetSideTypeFromName(side);
-
-    // A missing one keeps the fraction of the barrier before it, on purpose.
-    const bool overlaps = ReadFields(element, NULL_var, {{"Overlapping", "", overlapping}});
-    barrier.midPosition = overlapping == "mid_position";
+    ReadFields(Decimals(), element, barrierTable, barrier);
+    CATUnicodeString text;
+    const bool overlaps = ReadText(Decimals(), element, overlapping, text);
+    barrier.midPosition = text == middlePosition;
     if (overlaps)
-        barrier.Overlapping = barrier.midPosition ? 1.0 : NumberFromText(overlapping) / 100.0;
+        barrier.Overlapping = barrier.midPosition ? 1.0 : NumberFromText(text) / 100.0;
 }
 
 unsigned char VEXMELKCrashBarriersConfig::GetStandardData(
@@ -116,7 +159,7 @@ unsigned char VEXMELKCrashBarriersConfig::GetStandardData(
             barriers.reset();
             const CATIDOMElement_var element = GetCategoryElement(standard, category);
             VEXMELKBarrierDefinition barrier; // one for all
-            ForEachElement(element, "barrier", barriers,
+            ForEach(element, barrierElements, barriers,
                 [&](const CATIDOMElement_var& barrierElement)
                 {
                     ReadBarrier(barrierElement, barrier);
@@ -133,32 +176,10 @@ unsigned char VEXMELKCrashBarriersConfig::GetShapeData(VEXMELKShapeDefinition& s
         {
             const CATUnicodeString name = GetShapeNameFromType(shape.type);
             const CATIDOMElement_var element =
-                name.IsEmpty() ? CATIDOMElement_var() : GetRootChildElement("shape", name);
+                name.IsEmpty() ? CATIDOMElement_var() : GetRootChildElement(shapeElements, name);
             if (element == NULL_var)
                 return 0;
-            ReadFields(element, NULL_var,
-                {
-                    {"MinRelWidth", "", shape.MinRelWidth, "0.5"},
-                    {"MinWidth", "mm", shape.MinWidth, "1200mm"},
-                    {"Width", "mm", shape.Width, Keep},
-                    {"Depth", "mm", shape.Depth, Keep},
-                    {"Height", "mm", shape.Height, Keep},
-                    {"Radius", "mm", shape.Radius, Keep},
-                    {"HeightAboveRoad", "mm", shape.HeightAboveRoad, Keep},
-                    {"Radius2", "mm", shape.Radius2, Keep},
-                    {"BaseRadius", "mm", shape.BaseRadius, Keep},
-                    {"BaseDepth", "mm", shape.BaseDepth, Keep},
-                    {"HeightAboveRoad", "mm", shape.HeightAboveRoad, Keep}, // read twice, on purpose
-                    {"BaseHeight", "mm", shape.BaseHeight, Keep},
-                    {"BaseFPDepth", "mm", shape.BaseFPDepth, Keep},
-                    {"BaseFPMainRadius", "mm", shape.BaseFPMainRadius, Keep},
-                    {"BaseFPSideRadius", "mm", shape.BaseFPSideRadius, Keep},
-                    {"TriangleHeight", "mm", shape.TriangleHeight, Keep},
-                    {"TriangleToFP", "mm", shape.TriangleToFP, Keep},
-                    {"TriangleSideDepth", "mm", shape.TriangleSideDepth, Keep},
-                    {"ReferencePart", "", shape.ReferencePart, Keep},
-                    {"Alpha", "deg", shape.Alpha, "10deg"},
-                });
+            ReadFields(Decimals(), element, shapeTable, shape);
             return 1;
         });
 }

@@ -1,37 +1,233 @@
+// The target zones of head impact. They belong to the standard as a whole: there are no categories, and each zone is a
+// child of the standard.
 #include "VEXMELKHeadImpactConfig.h"
 
-#include "VEXMELKAnswer.h"
-#include "VEXMELKElements.h"
-#include "VEXMELKField.h"
+#include "VEXMELKReader.h"
 
 namespace {
 
-int MeasurementMethodFromText(const CATUnicodeString& text)
+constexpr VEXMELKElement Zone(const char* tag, VEXMELKRows rows)
 {
-    if (text == "0")
-        return 0;
-    return text == "1" ? 1 : 2;
+    return {.tag = tag,
+        .below = &VEXMELKCommon::standards,
+        .tables = {rows},
+        .meaning = "a zone; the first counts",
+        .whenMissing = "fails"};
 }
 
-double FractionFromPercent(const CATUnicodeString& text) { return NumberFromText(text) / 100.0; }
+constexpr VEXMELKTable headGravityCenterTable{
+    Length<&VEXMELKHeadGravityCenterDefinition::CG_FX_Offset>("CG_FX_Offset", "offsets"),
+    Length<&VEXMELKHeadGravityCenterDefinition::CG_FZ_Offset>("CG_FZ_Offset", "offsets"),
+    Length<&VEXMELKHeadGravityCenterDefinition::CG_RX_Offset>("CG_RX_Offset", "offsets"),
+    Length<&VEXMELKHeadGravityCenterDefinition::CG_RZ_Offset>("CG_RZ_Offset", "offsets"),
+};
+constexpr VEXMELKElement headGravityCenter = Zone("HeadGravityCenter", headGravityCenterTable.rows);
+
+constexpr VEXMELKTable upperRoofTable{
+    Length<&VEXMELKUpperRoofDefinition::RoofSectionOffset>("RoofSectionOffset", "offsets"),
+    NumberText<&VEXMELKUpperRoofDefinition::ActiveRoofRatio>("ActiveRoofRatio", "ratio"),
+    Angle<&VEXMELKUpperRoofDefinition::MinVAngle>("MinVAngle", "angles"),
+    Angle<&VEXMELKUpperRoofDefinition::MaxVAngle>("MaxVAngle", "angles"),
+};
+constexpr VEXMELKElement upperRoof = Zone("UpperRoof", upperRoofTable.rows);
+
+constexpr VEXMELKWord measurementMethods[] = {{"0", 0}, {"1", 1}};
+constexpr VEXMELKTable aPillarTable{
+    Length<&VEXMELKAPillarDefinition::AP2_Offset>("AP2_Offset", "offsets"),
+    Length<&VEXMELKAPillarDefinition::PT1_Offset>("PT1_Offset", "offsets"),
+    Length<&VEXMELKAPillarDefinition::PT2_Offset>("PT2_Offset", "offsets"),
+    Angle<&VEXMELKAPillarDefinition::MaxHLeftAngle>("MaxHLeftAngle", "angles"),
+    Angle<&VEXMELKAPillarDefinition::MaxHRightAngle>("MaxHRightAngle", "angles"),
+    Angle<&VEXMELKAPillarDefinition::MaxVAngle>("MaxVAngle", "angles"),
+    Angle<&VEXMELKAPillarDefinition::MinHLeftAngle>("MinHLeftAngle", "angles"),
+    Angle<&VEXMELKAPillarDefinition::MinHRightAngle>("MinHRightAngle", "angles"),
+    Angle<&VEXMELKAPillarDefinition::MinVAngle>("MinVAngle", "angles"),
+    Word<&VEXMELKAPillarDefinition::MeasurementMethod>(
+        "MeasurementMethod", {measurementMethods, 2}, "exactly `0` or `1`; anything else (`01`) is 2", Else(2)),
+    Fraction<&VEXMELKAPillarDefinition::MaxMeasurementDeviation>("MaxMeasurementDeviation",
+        "percentage, with or without `%`; handed out as a fraction (`5%` as 0.05)", Else(0.05)),
+};
+constexpr VEXMELKElement aPillar = Zone("APillar", aPillarTable.rows);
+
+constexpr VEXMELKTable bPillarTable{
+    Angle<&VEXMELKBPillarDefinition::MinHLeftAngle>("MinHLeftAngle", "angles"),
+    Angle<&VEXMELKBPillarDefinition::MaxHLeftAngle>("MaxHLeftAngle", "angles"),
+    Angle<&VEXMELKBPillarDefinition::MinHRightAngle>("MinHRightAngle", "angles"),
+    Angle<&VEXMELKBPillarDefinition::MaxHRightAngle>("MaxHRightAngle", "angles"),
+    Angle<&VEXMELKBPillarDefinition::MinVAngle>("MinVAngle", "angles"),
+    Angle<&VEXMELKBPillarDefinition::MaxVAngle>("MaxVAngle", "angles"),
+};
+constexpr VEXMELKElement bPillar = Zone("BPillar", bPillarTable.rows);
+
+constexpr VEXMELKTable rearmostPillarTable{
+    Length<&VEXMELKRearmostPillarDefinition::RP2_Offset>("RP2_Offset", "offsets"),
+    NumberText<&VEXMELKRearmostPillarDefinition::RP1_Ratio>("RP1_Ratio", "ratio"),
+    Angle<&VEXMELKRearmostPillarDefinition::MinVAngle>("MinVAngle", "angles"),
+    Angle<&VEXMELKRearmostPillarDefinition::MaxVAngle>("MaxVAngle", "angles"),
+    Angle<&VEXMELKRearmostPillarDefinition::MinHLeftAngle>("MinHLeftAngle", "angles"),
+    Angle<&VEXMELKRearmostPillarDefinition::MaxHLeftAngle>("MaxHLeftAngle", "angles"),
+    Angle<&VEXMELKRearmostPillarDefinition::MinHRightAngle>("MinHRightAngle", "angles"),
+    Angle<&VEXMELKRearmostPillarDefinition::MaxHRightAngle>("MaxHRightAngle", "angles"),
+};
+constexpr VEXMELKElement rearmostPillar = Zone("RearmostPillar", rearmostPillarTable.rows);
+
+constexpr VEXMELKTable otherPillarTable{
+    Angle<&VEXMELKOtherPillarDefinition::HLeftAngle>("HLeftAngle", "angles"),
+    Angle<&VEXMELKOtherPillarDefinition::HRightAngle>("HRightAngle", "angles"),
+    Angle<&VEXMELKOtherPillarDefinition::MinVAngle>("MinVAngle", "angles"),
+    Angle<&VEXMELKOtherPillarDefinition::MaxVAngle>("MaxVAngle", "angles"),
+};
+constexpr VEXMELKElement otherPillar = Zone("OtherPillar", otherPillarTable.rows);
+
+constexpr VEXMELKTable frontHeaderTable{
+    Length<&VEXMELKFrontHeaderDefinition::FH1_Offset>("FH1_Offset", "offsets"),
+    Length<&VEXMELKFrontHeaderDefinition::FH2_Offset>("FH2_Offset", "offsets"),
+    Angle<&VEXMELKFrontHeaderDefinition::MinVAngle>("MinVAngle", "angles"),
+    Angle<&VEXMELKFrontHeaderDefinition::MaxVAngle>("MaxVAngle", "angles"),
+    Angle<&VEXMELKFrontHeaderDefinition::HAngle>("HAngle", "angles"),
+};
+constexpr VEXMELKElement frontHeader = Zone("FrontHeader", frontHeaderTable.rows);
+
+constexpr VEXMELKTable rearHeaderTable{
+    Length<&VEXMELKRearHeaderDefinition::RH_Offset>("RH_Offset", "offsets"),
+    Angle<&VEXMELKRearHeaderDefinition::MinVAngle>("MinVAngle", "angles"),
+    Angle<&VEXMELKRearHeaderDefinition::MaxVAngle>("MaxVAngle", "angles"),
+    Angle<&VEXMELKRearHeaderDefinition::HAngle>("HAngle", "angles"),
+};
+constexpr VEXMELKElement rearHeader = Zone("RearHeader", rearHeaderTable.rows);
+
+constexpr VEXMELKTable sideRailTable{
+    Length<&VEXMELKSideRailDefinition::SR1_Offset>("SR1_Offset", "offsets"),
+    Length<&VEXMELKSideRailDefinition::SR2_Offset>("SR2_Offset", "offsets"),
+    Length<&VEXMELKSideRailDefinition::SR3_Offset>("SR3_Offset", "offsets"),
+    Angle<&VEXMELKSideRailDefinition::HLeftAngle>("HLeftAngle", "angles"),
+    Angle<&VEXMELKSideRailDefinition::HRightAngle>("HRightAngle", "angles"),
+    Angle<&VEXMELKSideRailDefinition::MinVAngle>("MinVAngle", "angles"),
+    Angle<&VEXMELKSideRailDefinition::MaxVAngle>("MaxVAngle", "angles"),
+};
+constexpr VEXMELKElement sideRail = Zone("SideRail", sideRailTable.rows);
+
+constexpr VEXMELKTable slidingDoorTrackTable{
+    Angle<&VEXMELKSlidingDoorTrackDefinition::HLeftAngle>("HLeftAngle", "angles"),
+    Angle<&VEXMELKSlidingDoorTrackDefinition::HRightAngle>("HRightAngle", "angles"),
+    Angle<&VEXMELKSlidingDoorTrackDefinition::MinVAngle>("MinVAngle", "angles"),
+    Angle<&VEXMELKSlidingDoorTrackDefinition::MaxVAngle>("MaxVAngle", "angles"),
+};
+constexpr VEXMELKElement slidingDoorTrack = Zone("SlidingDoorTrack", slidingDoorTrackTable.rows);
+
+constexpr VEXMELKTable rollBarTable{
+    Angle<&VEXMELKRollBarDefinition::HAngle>("HAngle", "angles"),
+    Angle<&VEXMELKRollBarDefinition::MinVAngle>("MinVAngle", "angles"),
+    Angle<&VEXMELKRollBarDefinition::MaxVAngle>("MaxVAngle", "angles"),
+};
+constexpr VEXMELKElement rollBar = Zone("RollBar", rollBarTable.rows);
+
+constexpr VEXMELKTable stiffenerBraceTable{
+    Angle<&VEXMELKStiffenerBraceDefinition::HLeftAngle>("HLeftAngle", "angles"),
+    Angle<&VEXMELKStiffenerBraceDefinition::HRightAngle>("HRightAngle", "angles"),
+    Angle<&VEXMELKStiffenerBraceDefinition::MinVAngle>("MinVAngle", "angles"),
+    Angle<&VEXMELKStiffenerBraceDefinition::MaxVAngle>("MaxVAngle", "angles"),
+};
+constexpr VEXMELKElement stiffenerBrace = Zone("StiffenerBrace", stiffenerBraceTable.rows);
+
+constexpr const VEXMELKElement* elements[] = {&headGravityCenter, &upperRoof, &aPillar, &bPillar, &rearmostPillar,
+    &otherPillar, &frontHeader, &rearHeader, &sideRail, &slidingDoorTrack, &rollBar, &stiffenerBrace};
 
 } // namespace
 
+template <>
+constexpr auto VEXMELKFieldsOf<VEXMELKHeadGravityCenterDefinition> =
+    VEXMELKFieldList<VEXMELKHeadGravityCenterDefinition>(headGravityCenterTable);
+template <>
+constexpr auto VEXMELKFieldsOf<VEXMELKUpperRoofDefinition> = VEXMELKFieldList<VEXMELKUpperRoofDefinition>(
+    upperRoofTable);
+template <>
+constexpr auto VEXMELKFieldsOf<VEXMELKAPillarDefinition> = VEXMELKFieldList<VEXMELKAPillarDefinition>(aPillarTable);
+template <>
+constexpr auto VEXMELKFieldsOf<VEXMELKBPillarDefinition> = VEXMELKFieldList<VEXMELKBPillarDefinition>(bPillarTable);
+template <>
+constexpr auto VEXMELKFieldsOf<VEXMELKRearmostPillarDefinition> = VEXMELKFieldList<VEXMELKRearmostPillarDefinition>(
+    rearmostPillarTable);
+template <>
+constexpr auto VEXMELKFieldsOf<VEXMELKOtherPillarDefinition> = VEXMELKFieldList<VEXMELKOtherPillarDefinition>(
+    otherPillarTable);
+template <>
+constexpr auto VEXMELKFieldsOf<VEXMELKFrontHeaderDefinition> = VEXMELKFieldList<VEXMELKFrontHeaderDefinition>(
+    frontHeaderTable);
+template <>
+constexpr auto VEXMELKFieldsOf<VEXMELKRearHeaderDefinition> = VEXMELKFieldList<VEXMELKRearHeaderDefinition>(
+    rearHeaderTable);
+template <>
+constexpr auto VEXMELKFieldsOf<VEXMELKSideRailDefinition> = VEXMELKFieldList<VEXMELKSideRailDefinition>(sideRailTable);
+template <>
+constexpr auto VEXMELKFieldsOf<VEXMELKSlidingDoorTrackDefinition> = VEXMELKFieldList<VEXMELKSlidingDoorTrackDefinition>(
+    slidingDoorTrackTable);
+template <>
+constexpr auto VEXMELKFieldsOf<VEXMELKRollBarDefinition> = VEXMELKFieldList<VEXMELKRollBarDefinition>(rollBarTable);
+template <>
+constexpr auto VEXMELKFieldsOf<VEXMELKStiffenerBraceDefinition> = VEXMELKFieldList<VEXMELKStiffenerBraceDefinition>(
+    stiffenerBraceTable);
+template <>
+constexpr auto VEXMELKFieldsOf<VEXMELKHeadImpactDefinition> = VEXMELKFieldList<VEXMELKHeadImpactDefinition>(
+    VEXMELKNested<&VEXMELKHeadImpactDefinition::HeadGravityCenter>(),
+    VEXMELKNested<&VEXMELKHeadImpactDefinition::UpperRoof>(), VEXMELKNested<&VEXMELKHeadImpactDefinition::APillar>(),
+    VEXMELKNested<&VEXMELKHeadImpactDefinition::BPillar>(),
+    VEXMELKNested<&VEXMELKHeadImpactDefinition::RearmostPillar>(),
+    VEXMELKNested<&VEXMELKHeadImpactDefinition::OtherPillar>(),
+    VEXMELKNested<&VEXMELKHeadImpactDefinition::FrontHeader>(),
+    VEXMELKNested<&VEXMELKHeadImpactDefinition::RearHeader>(), VEXMELKNested<&VEXMELKHeadImpactDefinition::SideRail>(),
+    VEXMELKNested<&VEXMELKHeadImpactDefinition::SlidingDoorTrack>(),
+    VEXMELKNested<&VEXMELKHeadImpactDefinition::RollBar>(),
+    VEXMELKNested<&VEXMELKHeadImpactDefinition::StiffenerBrace>());
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetHeadGravityCenterSData>(
+        "GetHeadGravityCenterSData", standard, Output("definition")),
+    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetUpperRoofSData>("GetUpperRoofSData", standard, Output("definition")),
+    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetAPillarSData>("GetAPillarSData", standard, Output("definition")),
+    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetBPillarSData>("GetBPillarSData", standard, Output("definition")),
+    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetRearmostPillarSData>(
+        "GetRearmostPillarSData", standard, Output("definition")),
+    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetOtherPillarSData>(
+        "GetOtherPillarSData", standard, Output("definition")),
+    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetFrontHeaderSData>(
+        "GetFrontHeaderSData", standard, Output("definition")),
+    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetRearHeaderSData>("GetRearHeaderSData", standard, Output("definition")),
+    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetSideRailSData>("GetSideRailSData", standard, Output("definition")),
+    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetSlidingDoorTrackSData>(
+        "GetSlidingDoorTrackSData", standard, Output("definition")),
+    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetRollBarSData>("GetRollBarSData", standard, Output("definition")),
+    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetStiffenerBraceSData>(
+        "GetStiffenerBraceSData", standard, Output("definition")),
+    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetStandardData>("GetStandardData", standard, Output("definition")),
+    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetStandardNames>("GetStandardNames", Output("names")),
+};
+
+constinit const VEXMELKDescription VEXMELKHeadImpactConfig::description{
+    .name = "HeadImpact",
+    .file = "Safety\\HeadImpact.xml",
+    .meaning = "The target zones of the interior head-impact check.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKUnderfloorConfig::description,
+};
+
 VEXMELKHeadImpactConfig::VEXMELKHeadImpactConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKUnderfloorConfig(configurationDirectory, CATUnicodeString("Safety") + "\\" + "HeadImpact.xml")
+    : VEXMELKUnderfloorConfig(configurationDirectory, description.file)
 {
 }
 
+template <class Table, class Record>
 unsigned char VEXMELKHeadImpactConfig::ReadZone(
-    const CATUnicodeString& standard, std::string_view tag, std::initializer_list<VEXMELKField> fields)
+    const CATUnicodeString& standard, const VEXMELKElement& zone, const Table& table, Record& record)
 {
     return Answer(
         [&]() -> unsigned char
         {
-            const CATIDOMElement_var element = FirstChild(GetStandardElement(standard), tag);
+            const CATIDOMElement_var element = Find(GetStandardElement(standard), zone);
             if (element == NULL_var)
                 return 0;
-            ReadFields(element, NULL_var, fields);
+            ReadFields(Decimals(), element, table, record);
             return 1;
         });
 }
@@ -39,161 +235,73 @@ unsigned char VEXMELKHeadImpactConfig::ReadZone(
 unsigned char VEXMELKHeadImpactConfig::GetHeadGravityCenterSData(
     const CATUnicodeString& standard, VEXMELKHeadGravityCenterDefinition& definition)
 {
-    return ReadZone(standard, "HeadGravityCenter",
-        {
-            {"CG_FX_Offset", "mm", definition.CG_FX_Offset},
-            {"CG_FZ_Offset", "mm", definition.CG_FZ_Offset},
-            {"CG_RX_Offset", "mm", definition.CG_RX_Offset},
-            {"CG_RZ_Offset", "mm", definition.CG_RZ_Offset},
-        });
+    return ReadZone(standard, headGravityCenter, headGravityCenterTable, definition);
 }
 
 unsigned char VEXMELKHeadImpactConfig::GetUpperRoofSData(
     const CATUnicodeString& standard, VEXMELKUpperRoofDefinition& definition)
 {
-    return ReadZone(standard, "UpperRoof",
-        {
-            {"RoofSectionOffset", "mm", definition.RoofSectionOffset},
-            {"ActiveRoofRatio", "", definition.ActiveRoofRatio},
-            {"MinVAngle", "deg", definition.MinVAngle},
-            {"MaxVAngle", "deg", definition.MaxVAngle},
-        });
+    return ReadZone(standard, upperRoof, upperRoofTable, definition);
 }
 
 unsigned char VEXMELKHeadImpactConfig::GetAPillarSData(
     const CATUnicodeString& standard, VEXMELKAPillarDefinition& definition)
 {
-    return ReadZone(standard, "APillar",
-        {
-            {"AP2_Offset", "mm", definition.AP2_Offset},
-            {"PT1_Offset", "mm", definition.PT1_Offset},
-            {"PT2_Offset", "mm", definition.PT2_Offset},
-            {"MaxHLeftAngle", "deg", definition.MaxHLeftAngle},
-            {"MaxHRightAngle", "deg", definition.MaxHRightAngle},
-            {"MaxVAngle", "deg", definition.MaxVAngle},
-            {"MinHLeftAngle", "deg", definition.MinHLeftAngle},
-            {"MinHRightAngle", "deg", definition.MinHRightAngle},
-            {"MinVAngle", "deg", definition.MinVAngle},
-            {"MeasurementMethod", "", definition.MeasurementMethod, As<MeasurementMethodFromText>, 2},
-            {"MaxMeasurementDeviation", "%", definition.MaxMeasurementDeviation, As<FractionFromPercent>, 0.05},
-        });
+    return ReadZone(standard, aPillar, aPillarTable, definition);
 }
 
 unsigned char VEXMELKHeadImpactConfig::GetBPillarSData(
     const CATUnicodeString& standard, VEXMELKBPillarDefinition& definition)
 {
-    return ReadZone(standard, "BPillar",
-        {
-            {"MinHLeftAngle", "deg", definition.MinHLeftAngle},
-            {"MaxHLeftAngle", "deg", definition.MaxHLeftAngle},
-            {"MinHRightAngle", "deg", definition.MinHRightAngle},
-            {"MaxHRightAngle", "deg", definition.MaxHRightAngle},
-            {"MinVAngle", "deg", definition.MinVAngle},
-            {"MaxVAngle", "deg", definition.MaxVAngle},
-        });
+    return ReadZone(standard, bPillar, bPillarTable, definition);
 }
 
 unsigned char VEXMELKHeadImpactConfig::GetRearmostPillarSData(
     const CATUnicodeString& standard, VEXMELKRearmostPillarDefinition& definition)
 {
-    return ReadZone(standard, "RearmostPillar",
-        {
-            {"RP2_Offset", "mm", definition.RP2_Offset},
-            {"RP1_Ratio", "", definition.RP1_Ratio},
-            {"MinVAngle", "deg", definition.MinVAngle},
-            {"MaxVAngle", "deg", definition.MaxVAngle},
-            {"MinHLeftAngle", "deg", definition.MinHLeftAngle},
-            {"MaxHLeftAngle", "deg", definition.MaxHLeftAngle},
-            {"MinHRightAngle", "deg", definition.MinHRightAngle},
-            {"MaxHRightAngle", "deg", definition.MaxHRightAngle},
-        });
+    return ReadZone(standard, rearmostPillar, rearmostPillarTable, definition);
 }
 
 unsigned char VEXMELKHeadImpactConfig::GetOtherPillarSData(
     const CATUnicodeString& standard, VEXMELKOtherPillarDefinition& definition)
 {
-    return ReadZone(standard, "OtherPillar",
-        {
-            {"HLeftAngle", "deg", definition.HLeftAngle},
-            {"HRightAngle", "deg", definition.HRightAngle},
-            {"MinVAngle", "deg", definition.MinVAngle},
-            {"MaxVAngle", "deg", definition.MaxVAngle},
-        });
+    return ReadZone(standard, otherPillar, otherPillarTable, definition);
 }
 
 unsigned char VEXMELKHeadImpactConfig::GetFrontHeaderSData(
     const CATUnicodeString& standard, VEXMELKFrontHeaderDefinition& definition)
 {
-    return ReadZone(standard, "FrontHeader",
-        {
-            {"FH1_Offset", "mm", definition.FH1_Offset},
-            {"FH2_Offset", "mm", definition.FH2_Offset},
-            {"MinVAngle", "deg", definition.MinVAngle},
-            {"MaxVAngle", "deg", definition.MaxVAngle},
-            {"HAngle", "deg", definition.HAngle},
-        });
+    return ReadZone(standard, frontHeader, frontHeaderTable, definition);
 }
 
 unsigned char VEXMELKHeadImpactConfig::GetRearHeaderSData(
     const CATUnicodeString& standard, VEXMELKRearHeaderDefinition& definition)
 {
-    return ReadZone(standard, "RearHeader",
-        {
-            {"RH_Offset", "mm", definition.RH_Offset},
-            {"MinVAngle", "deg", definition.MinVAngle},
-            {"MaxVAngle", "deg", definition.MaxVAngle},
-            {"HAngle", "deg", definition.HAngle},
-        });
+    return ReadZone(standard, rearHeader, rearHeaderTable, definition);
 }
 
 unsigned char VEXMELKHeadImpactConfig::GetSideRailSData(
     const CATUnicodeString& standard, VEXMELKSideRailDefinition& definition)
 {
-    return ReadZone(standard, "SideRail",
-        {
-            {"SR1_Offset", "mm", definition.SR1_Offset},
-            {"SR2_Offset", "mm", definition.SR2_Offset},
-            {"SR3_Offset", "mm", definition.SR3_Offset},
-            {"HLeftAngle", "deg", definition.HLeftAngle},
-            {"HRightAngle", "deg", definition.HRightAngle},
-            {"MinVAngle", "deg", definition.MinVAngle},
-            {"MaxVAngle", "deg", definition.MaxVAngle},
-        });
+    return ReadZone(standard, sideRail, sideRailTable, definition);
 }
 
 unsigned char VEXMELKHeadImpactConfig::GetSlidingDoorTrackSData(
     const CATUnicodeString& standard, VEXMELKSlidingDoorTrackDefinition& definition)
 {
-    return ReadZone(standard, "SlidingDoorTrack",
-        {
-            {"HLeftAngle", "deg", definition.HLeftAngle},
-            {"HRightAngle", "deg", definition.HRightAngle},
-            {"MinVAngle", "deg", definition.MinVAngle},
-            {"MaxVAngle", "deg", definition.MaxVAngle},
-        });
+    return ReadZone(standard, slidingDoorTrack, slidingDoorTrackTable, definition);
 }
 
 unsigned char VEXMELKHeadImpactConfig::GetRollBarSData(
     const CATUnicodeString& standard, VEXMELKRollBarDefinition& definition)
 {
-    return ReadZone(standard, "RollBar",
-        {
-            {"HAngle", "deg", definition.HAngle},
-            {"MinVAngle", "deg", definition.MinVAngle},
-            {"MaxVAngle", "deg", definition.MaxVAngle},
-        });
+    return ReadZone(standard, rollBar, rollBarTable, definition);
 }
 
 unsigned char VEXMELKHeadImpactConfig::GetStiffenerBraceSData(
     const CATUnicodeString& standard, VEXMELKStiffenerBraceDefinition& definition)
 {
-    return ReadZone(standard, "StiffenerBrace",
-        {
-            {"HLeftAngle", "deg", definition.HLeftAngle},
-            {"HRightAngle", "deg", definition.HRightAngle},
-            {"MinVAngle", "deg", definition.MinVAngle},
-            {"MaxVAngle", "deg", definition.MaxVAngle},
-        });
+    return ReadZone(standard, stiffenerBrace, stiffenerBraceTable, definition);
 }
 
 unsigned char VEXMELKHeadImpactConfig::GetStandardData(
@@ -218,5 +326,5 @@ unsigned char VEXMELKHeadImpactConfig::GetStandardData(
 
 void VEXMELKHeadImpactConfig::GetStandardNames(CATListValCATUnicodeString& names)
 {
-    Answer([&] { GetRootChildNames("standard", names); });
+    Answer([&] { GetRootChildNames(VEXMELKCommon::standards, names); });
 }

@@ -1,43 +1,69 @@
+// The lamps that a standard regulates. A query never fails: what is not known has no lamps.
 #include "VEXMELKLampPositionsConfig.h"
 
-#include "VEXMELKAnswer.h"
-#include "VEXMELKElements.h"
-#include "VEXMELKField.h"
+#include "VEXMELKReader.h"
 
 namespace {
 
-VEXMELKLampPositionsDefinition LampOf(const CATIDOMElement_var& element)
-{
-    VEXMELKLampPositionsDefinition lamp;
-    ReadFields(element, NULL_var,
-        {
-            {"Abbr", "", lamp.Abbr},
-            {"Descr", "", lamp.Descr},
-            {"IsFront", "", lamp.IsFront, AsFlag, false},
-            {"IsBack", "", lamp.IsBack, AsFlag, false},
-            {"IsSide", "", lamp.IsSide, AsFlag, false},
-            {"MinVerticalSpace", "mm", lamp.MinVerticalSpace},
-            {"MaxVerticalSpace", "mm", lamp.MaxVerticalSpace},
-            {"MinInnerSpace", "mm", lamp.MinInnerSpace},
-            {"MinInnerSpace2", "mm", lamp.MinInnerSpace2},
-            {"MaxOuterSpace", "mm", lamp.MaxOuterSpace},
-            {"MaxOuterSpace2", "mm", lamp.MaxOuterSpace2},
-            {"MaxFrontSpace", "mm", lamp.MaxFrontSpace},
-            {"MaxFrontSpace2", "mm", lamp.MaxFrontSpace2},
-            {"MaxBackSpace", "mm", lamp.MaxBackSpace},
-            {"MaxBackSpace2", "mm", lamp.MaxBackSpace2},
-            {"LampColor", "", lamp.LampColor},
-            {"LampVisibility", "", lamp.LampVisibility},
-            {"WidthThreshold", "mm", lamp.WidthThreshold},
-            {"LengthThreshold", "mm", lamp.LengthThreshold},
-        });
-    return lamp;
-}
+using Lamp = VEXMELKLampPositionsDefinition;
+
+constexpr VEXMELKOutputTable<unsigned char> limitsTable{
+    Flag("UseLampLimits", "whether the limits apply; an unknown standard: no", AsWritten(), Else(true))};
+constexpr VEXMELKElement standardElements = VEXMELKCommon::StandardWith(limitsTable.rows);
+constexpr VEXMELKElement categoryElements = CategoryWith({}, VEXMELKFallBack::WholeCategory);
+
+constexpr VEXMELKTable lampTable{
+    Text<&Lamp::Abbr>("Abbr", "short name, description"),
+    Text<&Lamp::Descr>("Descr", "short name, description"),
+    Flag<&Lamp::IsFront>("IsFront", "where the lamp is"),
+    Flag<&Lamp::IsBack>("IsBack", "where the lamp is"),
+    Flag<&Lamp::IsSide>("IsSide", "where the lamp is"),
+    Length<&Lamp::MinVerticalSpace>("MinVerticalSpace", "vertical spacing"),
+    Length<&Lamp::MaxVerticalSpace>("MaxVerticalSpace", "vertical spacing"),
+    Length<&Lamp::MinInnerSpace>("MinInnerSpace", "inner spacing"),
+    Length<&Lamp::MinInnerSpace2>("MinInnerSpace2", "inner spacing"),
+    Length<&Lamp::MaxOuterSpace>("MaxOuterSpace", "outer spacing"),
+    Length<&Lamp::MaxOuterSpace2>("MaxOuterSpace2", "outer spacing"),
+    Length<&Lamp::MaxFrontSpace>("MaxFrontSpace", "front spacing"),
+    Length<&Lamp::MaxFrontSpace2>("MaxFrontSpace2", "front spacing"),
+    Length<&Lamp::MaxBackSpace>("MaxBackSpace", "back spacing"),
+    Length<&Lamp::MaxBackSpace2>("MaxBackSpace2", "back spacing"),
+    Text<&Lamp::LampColor>("LampColor", "colour, visibility: texts"),
+    Text<&Lamp::LampVisibility>("LampVisibility", "colour, visibility: texts"),
+    Length<&Lamp::WidthThreshold>("WidthThreshold", "thresholds of width and length"),
+    Length<&Lamp::LengthThreshold>("LengthThreshold", "thresholds of width and length"),
+};
+constexpr VEXMELKElement lampElements{.tag = "Lamp",
+    .below = &categoryElements,
+    .place = VEXMELKPlace::AnyDepth,
+    .choice = VEXMELKChoice::Each,
+    .fallBack = VEXMELKFallBack::WholeCategory,
+    .tables = {lampTable.rows},
+    .meaning = "one lamp",
+    .whenMissing = "no lamps"};
+constexpr const VEXMELKElement* elements[] = {&standardElements, &categoryElements, &lampElements};
 
 } // namespace
 
+template <> constexpr auto VEXMELKFieldsOf<Lamp> = VEXMELKFieldList<Lamp>(lampTable);
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKLampPositionsConfig::GetStandardData>(
+        "GetStandardData", standard, category, Output("lamps")),
+    VEXMELKDescribe<&VEXMELKLampPositionsConfig::GetStatusOfLimits>("GetStatusOfLimits", standard, category),
+};
+
+constinit const VEXMELKDescription VEXMELKLampPositionsConfig::description{
+    .name = "LampPositions",
+    .file = "OVA\\LampPositions.xml",
+    .meaning = "The lamps that a standard regulates, and the limits of their places.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKCheckConfig::description,
+};
+
 VEXMELKLampPositionsConfig::VEXMELKLampPositionsConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKCheckConfig(configurationDirectory, CATUnicodeString("OVA") + "\\" + "LampPositions.xml")
+    : VEXMELKCheckConfig(configurationDirectory, description.file)
 {
 }
 
@@ -48,8 +74,13 @@ unsigned char VEXMELKLampPositionsConfig::GetStandardData(
         [&]() -> unsigned char
         {
             lamps.reset();
-            ForEachElement(GetCategoryElement(standard, category), "Lamp", lamps,
-                [&](const CATIDOMElement_var& element) { lamps.add(LampOf(element)); });
+            ForEach(GetCategoryElement(standard, category), lampElements, lamps,
+                [&](const CATIDOMElement_var& element)
+                {
+                    Lamp lamp;
+                    ReadFields(Decimals(), element, lampTable, lamp);
+                    lamps.add(lamp);
+                });
             return 1; // always
         });
 }
@@ -61,10 +92,9 @@ unsigned char VEXMELKLampPositionsConfig::GetStatusOfLimits(
         [&]() -> unsigned char
         {
             const CATIDOMElement_var element = GetStandardElement(standard);
-            if (element == NULL_var)
-                return 0;
-            CATUnicodeString text("true");
-            AssignAttribute(element, "UseLampLimits", text);
-            return BooleanFromString(text);
+            unsigned char apply = 0;
+            if (element != NULL_var)
+                ReadFields(Decimals(), element, limitsTable, apply);
+            return apply;
         });
 }

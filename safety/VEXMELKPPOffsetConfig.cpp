@@ -1,11 +1,85 @@
+// How offsets to the parts beneath the outer skin are measured. "section_based" is taken whole from the category, else
+// from "default"; the offset falls back by itself.
 #include "VEXMELKPPOffsetConfig.h"
 
-#include "VEXMELKAnswer.h"
-#include "VEXMELKElements.h"
-#include "VEXMELKField.h"
+#include "VEXMELKReader.h"
+
+namespace {
+
+using Record = VEXMELKPPOffsetDefinition;
+using Curve = VEXPPOffsetCurveDefinition;
+using Region = VEXPPOffsetOuterRegionDefinition;
+
+constexpr VEXMELKTable table{
+    Text<&Record::calculation_type>("calculation_type", "kind of calculation"),
+    Metres<&Record::offset>("offset", "offset"),
+};
+constexpr VEXMELKElement categoryElements = CategoryWith(table.rows);
+
+constexpr const char* kindMeaning = "reference part, kinds of definition and profile";
+constexpr VEXMELKTable sectionTable{
+    Text<&Record::definition_type>("definition_type", kindMeaning),
+    Text<&Record::profile_type>("profile_type", kindMeaning),
+    Metres<&Record::x_step>("x_step", "steps of the grid"),
+    Metres<&Record::y_step>("y_step", "steps of the grid"),
+    Text<&Record::ref_part>("ref_part", kindMeaning),
+};
+constexpr VEXMELKElement sectionElement{.tag = "section_based",
+    .below = &categoryElements,
+    .fallBack = VEXMELKFallBack::WholeElement,
+    .tables = {sectionTable.rows},
+    .meaning = "settings of the sections",
+    .whenMissing = "texts, curves and outer region kept; steps 0"};
+
+constexpr VEXMELKTable curveTable{
+    Text<&Curve::type>("type", "its name"),
+    Metres<&Curve::inner_offset>("inner_offset", "offsets"),
+    Metres<&Curve::outer_offset>("outer_offset", "offsets"),
+};
+constexpr VEXMELKElement curveElements{.tag = "curve",
+    .below = &sectionElement,
+    .place = VEXMELKPlace::AnyDepth,
+    .choice = VEXMELKChoice::Each,
+    .tables = {curveTable.rows},
+    .meaning = "an offset curve",
+    .whenMissing = "no curves"};
+
+constexpr VEXMELKTable regionTable{
+    Text<&Region::measurement_type>("measurement_type", "how it is measured"),
+    Metres<&Region::param_x>("param_x", "parameter", Unit{""}),
+};
+constexpr VEXMELKElement regionElement{.tag = "outer_region",
+    .below = &sectionElement,
+    .tables = {regionTable.rows},
+    .meaning = "the outer region; the first counts",
+    .whenMissing = "empty, 0"};
+
+constexpr const VEXMELKElement* elements[] = {&categoryElements, &sectionElement, &curveElements, &regionElement};
+
+} // namespace
+
+template <> constexpr auto VEXMELKFieldsOf<Curve> = VEXMELKFieldList<Curve>(curveTable);
+template <> constexpr auto VEXMELKFieldsOf<Region> = VEXMELKFieldList<Region>(regionTable);
+template <>
+constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(
+    table, sectionTable, VEXMELKNested<&Record::curves>(), VEXMELKNested<&Record::outerRegion>());
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKPPOffsetConfig::GetStandardData>(
+        "GetStandardData", standard, category, Output("definition")),
+};
+
+constinit const VEXMELKDescription VEXMELKPPOffsetConfig::description{
+    .name = "PPOffset",
+    .file = "Safety\\PedestrianProtectionOffset.xml",
+    .meaning = "How the offsets between the outer skin and the parts beneath it are measured.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKCheckConfig::description,
+};
 
 VEXMELKPPOffsetConfig::VEXMELKPPOffsetConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKCheckConfig(configurationDirectory, CATUnicodeString("Safety") + "\\" + "PedestrianProtectionOffset.xml")
+    : VEXMELKCheckConfig(configurationDirectory, description.file)
 {
 }
 
@@ -25,23 +99,12 @@ unsigned char VEXMELKPPOffsetConfig::GetStandardData(
             const CATIDOMElement_var defaultElement = GetCategoryElement(standard, defaultCategory);
             if (map == NULL_var && defaultMap == NULL_var)
                 return 0;
-            ReadFields(map, defaultMap,
-                {
-                    {"calculation_type", "", definition.calculation_type},
-                    {"offset", "mm", definition.offset, InMetres, 0.0},
-                });
+            ReadFields(Decimals(), map, defaultMap, table, definition);
 
-            const CATIDOMElement_var section = FirstChildOfEither(element, defaultElement, "section_based");
+            const CATIDOMElement_var section = FindInEither(element, defaultElement, sectionElement);
             if (section == NULL_var)
                 return 1;
-            ReadFields(section, NULL_var,
-                {
-                    {"definition_type", "", definition.definition_type},
-                    {"profile_type", "", definition.profile_type},
-                    {"x_step", "mm", definition.x_step, InMetres, 0.0},
-                    {"y_step", "mm", definition.y_step, InMetres, 0.0},
-                    {"ref_part", "", definition.ref_part},
-                });
+            ReadFields(Decimals(), section, sectionTable, definition);
             GetCurves(section, definition.curves);
             GetOuterRegion(section, definition.outerRegion);
             return 1;
@@ -49,32 +112,23 @@ unsigned char VEXMELKPPOffsetConfig::GetStandardData(
 }
 
 unsigned char VEXMELKPPOffsetConfig::GetCurves(
-    const CATIDOMElement_var& sectionElement, VEXArray<VEXPPOffsetCurveDefinition>& curves)
+    const CATIDOMElement_var& section, VEXArray<VEXPPOffsetCurveDefinition>& curves)
 {
     curves.reset();
-    ForEachElement(sectionElement, "curve", curves,
+    ForEach(section, curveElements, curves,
         [&](const CATIDOMElement_var& element)
         {
-            VEXPPOffsetCurveDefinition curve;
-            ReadFields(element, NULL_var,
-                {
-                    {"type", "", curve.type},
-                    {"inner_offset", "mm", curve.inner_offset, InMetres, 0.0},
-                    {"outer_offset", "mm", curve.outer_offset, InMetres, 0.0},
-                });
+            Curve curve;
+            ReadFields(Decimals(), element, curveTable, curve);
             curves.add(curve);
         });
-    return sectionElement != NULL_var;
+    return section != NULL_var;
 }
 
 unsigned char VEXMELKPPOffsetConfig::GetOuterRegion(
-    const CATIDOMElement_var& sectionElement, VEXPPOffsetOuterRegionDefinition& outerRegion)
+    const CATIDOMElement_var& section, VEXPPOffsetOuterRegionDefinition& outerRegion)
 {
-    const CATIDOMElement_var element = FirstChild(sectionElement, "outer_region");
-    ReadFields(AttributesOf(element), NULL_var,
-        {
-            {"measurement_type", "", outerRegion.measurement_type},
-            {"param_x", "", outerRegion.param_x, InMetres, 0.0},
-        });
+    const CATIDOMElement_var element = Find(section, regionElement);
+    ReadFields(Decimals(), AttributesOf(element), NULL_var, regionTable, outerRegion);
     return element != NULL_var;
 }

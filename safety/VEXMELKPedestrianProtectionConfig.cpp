@@ -1,11 +1,150 @@
+// The reference lines and test areas of the front end. Each element is taken whole from the category, else from
+// "default". A line that is not defined has only empty texts; the defaults belong to lines that are.
 #include "VEXMELKPedestrianProtectionConfig.h"
 
-#include "VEXMELKAnswer.h"
-#include "VEXMELKElements.h"
-#include "VEXMELKField.h"
+#include "VEXMELKReader.h"
+
+namespace {
+
+using Record = PedestrianProtectionDefinition;
+using Curve = TraceCurveDefinition;
+using Boundary = PPBonnetTopBoundary;
+using Area = PPBonnetTopDefinition;
+using RearTemplate = PPBonnetRearTemplateDefinition;
+
+constexpr VEXMELKTable table{
+    Length<&Record::cuttingStep>("CuttingStep", "step of the cuts"),
+    Flag<&Record::wrapAroundUseWindshield>("WrapAroundUseWindshield", "whether the wrap-around uses the windshield"),
+};
+constexpr VEXMELKElement categoryElements = CategoryWith(table.rows);
+
+constexpr VEXMELKElement Whole(const VEXMELKElement& parent, const char* tag, VEXMELKRows rows, const char* meaning)
+{
+    return {.tag = tag,
+        .below = &parent,
+        .fallBack = VEXMELKFallBack::WholeElement,
+        .tables = {rows},
+        .meaning = meaning,
+        .whenMissing = "empty"};
+}
+
+constexpr VEXMELKWord curveTypes[] = {{"UpperBumper"}, {"LowerBumper"}, {"CornerOfBumper"}, {"BonnetLeadingEdge"},
+    {"BonnetSide"}, {"WrapAround1"}, {"WrapAround2"}, {"WrapAround3"}, {"BonnetRear"}};
+constexpr VEXMELKRow curveTypeRow = Word("type", {curveTypes},
+    "`UpperBumper`, `LowerBumper`, `CornerOfBumper`, `BonnetLeadingEdge`, `BonnetSide`, `WrapAround1`, `WrapAround2`, "
+    "`WrapAround3` or `BonnetRear`",
+    AsWritten(), Skip);
+constexpr VEXMELKTable curveTable{
+    Angle<&Curve::angle>("angle", "angle"),
+    Length<&Curve::length>("length", "length"),
+    Length<&Curve::offset>("offset", "offset", Else("0.0mm")),
+    Length<&Curve::radiusLower>("radiusLower", "radii, threshold"),
+    Length<&Curve::radiusUpper>("radiusUpper", "radii, threshold"),
+    Length<&Curve::threshold>("threshold", "radii, threshold"),
+    Text<&Curve::tangent_selection>("tangent_selection", "which tangent", Else("lowest")),
+    Flag<&Curve::use_upper_end>("use_upper_end", "flags"),
+    Flag<&Curve::use_lower_end>("use_lower_end", "flags"),
+    Flag<&Curve::use_left>("use_left", "flags"),
+    Flag<&Curve::use_right>("use_right", "flags"),
+    Text<&Curve::curve_offset_type>("curve_offset_type", "how the curve is offset", Else("WrapAround")),
+    Length<&Curve::curve_offset>("curve_offset", "offset of the curve", Else("0.0mm")),
+    Flag<&Curve::warning>("warning", "flags"),
+    Angle<&Curve::alternative_angle>("alternative_angle", "other angle", Else("40.0deg")),
+};
+constexpr VEXMELKElement curveElements{.tag = "curve",
+    .below = &categoryElements,
+    .choice = VEXMELKChoice::ByKey,
+    .fallBack = VEXMELKFallBack::WholeElement,
+    .key = &curveTypeRow,
+    .tables = {curveTable.rows},
+    .meaning = "a reference line; the first of a type counts",
+    .whenMissing = "not defined"};
+
+constexpr VEXMELKTable areaTable{
+    Text<&Area::name>("name", "name of the area"),
+    Flag<&Area::detail>("detail", "flag"),
+    Integer<&Area::splitM>("splitM", "integers: divisions"),
+    Integer<&Area::splitN>("splitN", "integers: divisions"),
+};
+constexpr VEXMELKTable boundaryTable{
+    Text<&Boundary::limit>("limit", "what bounds it"),
+    Length<&Boundary::offset>("offset", "offset"),
+    Text<&Boundary::offset_type>("offset_type", "kind of offset"),
+};
+// Only the front has a second limit and a check distance: the other boundaries do not meet the windscreen.
+constexpr VEXMELKTable frontTable{
+    Length<&Boundary::checkDist>("checkDist", "check distance, of `front` **only**"),
+    Text<&Boundary::limit2>("limit2", "second limit, of `front` **only**"),
+};
+constexpr const char* areaMeaning = "the test areas; the first of each counts";
+constexpr const char* boundaryMeaning = "its boundaries";
+// An area with its boundaries.
+struct AreaElements
+{
+    VEXMELKElement area;
+    VEXMELKElement side;
+    VEXMELKElement front;
+    VEXMELKElement rear;
+};
+constexpr VEXMELKElement FrontOf(const VEXMELKElement& area)
+{
+    VEXMELKElement front = Whole(area, "front", boundaryTable.rows, boundaryMeaning);
+    front.tables[1] = frontTable.rows;
+    return front;
+}
+constexpr AreaElements AreaOf(const AreaElements& itself, const char* tag)
+{
+    return {Whole(categoryElements, tag, areaTable.rows, areaMeaning),
+        Whole(itself.area, "side", boundaryTable.rows, boundaryMeaning), FrontOf(itself.area),
+        Whole(itself.area, "rear", boundaryTable.rows, boundaryMeaning)};
+}
+constexpr AreaElements bonnetTop1 = AreaOf(bonnetTop1, "bonnetTop1");
+constexpr AreaElements bonnetTop2 = AreaOf(bonnetTop2, "bonnetTop2");
+
+constexpr VEXMELKTable rearTemplateTable{
+    Text<&RearTemplate::startradius>("startradius", "as written"),
+    Text<&RearTemplate::step>("step", "as written"),
+};
+constexpr VEXMELKElement rearTemplateElement =
+    Whole(categoryElements, "bonnetRearTemplate", rearTemplateTable.rows, "template along the rear of the bonnet");
+
+constexpr const VEXMELKElement* elements[] = {&categoryElements, &curveElements, &bonnetTop1.area, &bonnetTop1.side,
+    &bonnetTop1.front, &bonnetTop1.rear, &bonnetTop2.area, &bonnetTop2.side, &bonnetTop2.front, &bonnetTop2.rear,
+    &rearTemplateElement};
+
+} // namespace
+
+template <>
+constexpr auto VEXMELKFieldsOf<Curve> = VEXMELKFieldList<Curve>(curveTable, VEXMELKComputed<&Curve::defined>());
+template <> constexpr auto VEXMELKFieldsOf<Boundary> = VEXMELKFieldList<Boundary>(boundaryTable, frontTable);
+template <>
+constexpr auto VEXMELKFieldsOf<Area> = VEXMELKFieldList<Area>(
+    areaTable, VEXMELKNested<&Area::side>(), VEXMELKNested<&Area::front>(), VEXMELKNested<&Area::rear>());
+template <> constexpr auto VEXMELKFieldsOf<RearTemplate> = VEXMELKFieldList<RearTemplate>(rearTemplateTable);
+template <>
+constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(table, VEXMELKNested<&Record::upperBumper>(),
+    VEXMELKNested<&Record::lowerBumper>(), VEXMELKNested<&Record::cornerOfBumper>(),
+    VEXMELKNested<&Record::bonnetLeadingEdge>(), VEXMELKNested<&Record::bonnetSide>(),
+    VEXMELKNested<&Record::wrapAround1>(), VEXMELKNested<&Record::wrapAround2>(), VEXMELKNested<&Record::wrapAround3>(),
+    VEXMELKNested<&Record::bonnetRear>(), VEXMELKNested<&Record::bonnetTop1>(), VEXMELKNested<&Record::bonnetTop2>(),
+    VEXMELKNested<&Record::bonnetRearTemplate>());
+
+static constexpr VEXMELKOperation operations[] = {
+    VEXMELKDescribe<&VEXMELKPedestrianProtectionConfig::GetStandardData>(
+        "GetStandardData", standard, category, Output("definition")),
+};
+
+constinit const VEXMELKDescription VEXMELKPedestrianProtectionConfig::description{
+    .name = "PedestrianProtection",
+    .file = "Safety\\PedestrianProtection.xml",
+    .meaning = "The reference lines and test areas of the vehicle's front end.",
+    .elements = elements,
+    .operations = operations,
+    .base = &VEXMELKUnderfloorConfig::description,
+};
 
 VEXMELKPedestrianProtectionConfig::VEXMELKPedestrianProtectionConfig(const CATUnicodeString& configurationDirectory)
-    : VEXMELKUnderfloorConfig(configurationDirectory, CATUnicodeString("Safety") + "\\" + "PedestrianProtection.xml")
+    : VEXMELKUnderfloorConfig(configurationDirectory, description.file)
 {
 }
 
@@ -21,27 +160,16 @@ unsigned char VEXMELKPedestrianProtectionConfig::GetStandardData(
             const CATIDOMElement_var defaultElement = GetCategoryElement(standard, defaultCategory);
             if (element == NULL_var && defaultElement == NULL_var)
                 return 0;
-            ReadFields(map, defaultMap,
-                {
-                    {"CuttingStep", "mm", definition.cuttingStep},
-                    {"WrapAroundUseWindshield", "", definition.wrapAroundUseWindshield, AsFlag, false},
-                });
-            const std::pair<const char*, TraceCurveDefinition*> curves[] = {
-                {"UpperBumper", &definition.upperBumper},
-                {"LowerBumper", &definition.lowerBumper},
-                {"CornerOfBumper", &definition.cornerOfBumper},
-                {"BonnetLeadingEdge", &definition.bonnetLeadingEdge},
-                {"BonnetSide", &definition.bonnetSide},
-                {"WrapAround1", &definition.wrapAround1},
-                {"WrapAround2", &definition.wrapAround2},
-                {"WrapAround3", &definition.wrapAround3},
-                {"BonnetRear", &definition.bonnetRear},
-            };
-            for (const auto& [type, curve] : curves)
-                GetTraceCurveDef(type, element, defaultElement, *curve);
-            GetPPBonnetTopDef("bonnetTop1", element, defaultElement, definition.bonnetTop1);
-            GetPPBonnetTopDef("bonnetTop2", element, defaultElement, definition.bonnetTop2);
-            GetPPBonnetRearTemplateDef("bonnetRearTemplate", element, defaultElement, definition.bonnetRearTemplate);
+            ReadFields(Decimals(), map, defaultMap, table, definition);
+            // In the order of their types.
+            TraceCurveDefinition* const curves[] = {&definition.upperBumper, &definition.lowerBumper,
+                &definition.cornerOfBumper, &definition.bonnetLeadingEdge, &definition.bonnetSide,
+                &definition.wrapAround1, &definition.wrapAround2, &definition.wrapAround3, &definition.bonnetRear};
+            for (std::size_t type = 0; type < std::size(curves); ++type)
+                GetTraceCurveDef(curveTypes[type].text, element, defaultElement, *curves[type]);
+            GetPPBonnetTopDef(bonnetTop1.area.tag, element, defaultElement, definition.bonnetTop1);
+            GetPPBonnetTopDef(bonnetTop2.area.tag, element, defaultElement, definition.bonnetTop2);
+            GetPPBonnetRearTemplateDef(rearTemplateElement.tag, element, defaultElement, definition.bonnetRearTemplate);
             return 1;
         });
 }
@@ -50,86 +178,45 @@ void VEXMELKPedestrianProtectionConfig::GetTraceCurveDef(const CATUnicodeString&
     const CATIDOMElement_var& categoryElement, const CATIDOMElement_var& defaultElement, TraceCurveDefinition& curve)
 {
     curve = TraceCurveDefinition();
-    CATIDOMElement_var element = FindChild(categoryElement, "curve", "type", curveType);
+    CATIDOMElement_var element = FindByKey(categoryElement, curveElements, curveType);
     if (element == NULL_var)
-        element = FindChild(defaultElement, "curve", "type", curveType);
+        element = FindByKey(defaultElement, curveElements, curveType);
     if (element == NULL_var)
         return;
     curve.defined = 1;
-    ReadFields(element, NULL_var,
-        {
-            {"angle", "deg", curve.angle},
-            {"length", "mm", curve.length},
-            {"offset", "mm", curve.offset, "0.0mm"},
-            {"radiusLower", "mm", curve.radiusLower},
-            {"radiusUpper", "mm", curve.radiusUpper},
-            {"threshold", "mm", curve.threshold},
-            {"tangent_selection", "", curve.tangent_selection, "lowest"},
-            {"use_upper_end", "", curve.use_upper_end, AsFlag, false},
-            {"use_lower_end", "", curve.use_lower_end, AsFlag, false},
-            {"use_left", "", curve.use_left, AsFlag, false},
-            {"use_right", "", curve.use_right, AsFlag, false},
-            {"curve_offset_type", "", curve.curve_offset_type, "WrapAround"},
-            {"curve_offset", "mm", curve.curve_offset, "0.0mm"},
-            {"warning", "", curve.warning, AsFlag, false},
-            {"alternative_angle", "deg", curve.alternative_angle, "40.0deg"},
-        });
+    ReadFields(Decimals(), element, curveTable, curve);
 }
 
 void VEXMELKPedestrianProtectionConfig::GetPPBonnetTopDef(const CATUnicodeString& elementName,
     const CATIDOMElement_var& categoryElement, const CATIDOMElement_var& defaultElement, PPBonnetTopDefinition& area)
 {
     area = PPBonnetTopDefinition();
-    const CATIDOMElement_var element = FirstChildOfEither(categoryElement, defaultElement, elementName);
+    const AreaElements& described = elementName == bonnetTop1.area.tag ? bonnetTop1 : bonnetTop2;
+    const CATIDOMElement_var element = FindInEither(categoryElement, defaultElement, described.area);
     if (element == NULL_var)
         return;
-    ReadFields(element, NULL_var,
-        {
-            {"name", "", area.name},
-            {"detail", "", area.detail, AsFlag, false},
-        });
-    area.splitM = GetOptionalIntValue(element->GetAttributes(), "splitM", 0);
-    area.splitN = GetOptionalIntValue(element->GetAttributes(), "splitN", 0);
-
-    // Only the front has a second limit and a check distance, on purpose.
-    ReadFields(AttributesOf(FirstChild(element, "side")), NULL_var,
-        {
-            {"limit", "", area.side.limit},
-            {"offset", "mm", area.side.offset},
-            {"offset_type", "", area.side.offset_type},
-        });
-    ReadFields(AttributesOf(FirstChild(element, "front")), NULL_var,
-        {
-            {"limit", "", area.front.limit},
-            {"checkDist", "mm", area.front.checkDist},
-            {"limit2", "", area.front.limit2},
-            {"offset", "mm", area.front.offset},
-            {"offset_type", "", area.front.offset_type},
-        });
-    ReadFields(AttributesOf(FirstChild(element, "rear")), NULL_var,
-        {
-            {"limit", "", area.rear.limit},
-            {"offset", "mm", area.rear.offset},
-            {"offset_type", "", area.rear.offset_type},
-        });
+    ReadFields(Decimals(), element, areaTable, area);
+    const auto readBoundary = [&](const VEXMELKElement& boundaryElement, const auto& boundaryRows, Boundary& boundary)
+    { ReadFields(Decimals(), AttributesOf(Find(element, boundaryElement)), NULL_var, boundaryRows, boundary); };
+    readBoundary(described.side, boundaryTable, area.side);
+    readBoundary(described.front, boundaryTable, area.front);
+    readBoundary(described.front, frontTable, area.front);
+    readBoundary(described.rear, boundaryTable, area.rear);
 }
 
-void VEXMELKPedestrianProtectionConfig::GetPPBonnetRearTemplateDef(const CATUnicodeString& elementName,
+void VEXMELKPedestrianProtectionConfig::GetPPBonnetRearTemplateDef(const CATUnicodeString& /*elementName*/,
     const CATIDOMElement_var& categoryElement, const CATIDOMElement_var& defaultElement,
     PPBonnetRearTemplateDefinition& rearTemplate)
 {
-    ReadFields(AttributesOf(FirstChildOfEither(categoryElement, defaultElement, elementName)), NULL_var,
-        {
-            {"startradius", "", rearTemplate.startradius},
-            {"step", "", rearTemplate.step},
-        });
+    ReadFields(Decimals(), AttributesOf(FindInEither(categoryElement, defaultElement, rearTemplateElement)), NULL_var,
+        rearTemplateTable, rearTemplate);
 }
 
 CATUnicodeString VEXMELKPedestrianProtectionConfig::GetOptionalStringValue(const CATIDOMNamedNodeMap_var& attributes,
     const CATUnicodeString& name, const CATUnicodeString& unit, const CATUnicodeString& defaultValue)
 {
     CATUnicodeString value;
-    ReadFields(attributes, NULL_var, {{name, unit, value, defaultValue}});
+    ReadText(Decimals(), attributes, {.attribute = name, .unit = unit, .whenMissing = {.text = defaultValue}}, value);
     return value;
 }
 
@@ -138,14 +225,14 @@ int VEXMELKPedestrianProtectionConfig::GetOptionalIntValue(
 {
     CATUnicodeString text;
     int value = 0;
-    const bool converts = ReadFields(attributes, NULL_var, {{name, "", text}}) && text.ConvertToNum(&value, "%d");
+    const bool converts =
+        ReadText(Decimals(), attributes, {.attribute = name}, text) && text.ConvertToNum(&value, "%d");
     return converts ? value : defaultValue;
 }
 
 unsigned char VEXMELKPedestrianProtectionConfig::GetOptionalBooleanValue(
     const CATIDOMNamedNodeMap_var& attributes, const CATUnicodeString& name, unsigned char defaultValue)
 {
-    unsigned char value = 0;
-    ReadFields(attributes, NULL_var, {{name, "", value, AsFlag, static_cast<double>(defaultValue)}});
-    return value;
+    CATUnicodeString text;
+    return ReadText(Decimals(), attributes, {.attribute = name}, text) ? FlagFromText(text) : defaultValue;
 }

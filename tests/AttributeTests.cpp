@@ -8,14 +8,14 @@ using testing::IsEmpty;
 namespace {
 
 // The list of attributes with the state of their access objects, as JSON.
-AttributeList List(const char* json)
+VEXMELKAttributeValues List(const char* json)
 {
-    AttributeList list;
-    Codec<AttributeList>::Read(Json::parse(json), list, "list");
+    VEXMELKAttributeValues list;
+    AttributesFromJson(Json::parse(json), list, "list");
     return list;
 }
 
-Json State(const AttributeList& list) { return Codec<AttributeList>::Write(list); }
+Json State(const VEXMELKAttributeValues& list) { return AttributesToJson(list); }
 
 // Opens the helpers of single attributes.
 class OpenCurb : public VEXMELKUFCurbConfig
@@ -43,7 +43,7 @@ TEST_F(AttributeTest, ValuesAndReadOnlyFlagsByKindAndType)
     for (const auto& [name, kind, value, readOnly] : Table<4>(CaseFile("kindsOfAttributes")))
     {
         SCOPED_TRACE(name + " as " + kind);
-        AttributeList list;
+        VEXMELKAttributeValues list;
         list.Append({std::stoi(kind), name.c_str(), list.NewAccess(), list.NewAccess(), list.NewAccess()});
         list[1].firstAccess->SetValueFromText("before");
         list[1].firstAccess->SetReadOnly(kind == "3");
@@ -60,7 +60,7 @@ TEST_F(AttributeTest, ColourRanges)
 {
     const char* const objects = R"([{"kind":2,"name":"scale","objects":[
         {"value":"v","ranges":[{"min":9}]}, {"value":"v","ranges":[{"min":9}]}, {"value":"v","ranges":[{"min":9}]}]}])";
-    AttributeList list = List(objects);
+    VEXMELKAttributeValues list = List(objects);
     EXPECT_TRUE(Config().FillCFGAttributes("Set", list));
     EXPECT_EQ(State(list), Json::parse(R"([{"kind":2,"name":"scale","objects":[
         {"value":"v","read_only":true,"ranges":[
@@ -73,7 +73,7 @@ TEST_F(AttributeTest, ColourRanges)
     EXPECT_THAT(TakeLog(), ElementsAre("(EE) Config: Missing max range value", "(EE) Config: Missing min range value",
                                "(EE) Config: Missing min color", "(EE) Config: Missing max color"));
 
-    AttributeList incomplete = List(R"([{"kind":2,"name":"scale","objects":[{"ranges":[{"min":9}]},{},null]}])");
+    VEXMELKAttributeValues incomplete = List(R"([{"kind":2,"name":"scale","objects":[{"ranges":[{"min":9}]},{},null]}])");
     EXPECT_TRUE(Config().FillCFGAttributes("Set", incomplete));
     EXPECT_EQ(incomplete[1].firstAccess->GetRangeCount(), 1) << "without all three objects nothing is read";
     EXPECT_TRUE(incomplete[1].secondAccess->IsReadOnly()) << "but for the flag";
@@ -90,7 +90,7 @@ TEST_F(AttributeTest, ColourRangesNeedAllThatTheyAreReadFromAndInto)
     ASSERT_TRUE(config->GetChildElementWithAttributeMap(scale, "range", range, rangeMap));
     for (const std::string lacking : {"first", "second", "third", "map", "element"})
     {
-        AttributeList list = List(R"([{"kind":2,"name":"scale","objects":[{"ranges":[{}]},{"ranges":[{}]},{}]}])");
+        VEXMELKAttributeValues list = List(R"([{"kind":2,"name":"scale","objects":[{"ranges":[{}]},{"ranges":[{}]},{}]}])");
         const Json before = State(list);
         const VEXMELKCFGAttributeStr& all = list[1];
         VEXMELKCFGAttributeStr some = {all.kind, all.name, lacking == "first" ? nullptr : all.firstAccess,
@@ -112,7 +112,7 @@ TEST_F(AttributeTest, InitMakesEditableFirstAndFollowsTheSettingsOfTheStandard)
         {"kind":1,"name":"none","objects":[{"value":"v","read_only":true}]}])";
     for (const auto& [standard, result, value] : Table<3>("S|1|12.5%\nT|0|v\nunknown|0|v"))
     {
-        AttributeList list = List(json);
+        VEXMELKAttributeValues list = List(json);
         EXPECT_EQ(Config().InitStandardData(standard.c_str(), list), std::stoi(result)) << standard;
         EXPECT_EQ(list[1].firstAccess->GetText(), value) << standard;
         for (const auto* access :
@@ -121,7 +121,7 @@ TEST_F(AttributeTest, InitMakesEditableFirstAndFollowsTheSettingsOfTheStandard)
         EXPECT_EQ(list[5].firstAccess->GetText(), "v") << "values are not cleared";
         EXPECT_EQ(list.Size(), 5);
     }
-    AttributeList list = List(json);
+    VEXMELKAttributeValues list = List(json);
     EXPECT_TRUE(Config().FillCFGAttributes("no such settings", list));
     EXPECT_EQ(list[1].firstAccess->GetText(), "v");
     EXPECT_TRUE(list[1].firstAccess->IsReadOnly());
@@ -131,7 +131,7 @@ TEST_F(AttributeTest, CustomerSettingsHideThoseOfTheBaseFile)
 {
     directory.Write("Customer/OVA/UFCurb.xml", Document("<DefaultSettings><Settings name='Own'><parameter "
                                                         "name='simple' value='own'/></Settings></DefaultSettings>"));
-    AttributeList list = List(R"([{"kind":0,"name":"simple","objects":[{"value":"v"}]}])");
+    VEXMELKAttributeValues list = List(R"([{"kind":0,"name":"simple","objects":[{"value":"v"}]}])");
     EXPECT_TRUE(Config().FillCFGAttributes("Set", list));
     EXPECT_EQ(list[1].firstAccess->GetText(), "v");
     EXPECT_TRUE(Config().FillCFGAttributes("Own", list));
@@ -141,7 +141,7 @@ TEST_F(AttributeTest, CustomerSettingsHideThoseOfTheBaseFile)
 TEST_F(AttributeTest, TraceTellsWhatWasRead)
 {
     VEXMELKLog::SetLevel(0);
-    AttributeList list = List(R"([{"kind":0,"name":"typed","objects":[{}]},{"kind":1,"name":"simple","objects":[{}]},
+    VEXMELKAttributeValues list = List(R"([{"kind":0,"name":"typed","objects":[{}]},{"kind":1,"name":"simple","objects":[{}]},
         {"kind":2,"name":"list","objects":[{},{},{}]},{"kind":1,"name":"list","objects":[{}]},
         {"kind":0,"name":"scale","objects":[{}]},{"kind":2,"name":"scale","objects":[{},{},{}]},
         {"kind":2,"name":"plain","objects":[{},{},{}]}])");
@@ -158,7 +158,7 @@ TEST_F(AttributeTest, TraceTellsWhatWasRead)
 TEST_F(AttributeTest, CommasOfTheApplicationReadTheSame)
 {
     VEXMELKUtilities::SetCommaDelimeter(1);
-    AttributeList list = List(R"([{"kind":2,"name":"scale","objects":[{},{},{}]},
+    VEXMELKAttributeValues list = List(R"([{"kind":2,"name":"scale","objects":[{},{},{}]},
         {"kind":0,"name":"simple","objects":[{}]}])");
     EXPECT_TRUE(Config().FillCFGAttributes("Set", list));
     EXPECT_EQ(list[1].firstAccess->GetRange(1).Maximum, 1500.0);
