@@ -13,6 +13,7 @@
 // A record and the attributes that fill it. A field is written ATTRIBUTE:KIND=WHEN_MISSING>FIELD, where all but the
 // attribute may be left out. Kinds:
 //     none, mm, deg                 a text, with that unit; "" when missing
+//     written                       a text that nothing is done to
 //     flag, number, integer         false or 0 when missing
 //     millimetres, metres, radians  a number from a length or an angle
 //     percent, usage                a hundredth of the number; the role that a text stands for
@@ -165,7 +166,7 @@ private:
         std::string name;
 
         bool IsSwitch() const { return kind == "flag" || kind == "usage"; }
-        bool IsText() const { return kind.empty() || kind == "mm" || kind == "deg" || kind == "unread"; }
+        bool IsText() const { return kind.empty() || kind == "mm" || kind == "deg" || kind == "unread" || kind == "written"; }
         Json Before() const
         {
             if (kind == "flag")
@@ -195,6 +196,8 @@ private:
         }
         std::string WithUnit(const std::string& text, bool comma) const
         {
+            if (kind == "written")
+                return text;
             const bool isNumber = std::isdigit(static_cast<unsigned char>(text.back())) != 0;
             return (comma ? Replaced(text, ".", ",") : text) + (isNumber ? kind : "");
         }

@@ -65,7 +65,8 @@ const std::vector<Configuration>& AllConfigurations()
             Configuration configuration{std::string(description.name), {}, std::string(description.file),
                 description.layout == VEXMELKLayout::Single, entry.get, {}};
             for (const std::string_view key : entry.keys)
-                configuration.keys.emplace_back(key);
+                if (!key.empty())
+                    configuration.keys.emplace_back(key);
             for (const VEXMELKDescription* level = &description; level; level = level->base)
                 for (const VEXMELKOperation& operation : level->operations)
                     if (std::none_of(configuration.operations.begin(), configuration.operations.end(),
