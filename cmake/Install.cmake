@@ -7,7 +7,7 @@ if(MELK_TOOL)
 endif()
 
 set(header_directory ${CMAKE_INSTALL_INCLUDEDIR}/VEXMELKConfiguration)
-install(DIRECTORY include/ DESTINATION ${header_directory} FILES_MATCHING PATTERN "*.h")
+install(DIRECTORY include/ description/ DESTINATION ${header_directory} FILES_MATCHING PATTERN "*.h")
 if(NOT MELK_HOST_PLATFORM)
     # The interfaces, without what only the parser itself includes.
     file(GLOB interface_headers CONFIGURE_DEPENDS platform/*/*.h siblings/*/*.h)

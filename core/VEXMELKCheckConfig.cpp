@@ -6,7 +6,7 @@
 #include <array>
 
 static constexpr VEXMELKOperation operations[] = {
-    VEXMELKDescribe<&VEXMELKCheckConfig::GetStandardNames>("GetStandardNames", Output("names"), category,
+    VEXMELKDescribe<&VEXMELKCheckConfig::GetStandardNames>("GetStandardNames", Output("names"), categoryArgument,
         VEXMELKParameter{.name = "unordered", .role = VEXMELKRole::Switch},
         VEXMELKParameter{.name = "maxLevel", .role = VEXMELKRole::Level}),
 };

@@ -55,12 +55,12 @@ using SettingsNameOf = unsigned char (VEXMELKConfig::*)(const CATUnicodeString&,
 } // namespace
 
 static constexpr VEXMELKOperation operations[] = {
-    VEXMELKDescribe<&VEXMELKConfig::GetLoading>("GetLoading", standard, Output("loading"), category,
+    VEXMELKDescribe<&VEXMELKConfig::GetLoading>("GetLoading", standardArgument, Output("loading"), categoryArgument,
         VEXMELKParameter{.name = "rear", .role = VEXMELKRole::Switch}),
     VEXMELKDescribe<static_cast<SettingsNameOf>(&VEXMELKConfig::GetDefaultSettingsName)>(
-        "GetDefaultSettingsName", standard, Output("name")),
-    VEXMELKDescribe<&VEXMELKConfig::FindStandardLevel>("FindStandardLevel", standard),
-    VEXMELKDescribe<&VEXMELKConfig::InitStandardData>("InitStandardData", standard, Output("attributes")),
+        "GetDefaultSettingsName", standardArgument, Output("name")),
+    VEXMELKDescribe<&VEXMELKConfig::FindStandardLevel>("FindStandardLevel", standardArgument),
+    VEXMELKDescribe<&VEXMELKConfig::InitStandardData>("InitStandardData", standardArgument, Output("attributes")),
     VEXMELKDescribe<&VEXMELKConfig::FillCFGAttributes>(
         "FillCFGAttributes", VEXMELKParameter{.name = "settings", .role = VEXMELKRole::Settings}, Output("attributes")),
 };
@@ -181,64 +181,82 @@ void VEXMELKConfig::ReportMissingFile(const CATUnicodeString& filePath)
 {
     if (!m_ShowErrors)
         return;
+    m_ShowErrors = 0;
     VEXMELKGUI::ShowError(filePath + VEXMELKUtilities::GetNLSMessage("NotFoundCFGFile.MSG") + "\n" +
                               VEXMELKUtilities::GetNLSMessage("CheckCFGDir.MSG"),
         "Error", 0, nullptr);
-    m_ShowErrors = 0;
+}
+
+bool VEXMELKConfig::MayExist(const CATUnicodeString& filePath) const
+{
+    return !m_XMLFilePath.IsEmpty() && VEXMELKUtilities::FileExists(filePath);
 }
 
 unsigned char VEXMELKConfig::GetRootDOMElement(CATIDOMElement_var& root)
 {
+    const BoxScope box(*this);
     const CATUnicodeString filePath = m_XMLFilePath + "\\" + m_XMLFileName;
-    if (VEXMELKUtilities::FileExists(filePath))
+    if (MayExist(filePath))
         return GetRootDOMElement(filePath, root);
     ReportMissingFile(filePath);
     return 0;
 }
 
-unsigned char VEXMELKConfig::HasDocuments()
+VEXMELKConfig::LoadResult VEXMELKConfig::Load()
 {
+    if (m_Query.load != LoadResult::Loaded)
+        return m_Query.load;
     if (m_spRootElement != NULL_var)
-        return 1;
-    const bool loaded = !m_LoadFailed && LoadDocuments();
-    m_LoadFailed = !loaded && m_RunningQueries > 0;
-    return loaded;
+        return LoadResult::Loaded;
+    const LoadResult result = LoadDocuments();
+    if (m_Query.running > 0)
+        m_Query.load = result;
+    return result;
 }
 
 unsigned char VEXMELKConfig::GetRootDOMElements(VEXMELKRootDOMElementsDefinition& roots)
 {
-    if (!HasDocuments())
+    const LoadResult result = Load();
+    if (result == LoadResult::Missing)
         return 0;
-    roots.DefaultRootElement = m_spRootElement;
-    roots.CustomerRootElement = m_spCustomerRootElement;
-    return 1;
+    const bool loaded = result == LoadResult::Loaded;
+    roots.DefaultRootElement = loaded ? m_spRootElement : NULL_var;
+    roots.CustomerRootElement = loaded ? m_spCustomerRootElement : NULL_var;
+    return loaded;
 }
 
 // Nothing is kept of a load that fails in either document, so nothing of the "Default" file is handed out in the place
 // of a broken "Customer" file.
-unsigned char VEXMELKConfig::LoadDocuments()
+VEXMELKConfig::LoadResult VEXMELKConfig::LoadDocuments()
 {
+    // A host that asks again inside every box comes to an end.
+    constexpr int mostBoxes = 2;
+    if (m_Query.boxes >= mostBoxes)
+        return LoadResult::Broken;
+    const BoxScope box(*this);
     CATIDOMElement_var root;
     CATIDOMElement_var customerRoot;
     const CATUnicodeString defaultFile = CATMakePath(m_XMLFilePath + "\\" + "Default", m_XMLFileName);
-    if (VEXMELKUtilities::FileExists(defaultFile))
+    if (MayExist(defaultFile))
     {
         const CATUnicodeString customerFile = CATMakePath(m_XMLFilePath + "\\" + "Customer", m_XMLFileName);
         if (!GetRootDOMElement(defaultFile, root) ||
-            (VEXMELKUtilities::FileExists(customerFile) && !GetRootDOMElement(customerFile, customerRoot)))
-            return 0;
+            (MayExist(customerFile) && !GetRootDOMElement(customerFile, customerRoot)))
+            return LoadResult::Broken;
     }
     else
     {
         const CATUnicodeString singleFile = CATMakePath(m_XMLFilePath, m_XMLFileName);
-        if (!VEXMELKUtilities::FileExists(singleFile))
+        if (!MayExist(singleFile))
         {
             ReportMissingFile(singleFile);
-            return 0;
+            return LoadResult::Missing;
         }
         if (!GetRootDOMElement(singleFile, root))
-            return 0;
+            return LoadResult::Broken;
     }
+    if (m_spRootElement != NULL_var) // loaded by a query inside a box, from newer files
+        return LoadResult::Loaded;
 
     auto catalogue = std::make_shared<VEXMELKStandardCatalogue>();
     if (customerRoot != NULL_var)
@@ -248,7 +266,7 @@ unsigned char VEXMELKConfig::LoadDocuments()
     m_Catalogue = catalogue;
     m_spRootElement = root;
     m_spCustomerRootElement = customerRoot;
-    return 1;
+    return LoadResult::Loaded;
 }
 
 // The customer document has no say in the levels.
@@ -288,7 +306,7 @@ void VEXMELKConfig::ReportFailure(const char* reason) noexcept
     {
         VEXMELKGUI::ShowError(CATUnicodeString("The configuration query failed: ") + reason, "Error", 0, nullptr);
     }
-    catch (const std::exception&) // not even the box could be shown
+    catch (...) // not even the box could be shown
     {
     }
 }
@@ -347,8 +365,9 @@ CATIDOMElement_var VEXMELKConfig::CategoryOrObsolete(
         return found;
     if (data.standard != NULL_var && !m_ObsoleteFormatWarned)
     {
-        VEXMELKGUI::ShowWarning(VEXMELKUtilities::GetNLSMessage("ObsoleteCfgFormat.MSG"), "Warning", 0, nullptr);
+        const BoxScope box(*this);
         m_ObsoleteFormatWarned = 1;
+        VEXMELKGUI::ShowWarning(VEXMELKUtilities::GetNLSMessage("ObsoleteCfgFormat.MSG"), "Warning", 0, nullptr);
     }
     return data.standard;
 }

@@ -77,7 +77,7 @@ class VEXMELKConfigManager::List
     template <auto Member> static auto* Get(Manager& manager)
     {
         if constexpr (isOwned<Member>)
-            return manager.Obtain(manager.*Member);
+            return manager.Obtain(Member);
         else
             return manager.*Member;
     }
@@ -192,8 +192,12 @@ bool VEXMELKConfigManager::WritesCommas()
 
 void VEXMELKConfigManager::ReleaseConfigManager()
 {
-    ReleaseAndClear(m_Configuration);
-    ReleaseAndClear(m_TestConfiguration);
+    for (VEXMELKConfigManager** manager : {&m_Configuration, &m_TestConfiguration})
+    {
+        if (*manager)
+            (*manager)->m_IsReleased = true;
+        ReleaseAndClear(*manager);
+    }
 }
 
 void VEXMELKConfigManager::ReleaseConfigManager(VEXMELKConfigManager* manager)
@@ -248,123 +252,223 @@ long VEXMELKConfigManager::GetBaseDataDBPath(CATUnicodeString& path, CATUnicodeS
 
 unsigned char VEXMELKConfigManager::CommaDelimiter() const { return m_CommaDelimiter; }
 
-template <class Config> Config* VEXMELKConfigManager::Obtain(Config*& member)
+// The directory is asked for first: that may show a box, in which the host may ask for the same object, or have this
+// manager released. The object then belongs to the manager that has taken its place.
+template <class Config> Config* VEXMELKConfigManager::Obtain(Config* VEXMELKConfigManager::*member)
 {
+    if (this->*member)
+        return this->*member;
+    AddRef();
+    Config* obtained = nullptr;
     try
     {
-        if (!member)
-            member = new Config(GetXMLFilePath());
+        const CATUnicodeString directory = GetXMLFilePath();
+        VEXMELKConfigManager* owner = m_IsReleased ? GetCurrentManager() : this;
+        if (owner && !(owner->*member))
+            owner->*member = new Config(directory);
+        obtained = owner ? owner->*member : nullptr;
     }
-    catch (const std::exception&) // no memory: the next request tries again
+    catch (...) // no memory, or the settings of the host failed: the next request tries again
     {
     }
-    return member;
+    Release();
+    return obtained;
 }
 
-VEXMELKBaseDataConfig* VEXMELKConfigManager::GetBaseDataConfig() { return Obtain(m_BaseDataConfig); }
+VEXMELKBaseDataConfig* VEXMELKConfigManager::GetBaseDataConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_BaseDataConfig);
+}
 
-VEXMELKUFSlopeAngleConfig* VEXMELKConfigManager::GetUFSlopeAngleConfig() { return Obtain(m_UFSlopeAngleConfig); }
+VEXMELKUFSlopeAngleConfig* VEXMELKConfigManager::GetUFSlopeAngleConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_UFSlopeAngleConfig);
+}
 
-VEXMELKUFInnerAngleConfig* VEXMELKConfigManager::GetUFInnerAngleConfig() { return Obtain(m_UFInnerAngleConfig); }
+VEXMELKUFInnerAngleConfig* VEXMELKConfigManager::GetUFInnerAngleConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_UFInnerAngleConfig);
+}
 
-VEXMELKUFCurbConfig* VEXMELKConfigManager::GetUFCurbConfig() { return Obtain(m_UFCurbConfig); }
+VEXMELKUFCurbConfig* VEXMELKConfigManager::GetUFCurbConfig() { return Obtain(&VEXMELKConfigManager::m_UFCurbConfig); }
 
-VEXMELKUFDynamicCurbConfig* VEXMELKConfigManager::GetUFDynamicCurbConfig() { return Obtain(m_UFDynamicCurbConfig); }
+VEXMELKUFDynamicCurbConfig* VEXMELKConfigManager::GetUFDynamicCurbConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_UFDynamicCurbConfig);
+}
 
-VEXMELKUFSpaceToRoadConfig* VEXMELKConfigManager::GetUFSpaceToRoadConfig() { return Obtain(m_UFSpaceToRoadConfig); }
+VEXMELKUFSpaceToRoadConfig* VEXMELKConfigManager::GetUFSpaceToRoadConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_UFSpaceToRoadConfig);
+}
 
-VEXMELKUFOilTubConfig* VEXMELKConfigManager::GetUFOilTubConfig() { return Obtain(m_UFOilTubConfig); }
+VEXMELKUFOilTubConfig* VEXMELKConfigManager::GetUFOilTubConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_UFOilTubConfig);
+}
 
-VEXMELKUFWheelFixingConfig* VEXMELKConfigManager::GetUFWheelFixingConfig() { return Obtain(m_UFWheelFixingConfig); }
+VEXMELKUFWheelFixingConfig* VEXMELKConfigManager::GetUFWheelFixingConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_UFWheelFixingConfig);
+}
 
-VEXMELKUFCompleteConfig* VEXMELKConfigManager::GetUFCompleteConfig() { return Obtain(m_UFCompleteConfig); }
+VEXMELKUFCompleteConfig* VEXMELKConfigManager::GetUFCompleteConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_UFCompleteConfig);
+}
 
-VEXMELKNumberPlatesConfig* VEXMELKConfigManager::GetNumberPlatesConfig() { return Obtain(m_NumberPlatesConfig); }
+VEXMELKNumberPlatesConfig* VEXMELKConfigManager::GetNumberPlatesConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_NumberPlatesConfig);
+}
 
-VEXMELKLampPositionsConfig* VEXMELKConfigManager::GetLampPositionsConfig() { return Obtain(m_LampPositionsConfig); }
+VEXMELKLampPositionsConfig* VEXMELKConfigManager::GetLampPositionsConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_LampPositionsConfig);
+}
 
-VEXMELKBumpersConfig* VEXMELKConfigManager::GetBumpersConfig() { return Obtain(m_BumpersConfig); }
+VEXMELKBumpersConfig* VEXMELKConfigManager::GetBumpersConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_BumpersConfig);
+}
 
-VEXMELKWheelCoveringConfig* VEXMELKConfigManager::GetWheelCoveringConfig() { return Obtain(m_WheelCoveringConfig); }
+VEXMELKWheelCoveringConfig* VEXMELKConfigManager::GetWheelCoveringConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_WheelCoveringConfig);
+}
 
-VEXMELKSeatingBeltsConfig* VEXMELKConfigManager::GetSeatingBeltsConfig() { return Obtain(m_SeatingBeltsConfig); }
+VEXMELKSeatingBeltsConfig* VEXMELKConfigManager::GetSeatingBeltsConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_SeatingBeltsConfig);
+}
 
 VEXMELKChildProtectionConfig* VEXMELKConfigManager::GetChildProtectionConfig()
 {
-    return Obtain(m_ChildProtectionConfig);
+    return Obtain(&VEXMELKConfigManager::m_ChildProtectionConfig);
 }
 
-VEXMELKFreeSpaceConfig* VEXMELKConfigManager::GetFreeSpaceConfig() { return Obtain(m_FreeSpaceConfig); }
+VEXMELKFreeSpaceConfig* VEXMELKConfigManager::GetFreeSpaceConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_FreeSpaceConfig);
+}
 
-VEXMELKCrashBarriersConfig* VEXMELKConfigManager::GetCrashBarriersConfig() { return Obtain(m_CrashBarriersConfig); }
+VEXMELKCrashBarriersConfig* VEXMELKConfigManager::GetCrashBarriersConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_CrashBarriersConfig);
+}
 
-VEXMELKEyeEllipsesConfig* VEXMELKConfigManager::GetEyeEllipsesConfig() { return Obtain(m_EyeEllipsesConfig); }
+VEXMELKEyeEllipsesConfig* VEXMELKConfigManager::GetEyeEllipsesConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_EyeEllipsesConfig);
+}
 
-VEXMELKEyePointsConfig* VEXMELKConfigManager::GetEyePointsConfig() { return Obtain(m_EyePointsConfig); }
+VEXMELKEyePointsConfig* VEXMELKConfigManager::GetEyePointsConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_EyePointsConfig);
+}
 
 VEXMELKExtendedEyePointsConfig* VEXMELKConfigManager::GetExtendedEyePointsConfig()
 {
-    return Obtain(m_ExtendedEyePointsConfig);
+    return Obtain(&VEXMELKConfigManager::m_ExtendedEyePointsConfig);
 }
 
-VEXMELKHeadContourConfig* VEXMELKConfigManager::GetHeadContourConfig() { return Obtain(m_HeadContourConfig); }
+VEXMELKHeadContourConfig* VEXMELKConfigManager::GetHeadContourConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_HeadContourConfig);
+}
 
 VEXMELKSRPLocationCurvesConfig* VEXMELKConfigManager::GetSRPLocationCurvesConfig()
 {
-    return Obtain(m_SRPLocationCurvesConfig);
+    return Obtain(&VEXMELKConfigManager::m_SRPLocationCurvesConfig);
 }
 
 VEXMELKManikinTemplateConfig* VEXMELKConfigManager::GetManikinTemplateConfig()
 {
-    return Obtain(m_ManikinTemplateConfig);
+    return Obtain(&VEXMELKConfigManager::m_ManikinTemplateConfig);
 }
 
-VEXMELKFieldsOfViewConfig* VEXMELKConfigManager::GetFieldsOfViewConfig() { return Obtain(m_FieldsOfViewConfig); }
+VEXMELKFieldsOfViewConfig* VEXMELKConfigManager::GetFieldsOfViewConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_FieldsOfViewConfig);
+}
 
-VEXMELKERFieldsOfViewConfig* VEXMELKConfigManager::GetERFieldsOfViewConfig() { return Obtain(m_ERFieldsOfViewConfig); }
+VEXMELKERFieldsOfViewConfig* VEXMELKConfigManager::GetERFieldsOfViewConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_ERFieldsOfViewConfig);
+}
 
-VEXMELKCRVConfig* VEXMELKConfigManager::GetCRVConfig() { return Obtain(m_CRVConfig); }
+VEXMELKCRVConfig* VEXMELKConfigManager::GetCRVConfig() { return Obtain(&VEXMELKConfigManager::m_CRVConfig); }
 
-VEXMELKVisionPointsConfig* VEXMELKConfigManager::GetVisionPointsConfig() { return Obtain(m_VisionPointsConfig); }
+VEXMELKVisionPointsConfig* VEXMELKConfigManager::GetVisionPointsConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_VisionPointsConfig);
+}
 
-VEXMELKVisionConeConfig* VEXMELKConfigManager::GetVisionConeConfig() { return Obtain(m_VisionConeConfig); }
+VEXMELKVisionConeConfig* VEXMELKConfigManager::GetVisionConeConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_VisionConeConfig);
+}
 
-VEXMELKPyramidConfig* VEXMELKConfigManager::GetPyramidConfig() { return Obtain(m_PyramidConfig); }
+VEXMELKPyramidConfig* VEXMELKConfigManager::GetPyramidConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_PyramidConfig);
+}
 
-VEXMELKAPillarConfig* VEXMELKConfigManager::GetAPillarConfig() { return Obtain(m_APillarConfig); }
+VEXMELKAPillarConfig* VEXMELKConfigManager::GetAPillarConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_APillarConfig);
+}
 
-VEXMELKMirrorConfig* VEXMELKConfigManager::GetMirrorConfig() { return Obtain(m_MirrorConfig); }
+VEXMELKMirrorConfig* VEXMELKConfigManager::GetMirrorConfig() { return Obtain(&VEXMELKConfigManager::m_MirrorConfig); }
 
 VEXMELKPedestrianProtectionConfig* VEXMELKConfigManager::GetPedestrianProtectionConfig()
 {
-    return Obtain(m_PedestrianProtectionConfig);
+    return Obtain(&VEXMELKConfigManager::m_PedestrianProtectionConfig);
 }
 
-VEXMELKHeadImpactConfig* VEXMELKConfigManager::GetHeadImpactConfig() { return Obtain(m_HeadImpactConfig); }
+VEXMELKHeadImpactConfig* VEXMELKConfigManager::GetHeadImpactConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_HeadImpactConfig);
+}
 
-VEXMELKPPOffsetConfig* VEXMELKConfigManager::GetPPOffsetConfig() { return Obtain(m_PPOffsetConfig); }
+VEXMELKPPOffsetConfig* VEXMELKConfigManager::GetPPOffsetConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_PPOffsetConfig);
+}
 
 VEXMELKOpticalPropsOfWSConfig* VEXMELKConfigManager::GetOpticalPropsOfWSConfig() { return m_OpticalPropsOfWSConfig; }
 
 VEXMELKOpticalDistortionConfig* VEXMELKConfigManager::GetOpticalDistortionConfig()
 {
-    return Obtain(m_OpticalDistortionConfig);
+    return Obtain(&VEXMELKConfigManager::m_OpticalDistortionConfig);
 }
 
 VEXMELKMultipleReflectionConfig* VEXMELKConfigManager::GetMultipleReflectionConfig()
 {
-    return Obtain(m_MultipleReflectionConfig);
+    return Obtain(&VEXMELKConfigManager::m_MultipleReflectionConfig);
 }
 
-VEXMELKDirectViewConfig* VEXMELKConfigManager::GetDirectViewConfig() { return Obtain(m_DirectViewConfig); }
+VEXMELKDirectViewConfig* VEXMELKConfigManager::GetDirectViewConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_DirectViewConfig);
+}
 
-VEXMELKDirectView3DConfig* VEXMELKConfigManager::GetDirectView3DConfig() { return Obtain(m_DirectView3DConfig); }
+VEXMELKDirectView3DConfig* VEXMELKConfigManager::GetDirectView3DConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_DirectView3DConfig);
+}
 
-VEXMELKWipersConfig* VEXMELKConfigManager::GetWipersConfig() { return Obtain(m_WipersConfig); }
+VEXMELKWipersConfig* VEXMELKConfigManager::GetWipersConfig() { return Obtain(&VEXMELKConfigManager::m_WipersConfig); }
 
-VEXMELKDBAccessConfig* VEXMELKConfigManager::GetDBAccessConfig() { return Obtain(m_DBAccessConfig); }
+VEXMELKDBAccessConfig* VEXMELKConfigManager::GetDBAccessConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_DBAccessConfig);
+}
 
-VEXMELKReportGenConfig* VEXMELKConfigManager::GetReportGenConfig() { return Obtain(m_ReportGenConfig); }
+VEXMELKReportGenConfig* VEXMELKConfigManager::GetReportGenConfig()
+{
+    return Obtain(&VEXMELKConfigManager::m_ReportGenConfig);
+}
 
 VEXMELKCheckConfig* VEXMELKConfigManager::GetConfig(const CATUnicodeString& name)
 {

@@ -26,7 +26,7 @@ template <> constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(ta
 
 static constexpr VEXMELKOperation operations[] = {
     VEXMELKDescribe<&VEXMELKUFCompleteConfig::GetStandardData>(
-        "GetStandardData", standard, category, Output("definition")),
+        "GetStandardData", standardArgument, categoryArgument, Output("definition")),
 };
 
 constinit const VEXMELKDescription VEXMELKUFCompleteConfig::description{

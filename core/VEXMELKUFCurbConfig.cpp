@@ -22,7 +22,8 @@ constexpr const VEXMELKElement* elements[] = {&categories};
 template <> constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(table);
 
 static constexpr VEXMELKOperation operations[] = {
-    VEXMELKDescribe<&VEXMELKUFCurbConfig::GetStandardData>("GetStandardData", standard, category, Output("definition")),
+    VEXMELKDescribe<&VEXMELKUFCurbConfig::GetStandardData>(
+        "GetStandardData", standardArgument, categoryArgument, Output("definition")),
 };
 
 constinit const VEXMELKDescription VEXMELKUFCurbConfig::description{

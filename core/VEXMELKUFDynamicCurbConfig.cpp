@@ -15,7 +15,8 @@ constexpr const VEXMELKElement* elements[] = {&categories};
 } // namespace
 
 static constexpr VEXMELKOperation operations[] = {
-    VEXMELKDescribe<&VEXMELKUFDynamicCurbConfig::GetStandardData>("GetStandardData", standard, category, table),
+    VEXMELKDescribe<&VEXMELKUFDynamicCurbConfig::GetStandardData>(
+        "GetStandardData", standardArgument, categoryArgument, table),
 };
 
 constinit const VEXMELKDescription VEXMELKUFDynamicCurbConfig::description{

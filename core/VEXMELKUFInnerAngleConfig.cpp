@@ -14,7 +14,8 @@ constexpr const VEXMELKElement* elements[] = {&categories};
 } // namespace
 
 static constexpr VEXMELKOperation operations[] = {
-    VEXMELKDescribe<&VEXMELKUFInnerAngleConfig::GetStandardData>("GetStandardData", standard, category, table),
+    VEXMELKDescribe<&VEXMELKUFInnerAngleConfig::GetStandardData>(
+        "GetStandardData", standardArgument, categoryArgument, table),
 };
 
 constinit const VEXMELKDescription VEXMELKUFInnerAngleConfig::description{

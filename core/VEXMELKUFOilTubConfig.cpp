@@ -15,7 +15,8 @@ constexpr const VEXMELKElement* elements[] = {&categories};
 } // namespace
 
 static constexpr VEXMELKOperation operations[] = {
-    VEXMELKDescribe<&VEXMELKUFOilTubConfig::GetStandardData>("GetStandardData", standard, category, table),
+    VEXMELKDescribe<&VEXMELKUFOilTubConfig::GetStandardData>(
+        "GetStandardData", standardArgument, categoryArgument, table),
 };
 
 constinit const VEXMELKDescription VEXMELKUFOilTubConfig::description{

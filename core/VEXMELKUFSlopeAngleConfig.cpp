@@ -14,7 +14,8 @@ constexpr const VEXMELKElement* elements[] = {&categories};
 } // namespace
 
 static constexpr VEXMELKOperation operations[] = {
-    VEXMELKDescribe<&VEXMELKUFSlopeAngleConfig::GetStandardData>("GetStandardData", standard, category, table),
+    VEXMELKDescribe<&VEXMELKUFSlopeAngleConfig::GetStandardData>(
+        "GetStandardData", standardArgument, categoryArgument, table),
 };
 
 constinit const VEXMELKDescription VEXMELKUFSlopeAngleConfig::description{

@@ -18,7 +18,8 @@ constexpr const VEXMELKElement* elements[] = {&categories};
 } // namespace
 
 static constexpr VEXMELKOperation operations[] = {
-    VEXMELKDescribe<&VEXMELKUFSpaceToRoadConfig::GetStandardData>("GetStandardData", standard, category, table),
+    VEXMELKDescribe<&VEXMELKUFSpaceToRoadConfig::GetStandardData>(
+        "GetStandardData", standardArgument, categoryArgument, table),
 };
 
 constinit const VEXMELKDescription VEXMELKUFSpaceToRoadConfig::description{

@@ -50,9 +50,10 @@ constexpr auto VEXMELKFieldsOf<Eyes> = VEXMELKFieldList<Eyes>(
     eyesTable, percentilTable, VEXMELKComputed<&Eyes::EyesType>());
 
 static constexpr VEXMELKOperation operations[] = {
-    VEXMELKDescribe<&VEXMELKUnderfloorConfig::GetEyes>("GetEyes", standard, Output("eyes")),
-    VEXMELKDescribe<&VEXMELKUnderfloorConfig::GetPointToPick>("GetPointToPick", standard, category, pointTable),
-    VEXMELKDescribe<&VEXMELKUnderfloorConfig::UseStaticRadius>("UseStaticRadius", standard, radiusTable),
+    VEXMELKDescribe<&VEXMELKUnderfloorConfig::GetEyes>("GetEyes", standardArgument, Output("eyes")),
+    VEXMELKDescribe<&VEXMELKUnderfloorConfig::GetPointToPick>(
+        "GetPointToPick", standardArgument, categoryArgument, pointTable),
+    VEXMELKDescribe<&VEXMELKUnderfloorConfig::UseStaticRadius>("UseStaticRadius", standardArgument, radiusTable),
 };
 
 constinit const VEXMELKDescription VEXMELKUnderfloorConfig::description{

@@ -179,8 +179,8 @@ constexpr VEXMELKOperation VEXMELKDescribe(std::string_view name, const Parts&..
 // The usual parameters.
 namespace VEXMELKParameters {
 
-inline constexpr VEXMELKParameter standard{.name = "standard", .role = VEXMELKRole::Standard};
-inline constexpr VEXMELKParameter category{.name = "category", .role = VEXMELKRole::Category};
+inline constexpr VEXMELKParameter standardArgument{.name = "standard", .role = VEXMELKRole::Standard};
+inline constexpr VEXMELKParameter categoryArgument{.name = "category", .role = VEXMELKRole::Category};
 constexpr VEXMELKParameter Output(std::string_view name, std::string_view unit = {})
 {
     return {.name = name, .unit = unit};

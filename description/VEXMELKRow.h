@@ -129,6 +129,13 @@ template <class Record> struct VEXMELKRowOf
     VEXMELKField<Record> field;
 };
 
+namespace VEXMELKRowDetail {
+
+// Not constexpr: a description that comes here is not a constant, and its compilation ends with this call.
+inline void DoesNotCompile(const char* /*why*/) {}
+
+} // namespace VEXMELKRowDetail
+
 // The rows that are read from one element into one record.
 template <class Record, std::size_t Size> class VEXMELKTable
 {
@@ -165,7 +172,7 @@ private:
         const bool isText = row.form == VEXMELKForm::Text;
         const bool isFlag = row.form == VEXMELKForm::Flag;
         if (isText != std::is_same_v<Output, CATUnicodeString> || isFlag != std::is_same_v<Output, unsigned char>)
-            throw "the output has another type than its row";
+            VEXMELKRowDetail::DoesNotCompile("the output has another type than its row");
     }
 };
 
@@ -248,6 +255,13 @@ constexpr void Apply(VEXMELKRow& row, const Fills& option) { row.field = option.
 constexpr void Apply(VEXMELKRow& row, AsWritten /*option*/) { row.isAsWritten = true; }
 constexpr void Apply(VEXMELKRow& row, Secret /*option*/) { row.isSecret = true; }
 
+template <auto Field> constexpr auto Checked(bool fits)
+{
+    if (!fits)
+        VEXMELKRowDetail::DoesNotCompile("the field has another type than its row");
+    return Field;
+}
+
 // A row that fills a field, or with the field left out (void) an output or nothing.
 template <auto Field, class... Options> constexpr auto MakeRow(VEXMELKRow row, Options... options)
 {
@@ -264,15 +278,15 @@ template <auto Field, class... Options> constexpr auto MakeRow(VEXMELKRow row, O
         const bool isText = row.form == VEXMELKForm::Text;
         const bool isInteger = row.form == VEXMELKForm::Integer || row.form == VEXMELKForm::Word;
         if constexpr (std::is_same_v<Value, CATUnicodeString>)
-            made.access.text = isText ? Field : throw "a text takes a row that is handed out as a text";
+            made.access.text = Checked<Field>(isText);
         else if constexpr (std::is_same_v<Value, double>)
-            made.access.number = !isText && !isInteger ? Field : throw "a number takes a row that is one";
+            made.access.number = Checked<Field>(!isText && !isInteger);
         else if (isInteger)
             made.access.assign = [](Record& record, int value) { record.*Field = static_cast<Value>(value); };
         else if constexpr (std::is_same_v<Value, unsigned char>)
-            made.access.flag = row.form == VEXMELKForm::Flag ? Field : throw "a flag takes a row that is one";
+            made.access.flag = Checked<Field>(row.form == VEXMELKForm::Flag);
         else
-            throw "the field has another type than its row";
+            VEXMELKRowDetail::DoesNotCompile("the field has another type than its row");
         return made;
     }
 }
@@ -412,7 +426,7 @@ public:
     constexpr FieldArray<Record> All() const
     {
         if (m_Count != m_Fields.size())
-            throw "a field of the record is not described";
+            DoesNotCompile("a field of the record is not described");
         return m_Fields;
     }
 
@@ -433,7 +447,7 @@ private:
     constexpr void AddNew(const VEXMELKField<Record>& field)
     {
         if (Has(field))
-            throw "a field of the record is described twice";
+            DoesNotCompile("a field of the record is described twice");
         AddField(field);
     }
 

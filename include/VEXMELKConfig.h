@@ -3,8 +3,10 @@
 // An object stands for one XML file NAME below a configuration directory DIR, in one of two layouts:
 //   split   DIR\Default\NAME, and optionally DIR\Customer\NAME, whose standards and settings take precedence;
 //   single  DIR\NAME, used only when DIR\Default\NAME does not exist.
-// The first look-up loads the documents; they live as long as the object. A missing file is told once in a message
-// box, a file that cannot be parsed at each attempt; queries then answer false, and the next one tries again.
+// The first look-up loads the documents; they live as long as the object. A message box tells of a missing
+// file once, and of a file that cannot be parsed at each attempt; queries then answer false, and the next one tries
+// again. A box may run the host's own code: whatever that asks, reloads or releases, the query outside of the box goes
+// on from the state that it has seen.
 //
 // A file holds elements "standard" with a "name" below its root; inside a standard, elements "category" with a "name"
 // carry the data. The category "default" supplies what a specific category leaves out.
@@ -85,7 +87,8 @@ protected:
 
     // Documents ----------------------------------------------------------------------
 
-    // Loads the documents unless they are; false when that fails.
+    // Loads the documents unless they are. False when that fails: the record is then untouched for a missing file, and
+    // null for one that cannot be read.
     unsigned char GetRootDOMElements(VEXMELKRootDOMElementsDefinition& roots);
     // The root of DIR\NAME, whatever lies in "Default" and "Customer". The file is read afresh each time.
     unsigned char GetRootDOMElement(CATIDOMElement_var& root);
@@ -187,6 +190,30 @@ protected:
 
 private:
     class QueryScope;
+    class BoxScope;
+    enum class LoadResult : unsigned char
+    {
+        Loaded,
+        Missing, // there is no file
+        Broken
+    };
+    // The outermost query that runs: how deep its operations are nested, whether loading failed for it, and how many
+    // boxes it runs inside of.
+    struct QueryState
+    {
+        int running = 0;
+        LoadResult load = LoadResult::Loaded;
+        int boxes = 0;
+    };
+    // The state of an object, which neither a copy nor an assignment takes over.
+    struct OwnQueryState : QueryState
+    {
+        OwnQueryState() = default;
+        OwnQueryState(const OwnQueryState& /*other*/) : QueryState() {}
+        OwnQueryState& operator=(const OwnQueryState& /*other*/) { return *this; }
+        const QueryState& State() const { return *this; }
+        void SetState(const QueryState& state) { static_cast<QueryState&>(*this) = state; }
+    };
     struct StandardLevel
     {
         int Level = 0;
@@ -196,9 +223,12 @@ private:
     static CATIXMLDOMDocumentBuilder_var GetDOMParser();
     unsigned char GetRootDOMElement(const CATUnicodeString& filePath, CATIDOMElement_var& root);
     void ReportMissingFile(const CATUnicodeString& filePath);
+    // Whether the file may exist: an empty directory has none.
+    bool MayExist(const CATUnicodeString& filePath) const;
     // Loads the documents unless they are there already, or could not be loaded for the running query.
-    unsigned char HasDocuments();
-    unsigned char LoadDocuments();
+    LoadResult Load();
+    bool HasDocuments() { return Load() == LoadResult::Loaded; }
+    LoadResult LoadDocuments();
     unsigned char FillStandardLevelList(const CATIDOMElement_var& root, VEXMELKStandardCatalogue& catalogue);
 
     CATIDOMElement_var CategoryOrObsolete(
@@ -217,10 +247,9 @@ private:
     CATIDOMElement_var m_spCustomerRootElement;
     unsigned char m_ObsoleteFormatWarned;
 
-    // Beside the documents: the standards by name, and the state of the running query.
+    // Beside the documents: the standards by name, and the running query.
     std::shared_ptr<VEXMELKStandardCatalogue> m_Catalogue;
-    int m_RunningQueries = 0;
-    bool m_LoadFailed = false;
+    OwnQueryState m_Query;
 
     // One parser for all objects, created on first use.
     static CATIXMLDOMDocumentBuilder_var m_spDOMParser;

@@ -162,7 +162,7 @@ private:
     static VEXMELKConfigManager* GetCurrentManager();
     static void ReleaseConfigManager(VEXMELKConfigManager* manager);
     CATUnicodeString GetXMLFilePath();
-    template <class Config> Config* Obtain(Config*& member);
+    template <class Config> Config* Obtain(Config* VEXMELKConfigManager::*member);
 
     unsigned char m_CommaDelimiter;
     VEXMELKBaseDataConfig* m_BaseDataConfig = nullptr;
@@ -207,6 +207,7 @@ private:
     VEXMELKWipersConfig* m_WipersConfig = nullptr;
     VEXMELKDBAccessConfig* m_DBAccessConfig = nullptr;
     VEXMELKReportGenConfig* m_ReportGenConfig = nullptr;
+    bool m_IsReleased = false; // it lives on only for an operation that is running
 
     static VEXMELKConfigManager* m_Configuration;     // normal mode
     static VEXMELKConfigManager* m_TestConfiguration; // test mode

@@ -133,15 +133,15 @@ constexpr auto VEXMELKFieldsOf<Movements> = VEXMELKFieldList<Movements>(
 
 static constexpr VEXMELKOperation operations[] = {
     VEXMELKDescribe<&VEXMELKExtendedEyePointsConfig::GetExtendedEyePointPosition>("GetExtendedEyePointPosition",
-        standard, category, VEXMELKParameter{.name = "pointName", .role = VEXMELKRole::Tag, .element = &pointElement},
-        Output("position")),
+        standardArgument, categoryArgument,
+        VEXMELKParameter{.name = "pointName", .role = VEXMELKRole::Tag, .element = &pointElement}, Output("position")),
     VEXMELKDescribe<&VEXMELKExtendedEyePointsConfig::GetExtendedEyePointMovements>(
-        "GetExtendedEyePointMovements", standard, category, Output("movements")),
+        "GetExtendedEyePointMovements", standardArgument, categoryArgument, Output("movements")),
     VEXMELKDescribe<&VEXMELKExtendedEyePointsConfig::GetExtendedBackAngleCorrectionList>(
-        "GetExtendedBackAngleCorrectionList", standard, category, Output("corrections")),
+        "GetExtendedBackAngleCorrectionList", standardArgument, categoryArgument, Output("corrections")),
     VEXMELKDescribe<&VEXMELKExtendedEyePointsConfig::GetExtendedBackAngleCorrection>(
-        "GetExtendedBackAngleCorrection", standard, category, BackAngle(backAngles), backAngleTable),
-    VEXMELKDescribe<&VEXMELKExtendedEyePointsConfig::GetBackLineLength_mm>("GetBackLineLength_mm", standard),
+        "GetExtendedBackAngleCorrection", standardArgument, categoryArgument, BackAngle(backAngles), backAngleTable),
+    VEXMELKDescribe<&VEXMELKExtendedEyePointsConfig::GetBackLineLength_mm>("GetBackLineLength_mm", standardArgument),
 };
 
 constinit const VEXMELKDescription VEXMELKExtendedEyePointsConfig::description{

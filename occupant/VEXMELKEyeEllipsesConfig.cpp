@@ -187,30 +187,31 @@ constexpr VEXMELKParameter CutOff(const VEXMELKElement* cutOffs)
 template <> constexpr auto VEXMELKFieldsOf<HPoint> = VEXMELKFieldList<HPoint>(hpointTable);
 
 static constexpr VEXMELKOperation operations[] = {
-    VEXMELKDescribe<&VEXMELKEyeEllipsesConfig::IsStandard>("IsStandard", standard,
+    VEXMELKDescribe<&VEXMELKEyeEllipsesConfig::IsStandard>("IsStandard", standardArgument,
         VEXMELKParameter{.name = "elementName", .role = VEXMELKRole::Tag, .element = &anyGeneration}),
-    VEXMELKDescribe<&VEXMELKEyeEllipsesConfig::IsStandard2002>("IsStandard2002", standard),
-    VEXMELKDescribe<&VEXMELKEyeEllipsesConfig::IsStandard1997>("IsStandard1997", standard),
-    VEXMELKDescribe<&VEXMELKEyeEllipsesConfig::GetCutOffList>("GetCutOffList", standard, Output("cutoffs")),
+    VEXMELKDescribe<&VEXMELKEyeEllipsesConfig::IsStandard2002>("IsStandard2002", standardArgument),
+    VEXMELKDescribe<&VEXMELKEyeEllipsesConfig::IsStandard1997>("IsStandard1997", standardArgument),
+    VEXMELKDescribe<&VEXMELKEyeEllipsesConfig::GetCutOffList>("GetCutOffList", standardArgument, Output("cutoffs")),
     VEXMELKDescribe<&VEXMELKEyeEllipsesConfig::GetCoeficients1997>(
-        "GetCoeficients1997", standard, Travel(kinds1997[0]), table1997),
-    VEXMELKDescribe<&VEXMELKEyeEllipsesConfig::GetCoeficients2002>("GetCoeficients2002", standard, table2002),
+        "GetCoeficients1997", standardArgument, Travel(kinds1997[0]), table1997),
+    VEXMELKDescribe<&VEXMELKEyeEllipsesConfig::GetCoeficients2002>("GetCoeficients2002", standardArgument, table2002),
     VEXMELKDescribe<&VEXMELKEyeEllipsesConfig::GetRadii1997>(
-        "GetRadii1997", standard, Travel(radii1997), CutOff(&cutOffs1997), radii95),
+        "GetRadii1997", standardArgument, Travel(radii1997), CutOff(&cutOffs1997), radii95),
     VEXMELKDescribe<&VEXMELKEyeEllipsesConfig::GetRadii2002>(
-        "GetRadii2002", standard, Travel(radii2002), CutOff(&cutOffs2002), radii95),
-    VEXMELKDescribe<&VEXMELKEyeEllipsesConfig::GetHPointTravelData>("GetHPointTravelData", standard, category,
-        Travel(hpoints), CutOff(nullptr), Output("xmean", "mm"), Output("ymeanLeft", "mm"), Output("ymeanRight", "mm"),
-        Output("zmean", "mm"), Output("cutoffLength", "mm")),
+        "GetRadii2002", standardArgument, Travel(radii2002), CutOff(&cutOffs2002), radii95),
+    VEXMELKDescribe<&VEXMELKEyeEllipsesConfig::GetHPointTravelData>("GetHPointTravelData", standardArgument,
+        categoryArgument, Travel(hpoints), CutOff(nullptr), Output("xmean", "mm"), Output("ymeanLeft", "mm"),
+        Output("ymeanRight", "mm"), Output("zmean", "mm"), Output("cutoffLength", "mm")),
     VEXMELKDescribe<&VEXMELKEyeEllipsesConfig::GetSideViewMinorAxis>(
-        "GetSideViewMinorAxis", standard, category, CutOff(nullptr), Output("axis", "mm")),
+        "GetSideViewMinorAxis", standardArgument, categoryArgument, CutOff(nullptr), Output("axis", "mm")),
     VEXMELKDescribe<&VEXMELKEyeEllipsesConfig::GetPlanViewMinorAxis>(
-        "GetPlanViewMinorAxis", standard, category, CutOff(nullptr), Output("axis", "mm")),
-    VEXMELKDescribe<&VEXMELKEyeEllipsesConfig::GetTipAngles>("GetTipAngles", standard, category, tipAngleTable),
+        "GetPlanViewMinorAxis", standardArgument, categoryArgument, CutOff(nullptr), Output("axis", "mm")),
+    VEXMELKDescribe<&VEXMELKEyeEllipsesConfig::GetTipAngles>(
+        "GetTipAngles", standardArgument, categoryArgument, tipAngleTable),
     VEXMELKDescribe<&VEXMELKEyeEllipsesConfig::GetBackAngleCorrection>(
-        "GetBackAngleCorrection", standard, BackAngle(backAngles), backAngleTable),
+        "GetBackAngleCorrection", standardArgument, BackAngle(backAngles), backAngleTable),
     VEXMELKDescribe<&VEXMELKEyeEllipsesConfig::GetUSADisplacement>(
-        "GetUSADisplacement", standard, category, w7Table, w3Table),
+        "GetUSADisplacement", standardArgument, categoryArgument, w7Table, w3Table),
 };
 
 constinit const VEXMELKDescription VEXMELKEyeEllipsesConfig::description{

@@ -87,27 +87,29 @@ constexpr auto VEXMELKFieldsOf<Position> = VEXMELKFieldList<Position>(
     positionTable, VEXMELKCallers<&Position::x>(), VEXMELKCallers<&Position::y>(), VEXMELKCallers<&Position::z>());
 
 static constexpr VEXMELKOperation operations[] = {
-    VEXMELKDescribe<&VEXMELKEyePointsConfig::GetEyePoints>("GetEyePoints", standard, category, Output("points")),
+    VEXMELKDescribe<&VEXMELKEyePointsConfig::GetEyePoints>(
+        "GetEyePoints", standardArgument, categoryArgument, Output("points")),
     VEXMELKDescribe<&VEXMELKEyePointsConfig::GetTopVEyePointPosition>(
-        "GetTopVEyePointPosition", standard, category, Output("position")),
+        "GetTopVEyePointPosition", standardArgument, categoryArgument, Output("position")),
     VEXMELKDescribe<&VEXMELKEyePointsConfig::GetBottomVEyePointPosition>(
-        "GetBottomVEyePointPosition", standard, category, Output("position")),
+        "GetBottomVEyePointPosition", standardArgument, categoryArgument, Output("position")),
     VEXMELKDescribe<&VEXMELKEyePointsConfig::GetLeftPEyePointPosition>(
-        "GetLeftPEyePointPosition", standard, category, Output("position")),
+        "GetLeftPEyePointPosition", standardArgument, categoryArgument, Output("position")),
     VEXMELKDescribe<&VEXMELKEyePointsConfig::GetRightPEyePointPosition>(
-        "GetRightPEyePointPosition", standard, category, Output("position")),
+        "GetRightPEyePointPosition", standardArgument, categoryArgument, Output("position")),
     VEXMELKDescribe<&VEXMELKEyePointsConfig::GetLeftEyePointPosition>(
-        "GetLeftEyePointPosition", standard, category, Output("position")),
+        "GetLeftEyePointPosition", standardArgument, categoryArgument, Output("position")),
     VEXMELKDescribe<&VEXMELKEyePointsConfig::GetRightEyePointPosition>(
-        "GetRightEyePointPosition", standard, category, Output("position")),
+        "GetRightEyePointPosition", standardArgument, categoryArgument, Output("position")),
     VEXMELKDescribe<&VEXMELKEyePointsConfig::GetBackAngleCorrection>(
-        "GetBackAngleCorrection", standard, category, BackAngle(backAngles), backAngleTable),
-    VEXMELKDescribe<&VEXMELKEyePointsConfig::GetHPointTravelCorrection>("GetHPointTravelCorrection", standard, category,
+        "GetBackAngleCorrection", standardArgument, categoryArgument, BackAngle(backAngles), backAngleTable),
+    VEXMELKDescribe<&VEXMELKEyePointsConfig::GetHPointTravelCorrection>("GetHPointTravelCorrection", standardArgument,
+        categoryArgument,
         VEXMELKParameter{.name = "hPointTravel", .role = VEXMELKRole::Travel, .unit = "m", .element = &travelElements},
         travelTable),
-    VEXMELKDescribe<&VEXMELKEyePointsConfig::GetBackLineLength>("GetBackLineLength", standard),
-    VEXMELKDescribe<&VEXMELKEyePointsConfig::GetVertLineLength>("GetVertLineLength", standard),
-    VEXMELKDescribe<&VEXMELKEyePointsConfig::GetEyesType>("GetEyesType", standard),
+    VEXMELKDescribe<&VEXMELKEyePointsConfig::GetBackLineLength>("GetBackLineLength", standardArgument),
+    VEXMELKDescribe<&VEXMELKEyePointsConfig::GetVertLineLength>("GetVertLineLength", standardArgument),
+    VEXMELKDescribe<&VEXMELKEyePointsConfig::GetEyesType>("GetEyesType", standardArgument),
 };
 
 constinit const VEXMELKDescription VEXMELKEyePointsConfig::description{

@@ -131,26 +131,31 @@ constexpr VEXMELKParameter seatName{.name = "seatName", .role = VEXMELKRole::Key
 
 static constexpr VEXMELKOperation operations[] = {
     VEXMELKDescribe<&VEXMELKHeadContourConfig::GetMiddleStripeWitdh>(
-        "GetMiddleStripeWitdh", standard, Output("width", "mm")),
-    VEXMELKDescribe<&VEXMELKHeadContourConfig::GetEllipsesStandard>("GetEllipsesStandard", standard, ellipsesTable),
+        "GetMiddleStripeWitdh", standardArgument, Output("width", "mm")),
+    VEXMELKDescribe<&VEXMELKHeadContourConfig::GetEllipsesStandard>(
+        "GetEllipsesStandard", standardArgument, ellipsesTable),
     VEXMELKDescribe<&VEXMELKHeadContourConfig::GetSeatName>("GetSeatName",
         VEXMELKParameter{.name = "isFront", .role = VEXMELKRole::Switch},
         VEXMELKParameter{.name = "isDriver", .role = VEXMELKRole::Switch}, Output("name")),
-    VEXMELKDescribe<&VEXMELKHeadContourConfig::GetRadii>("GetRadii", standard, category, Travel(radiiRows),
+    VEXMELKDescribe<&VEXMELKHeadContourConfig::GetRadii>("GetRadii", standardArgument, categoryArgument,
+        Travel(radiiRows),
         VEXMELKParameter{.name = "cutoff", .role = VEXMELKRole::CutOff, .unit = "%", .element = &cutOffElements},
         radiiTable),
-    VEXMELKDescribe<&VEXMELKHeadContourConfig::GetCutoffList>("GetCutoffList", standard, category, Output("cutoffs")),
+    VEXMELKDescribe<&VEXMELKHeadContourConfig::GetCutoffList>(
+        "GetCutoffList", standardArgument, categoryArgument, Output("cutoffs")),
     VEXMELKDescribe<&VEXMELKHeadContourConfig::GetCurrentCutoffList>("GetCurrentCutoffList", Output("cutoffs")),
     VEXMELKDescribe<&VEXMELKHeadContourConfig::GetCoeficients>(
-        "GetCoeficients", standard, category, seatName, Travel(coefficientRows), coefficientTable),
-    VEXMELKDescribe<&VEXMELKHeadContourConfig::Get2002NonDriverCoeficients>(
-        "Get2002NonDriverCoeficients", standard, category, seatName, Travel(nonDriverRows), nonDriverTable),
+        "GetCoeficients", standardArgument, categoryArgument, seatName, Travel(coefficientRows), coefficientTable),
+    VEXMELKDescribe<&VEXMELKHeadContourConfig::Get2002NonDriverCoeficients>("Get2002NonDriverCoeficients",
+        standardArgument, categoryArgument, seatName, Travel(nonDriverRows), nonDriverTable),
     VEXMELKDescribe<&VEXMELKHeadContourConfig::GetDeltas>(
-        "GetDeltas", standard, category, seatName, Travel(deltaRows), deltaTable),
+        "GetDeltas", standardArgument, categoryArgument, seatName, Travel(deltaRows), deltaTable),
     VEXMELKDescribe<&VEXMELKHeadContourConfig::GetHeadClearance>(
-        "GetHeadClearance", standard, category, seatName, clearanceTable),
-    VEXMELKDescribe<&VEXMELKHeadContourConfig::GetTipAngles>("GetTipAngles", standard, category, tipAngleTable),
-    VEXMELKDescribe<&VEXMELKHeadContourConfig::IsStandard2002Used>("IsStandard2002Used", standard, category),
+        "GetHeadClearance", standardArgument, categoryArgument, seatName, clearanceTable),
+    VEXMELKDescribe<&VEXMELKHeadContourConfig::GetTipAngles>(
+        "GetTipAngles", standardArgument, categoryArgument, tipAngleTable),
+    VEXMELKDescribe<&VEXMELKHeadContourConfig::IsStandard2002Used>(
+        "IsStandard2002Used", standardArgument, categoryArgument),
 };
 
 constinit const VEXMELKDescription VEXMELKHeadContourConfig::description{

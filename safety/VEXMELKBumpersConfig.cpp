@@ -79,7 +79,7 @@ constexpr const VEXMELKElement* elements[] = {&profiles, &categoryElements, &pen
 template <> constexpr auto VEXMELKFieldsOf<Bumper> = VEXMELKFieldList<Bumper>(profileTable, repeatedTable, bumperTable);
 
 static constexpr VEXMELKOperation operations[] = {
-    VEXMELKDescribe<&VEXMELKBumpersConfig::GetStandardData>("GetStandardData", standard, category,
+    VEXMELKDescribe<&VEXMELKBumpersConfig::GetStandardData>("GetStandardData", standardArgument, categoryArgument,
         VEXMELKParameter{.name = "type", .role = VEXMELKRole::Choice, .choices = 3}, Output("bumpers")),
 };
 

@@ -29,7 +29,7 @@ template <> constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(ta
 
 static constexpr VEXMELKOperation operations[] = {
     VEXMELKDescribe<&VEXMELKChildProtectionConfig::GetStandardData>(
-        "GetStandardData", standard, category, Output("definition")),
+        "GetStandardData", standardArgument, categoryArgument, Output("definition")),
 };
 
 constinit const VEXMELKDescription VEXMELKChildProtectionConfig::description{

@@ -98,7 +98,7 @@ constexpr auto VEXMELKFieldsOf<Shape> = VEXMELKFieldList<Shape>(shapeTable, VEXM
 
 static constexpr VEXMELKOperation operations[] = {
     VEXMELKDescribe<&VEXMELKCrashBarriersConfig::GetStandardData>(
-        "GetStandardData", standard, category, Output("barriers")),
+        "GetStandardData", standardArgument, categoryArgument, Output("barriers")),
     VEXMELKDescribe<&VEXMELKCrashBarriersConfig::GetShapeData>("GetShapeData", Output("shape")),
 };
 

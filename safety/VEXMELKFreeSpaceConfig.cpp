@@ -32,7 +32,7 @@ template <> constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(ta
 
 static constexpr VEXMELKOperation operations[] = {
     VEXMELKDescribe<&VEXMELKFreeSpaceConfig::GetStandardData>(
-        "GetStandardData", standard, category, Output("definition")),
+        "GetStandardData", standardArgument, categoryArgument, Output("definition")),
 };
 
 constinit const VEXMELKDescription VEXMELKFreeSpaceConfig::description{

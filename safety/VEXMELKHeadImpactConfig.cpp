@@ -182,24 +182,31 @@ constexpr auto VEXMELKFieldsOf<VEXMELKHeadImpactDefinition> = VEXMELKFieldList<V
 
 static constexpr VEXMELKOperation operations[] = {
     VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetHeadGravityCenterSData>(
-        "GetHeadGravityCenterSData", standard, Output("definition")),
-    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetUpperRoofSData>("GetUpperRoofSData", standard, Output("definition")),
-    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetAPillarSData>("GetAPillarSData", standard, Output("definition")),
-    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetBPillarSData>("GetBPillarSData", standard, Output("definition")),
+        "GetHeadGravityCenterSData", standardArgument, Output("definition")),
+    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetUpperRoofSData>(
+        "GetUpperRoofSData", standardArgument, Output("definition")),
+    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetAPillarSData>(
+        "GetAPillarSData", standardArgument, Output("definition")),
+    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetBPillarSData>(
+        "GetBPillarSData", standardArgument, Output("definition")),
     VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetRearmostPillarSData>(
-        "GetRearmostPillarSData", standard, Output("definition")),
+        "GetRearmostPillarSData", standardArgument, Output("definition")),
     VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetOtherPillarSData>(
-        "GetOtherPillarSData", standard, Output("definition")),
+        "GetOtherPillarSData", standardArgument, Output("definition")),
     VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetFrontHeaderSData>(
-        "GetFrontHeaderSData", standard, Output("definition")),
-    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetRearHeaderSData>("GetRearHeaderSData", standard, Output("definition")),
-    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetSideRailSData>("GetSideRailSData", standard, Output("definition")),
+        "GetFrontHeaderSData", standardArgument, Output("definition")),
+    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetRearHeaderSData>(
+        "GetRearHeaderSData", standardArgument, Output("definition")),
+    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetSideRailSData>(
+        "GetSideRailSData", standardArgument, Output("definition")),
     VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetSlidingDoorTrackSData>(
-        "GetSlidingDoorTrackSData", standard, Output("definition")),
-    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetRollBarSData>("GetRollBarSData", standard, Output("definition")),
+        "GetSlidingDoorTrackSData", standardArgument, Output("definition")),
+    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetRollBarSData>(
+        "GetRollBarSData", standardArgument, Output("definition")),
     VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetStiffenerBraceSData>(
-        "GetStiffenerBraceSData", standard, Output("definition")),
-    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetStandardData>("GetStandardData", standard, Output("definition")),
+        "GetStiffenerBraceSData", standardArgument, Output("definition")),
+    VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetStandardData>(
+        "GetStandardData", standardArgument, Output("definition")),
     VEXMELKDescribe<&VEXMELKHeadImpactConfig::GetStandardNames>("GetStandardNames", Output("names")),
 };
 

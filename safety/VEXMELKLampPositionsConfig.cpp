@@ -49,8 +49,9 @@ template <> constexpr auto VEXMELKFieldsOf<Lamp> = VEXMELKFieldList<Lamp>(lampTa
 
 static constexpr VEXMELKOperation operations[] = {
     VEXMELKDescribe<&VEXMELKLampPositionsConfig::GetStandardData>(
-        "GetStandardData", standard, category, Output("lamps")),
-    VEXMELKDescribe<&VEXMELKLampPositionsConfig::GetStatusOfLimits>("GetStatusOfLimits", standard, category),
+        "GetStandardData", standardArgument, categoryArgument, Output("lamps")),
+    VEXMELKDescribe<&VEXMELKLampPositionsConfig::GetStatusOfLimits>(
+        "GetStatusOfLimits", standardArgument, categoryArgument),
 };
 
 constinit const VEXMELKDescription VEXMELKLampPositionsConfig::description{

@@ -66,7 +66,7 @@ constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(
 
 static constexpr VEXMELKOperation operations[] = {
     VEXMELKDescribe<&VEXMELKPPOffsetConfig::GetStandardData>(
-        "GetStandardData", standard, category, Output("definition")),
+        "GetStandardData", standardArgument, categoryArgument, Output("definition")),
 };
 
 constinit const VEXMELKDescription VEXMELKPPOffsetConfig::description{

@@ -131,7 +131,7 @@ constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(table, VEXMELK
 
 static constexpr VEXMELKOperation operations[] = {
     VEXMELKDescribe<&VEXMELKPedestrianProtectionConfig::GetStandardData>(
-        "GetStandardData", standard, category, Output("definition")),
+        "GetStandardData", standardArgument, categoryArgument, Output("definition")),
 };
 
 constinit const VEXMELKDescription VEXMELKPedestrianProtectionConfig::description{

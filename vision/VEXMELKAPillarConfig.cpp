@@ -25,7 +25,7 @@ template <> constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(ta
 
 static constexpr VEXMELKOperation operations[] = {
     VEXMELKDescribe<&VEXMELKAPillarConfig::GetStandardData>(
-        "GetStandardData", standard, category, Output("definition")),
+        "GetStandardData", standardArgument, categoryArgument, Output("definition")),
 };
 
 constinit const VEXMELKDescription VEXMELKAPillarConfig::description{

@@ -55,7 +55,8 @@ template <>
 constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(cylinderTable, typeTable, frontViewTable, zoneTable);
 
 static constexpr VEXMELKOperation operations[] = {
-    VEXMELKDescribe<&VEXMELKCRVConfig::GetStandardData>("GetStandardData", standard, category, Output("definition")),
+    VEXMELKDescribe<&VEXMELKCRVConfig::GetStandardData>(
+        "GetStandardData", standardArgument, categoryArgument, Output("definition")),
 };
 
 constinit const VEXMELKDescription VEXMELKCRVConfig::description{

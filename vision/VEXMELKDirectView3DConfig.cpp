@@ -54,7 +54,7 @@ constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(table, targetT
 
 static constexpr VEXMELKOperation operations[] = {
     VEXMELKDescribe<&VEXMELKDirectView3DConfig::GetStandardData>(
-        "GetStandardData", standard, category, Output("definition")),
+        "GetStandardData", standardArgument, categoryArgument, Output("definition")),
     VEXMELKDescribe<&VEXMELKDirectView3DConfig::DirectionFromString>(
         "DirectionFromString", text, Output("orientation")),
     VEXMELKDescribe<&VEXMELKDirectView3DConfig::ComputationTypeFromString>("ComputationTypeFromString", text),

@@ -58,7 +58,7 @@ constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(table, VEXMELK
 
 static constexpr VEXMELKOperation operations[] = {
     VEXMELKDescribe<&VEXMELKDirectViewConfig::GetStandardData>(
-        "GetStandardData", standard, category, Output("definition")),
+        "GetStandardData", standardArgument, categoryArgument, Output("definition")),
 };
 
 constinit const VEXMELKDescription VEXMELKDirectViewConfig::description{

@@ -133,7 +133,7 @@ template <> constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(VE
 
 static constexpr VEXMELKOperation operations[] = {
     VEXMELKDescribe<&VEXMELKERFieldsOfViewConfig::GetStandardData>(
-        "GetStandardData", standard, category, Output("definition")),
+        "GetStandardData", standardArgument, categoryArgument, Output("definition")),
 };
 
 constinit const VEXMELKDescription VEXMELKERFieldsOfViewConfig::description{

@@ -92,7 +92,7 @@ template <> constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(ta
 
 static constexpr VEXMELKOperation operations[] = {
     VEXMELKDescribe<&VEXMELKFieldsOfViewConfig::GetStandardData>(
-        "GetStandardData", standard, category, Output("definition")),
+        "GetStandardData", standardArgument, categoryArgument, Output("definition")),
 };
 
 constinit const VEXMELKDescription VEXMELKFieldsOfViewConfig::description{

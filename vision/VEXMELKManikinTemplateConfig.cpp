@@ -105,12 +105,13 @@ static constexpr VEXMELKOperation operations[] = {
     VEXMELKDescribe<&VEXMELKManikinTemplateConfig::GetRole>(
         "GetRole", VEXMELKParameter{.name = "text", .role = VEXMELKRole::Word}),
     VEXMELKDescribe<&VEXMELKManikinTemplateConfig::GetPercentilList>(
-        "GetPercentilList", standard, category, Output("names")),
+        "GetPercentilList", standardArgument, categoryArgument, Output("names")),
     VEXMELKDescribe<&VEXMELKManikinTemplateConfig::GetPositioningList>(
-        "GetPositioningList", standard, category, Output("names")),
+        "GetPositioningList", standardArgument, categoryArgument, Output("names")),
     VEXMELKDescribe<&VEXMELKManikinTemplateConfig::IsSeatSupported>(
-        "IsSeatSupported", standard, category, positioningParameter, seatParameter),
-    VEXMELKDescribe<&VEXMELKManikinTemplateConfig::GetStandardData>("GetStandardData", standard, category,
+        "IsSeatSupported", standardArgument, categoryArgument, positioningParameter, seatParameter),
+    VEXMELKDescribe<&VEXMELKManikinTemplateConfig::GetStandardData>("GetStandardData", standardArgument,
+        categoryArgument,
         VEXMELKParameter{.name = "percentil", .role = VEXMELKRole::Key, .element = &percentilElements},
         positioningParameter, seatParameter, Output("definition")),
 };

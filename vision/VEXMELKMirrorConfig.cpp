@@ -79,10 +79,12 @@ constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(
     standardTable, fieldTable, VEXMELKNested<&Record::Points>());
 
 static constexpr VEXMELKOperation operations[] = {
-    VEXMELKDescribe<&VEXMELKMirrorConfig::GetIFNamesList>("GetIFNamesList", standard, category, Output("names")),
-    VEXMELKDescribe<&VEXMELKMirrorConfig::GetPosition>("GetPosition", standard, category, positionParameter),
+    VEXMELKDescribe<&VEXMELKMirrorConfig::GetIFNamesList>(
+        "GetIFNamesList", standardArgument, categoryArgument, Output("names")),
+    VEXMELKDescribe<&VEXMELKMirrorConfig::GetPosition>(
+        "GetPosition", standardArgument, categoryArgument, positionParameter),
     VEXMELKDescribe<&VEXMELKMirrorConfig::GetStandardData>(
-        "GetStandardData", standard, category, positionParameter, Output("definition")),
+        "GetStandardData", standardArgument, categoryArgument, positionParameter, Output("definition")),
 };
 
 constinit const VEXMELKDescription VEXMELKMirrorConfig::description{

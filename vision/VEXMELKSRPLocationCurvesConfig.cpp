@@ -37,7 +37,7 @@ template <> constexpr auto VEXMELKFieldsOf<Curve> = VEXMELKFieldList<Curve>(curv
 
 static constexpr VEXMELKOperation operations[] = {
     VEXMELKDescribe<&VEXMELKSRPLocationCurvesConfig::GetStandardData>(
-        "GetStandardData", standard, category, Output("curves")),
+        "GetStandardData", standardArgument, categoryArgument, Output("curves")),
 };
 
 constinit const VEXMELKDescription VEXMELKSRPLocationCurvesConfig::description{

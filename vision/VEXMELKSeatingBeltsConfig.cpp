@@ -90,11 +90,11 @@ template <> constexpr auto VEXMELKFieldsOf<Anchor> = VEXMELKFieldList<Anchor>(an
 
 static constexpr VEXMELKOperation operations[] = {
     VEXMELKDescribe<&VEXMELKSeatingBeltsConfig::GetStandardData>(
-        "GetStandardData", standard, category, Output("definition")),
-    VEXMELKDescribe<&VEXMELKSeatingBeltsConfig::GetSBAnglesData>("GetSBAnglesData", standard, category,
+        "GetStandardData", standardArgument, categoryArgument, Output("definition")),
+    VEXMELKDescribe<&VEXMELKSeatingBeltsConfig::GetSBAnglesData>("GetSBAnglesData", standardArgument, categoryArgument,
         VEXMELKParameter{.name = "front", .role = VEXMELKRole::Switch}, Output("definition")),
     VEXMELKDescribe<&VEXMELKSeatingBeltsConfig::GetSBShAnchorData>(
-        "GetSBShAnchorData", standard, category, Output("definition")),
+        "GetSBShAnchorData", standardArgument, categoryArgument, Output("definition")),
 };
 
 constinit const VEXMELKDescription VEXMELKSeatingBeltsConfig::description{

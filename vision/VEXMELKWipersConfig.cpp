@@ -29,7 +29,8 @@ constexpr const VEXMELKElement* elements[] = {&categories};
 template <> constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(table);
 
 static constexpr VEXMELKOperation operations[] = {
-    VEXMELKDescribe<&VEXMELKWipersConfig::GetStandardData>("GetStandardData", standard, category, Output("definition")),
+    VEXMELKDescribe<&VEXMELKWipersConfig::GetStandardData>(
+        "GetStandardData", standardArgument, categoryArgument, Output("definition")),
 };
 
 constinit const VEXMELKDescription VEXMELKWipersConfig::description{

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <utility>
 
 // Result codes: negative is a failure, in a long of any width.
@@ -29,7 +30,10 @@ public:
     {
         const unsigned long left = --m_References;
         if (left == 0)
+        {
+            m_References = dying;
             delete this;
+        }
         return left;
     }
 
@@ -37,6 +41,9 @@ public:
     virtual const char* IsA() const { return "CATBaseUnknown"; }
 
 private:
+    // Whoever takes a reference while the destructor runs, and lets go of it, does not delete the object again.
+    static constexpr unsigned long dying = std::numeric_limits<unsigned long>::max() / 2;
+
     unsigned long m_References = 1;
 };
 

@@ -21,7 +21,13 @@ void Show(VEXMELKMessagePresenter::Kind kind, const CATUnicodeString& title, con
 {
     StandardErrorPresenter standardError;
     VEXMELKMessagePresenter* presenter = installedPresenter ? installedPresenter : &standardError;
-    presenter->Show(kind, title, text);
+    try
+    {
+        presenter->Show(kind, title, text);
+    }
+    catch (...) // of the host: it must not pass the operation that shows the box
+    {
+    }
 }
 
 } // namespace

@@ -11,10 +11,16 @@ VEXMELKLogSink* installedSink = nullptr;
 void Write(const char* tag, const char* area, const CATUnicodeString& text)
 {
     const CATUnicodeString line = CATUnicodeString(tag) + area + ": " + text;
-    if (installedSink)
-        installedSink->Write(line);
-    else
-        std::cerr << line.ConvertToChar() << std::endl;
+    try
+    {
+        if (installedSink)
+            installedSink->Write(line);
+        else
+            std::cerr << line.ConvertToChar() << std::endl;
+    }
+    catch (...) // of the host: it must not pass the operation that logs
+    {
+    }
 }
 
 } // namespace
