@@ -157,11 +157,15 @@ unsigned char VEXMELKConfig::GetRootDOMElement(const CATUnicodeString& filePath,
     CATListValCATUnicodeString names;
     CATListValCATUnicodeString values;
     parser->GetSupportedOptions(supported);
-    if (supported.Locate("CATDoValidation") > 0)
+    const auto set = [&](const CATUnicodeString& option, const CATUnicodeString& value)
     {
-        names.Append("CATDoValidation");
-        values.Append("false");
-    }
+        if (supported.Locate(option) == 0)
+            return;
+        names.Append(option);
+        values.Append(value);
+    };
+    set("CATDoValidation", "false");
+    set("CATDocumentTypeDirectory", m_XMLFilePath);
     const auto handler = CATHandle<VEXMELKSAXErrorHandler>::Create();
     const auto errorHandler =
         CATISAXErrorHandler_var::Adopt(CreateTIECATISAXErrorHandlerVEXMELKSAXErrorHandler(handler.Get()));

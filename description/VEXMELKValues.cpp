@@ -3,9 +3,16 @@
 
 #include "VEXMELKUtilities.h"
 
+#include <cmath>
+
 namespace {
 
-constexpr double millimetresPerMetre = 1000.0;
+// What is past a double's range in millimetres is no number there, and so reads 0.
+double MillimetresFromMetres(double metres)
+{
+    const double millimetres = metres * 1000.0;
+    return std::isinf(millimetres) ? 0.0 : millimetres;
+}
 
 } // namespace
 
@@ -19,7 +26,7 @@ double NumberFromText(CATUnicodeString text)
 
 double MetresFromText(const CATUnicodeString& text) { return VEXMELKUtilities::GetValueInMeters(text); }
 
-double MillimetresFromText(const CATUnicodeString& text) { return MetresFromText(text) * millimetresPerMetre; }
+double MillimetresFromText(const CATUnicodeString& text) { return MillimetresFromMetres(MetresFromText(text)); }
 
 double RadiansFromText(const CATUnicodeString& text) { return VEXMELKUtilities::GetValueInRadians(text); }
 

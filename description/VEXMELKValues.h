@@ -7,7 +7,7 @@
 // The number that a text without a unit begins with, in either comma setting; 0 when there is none.
 double NumberFromText(CATUnicodeString text);
 
-// Lengths and angles; 0 for a text that is none.
+// Lengths and angles; 0 for a text that is none, and past the range of a double.
 double MetresFromText(const CATUnicodeString& text);
 double MillimetresFromText(const CATUnicodeString& text);
 double RadiansFromText(const CATUnicodeString& text);

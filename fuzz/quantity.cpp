@@ -29,7 +29,7 @@ std::optional<double> Read(const Kind& kind, std::string_view text)
     double value = before;
     if (kind.reader(text, value))
     {
-        Require(!std::isnan(value));
+        Require(std::isfinite(value));
         return value;
     }
     Require(value == before);
@@ -64,8 +64,7 @@ void CheckQuantity(const Kind& kind, std::string_view text)
     Require(Read(kind, Normalized(kind.unit, CATUnicodeString(text))) == value);
     char written[64];
     char* end = std::to_chars(std::begin(written), std::end(written), *value).ptr;
-    if (std::isfinite(*value))
-        Require(Read(kind, std::string(std::begin(written), end) + std::string(kind.baseUnit)) == value);
+    Require(Read(kind, std::string(std::begin(written), end) + std::string(kind.baseUnit)) == value);
 }
 
 // The C library reads hexadecimal floats, infinities and other things that are no numbers here.
@@ -88,11 +87,11 @@ void CheckNumbers(const CATUnicodeString& text)
     CheckInteger<unsigned int>(text, "%X", 16, -static_cast<long long>(std::numeric_limits<unsigned int>::max()));
     double number = 7.0;
     const bool read = text.ConvertToNum(&number, "%le") == 1;
-    Require(read || number == 0.0);
     char* end = nullptr;
     const double expected = std::strtod(text.ConvertToChar(), &end);
-    if (IsPlain(text))
+    if (IsPlain(text) && std::isfinite(expected))
         Require(read == (end != text.ConvertToChar()) && number == expected);
+    Require(std::isfinite(number) && (read || number == 0.0));
 }
 
 } // namespace

@@ -10,8 +10,11 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdarg>
+#include <cstring>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <functional>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -43,6 +46,14 @@ int Refuse(int error)
     return -1;
 }
 
+std::function<void()> beforeTypes; // called once, before "types" or a file in it is opened
+
+void SeeOpening(const char* path)
+{
+    if (beforeTypes && std::string_view(path).find("types") != std::string_view::npos)
+        std::exchange(beforeTypes, nullptr)();
+}
+
 template <class Function> Function* Next(const char* name, Function* /*type*/)
 {
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
@@ -59,7 +70,15 @@ int open(const char* path, int flags, ...)
     va_start(arguments, flags);
     const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
     va_end(arguments);
+    SeeOpening(path);
     return Happens({Fault::Fails}) ? Refuse(EMFILE) : next(path, flags, mode);
+}
+
+int openat(int folder, const char* path, int flags, ...)
+{
+    static const auto next = Next("openat", openat);
+    SeeOpening(path);
+    return Happens({Fault::Fails}) ? Refuse(EMFILE) : next(folder, path, flags);
 }
 
 int fstat(int descriptor, struct stat* status) noexcept
@@ -197,7 +216,7 @@ TEST_F(FailureTest, AnyFileOperationMayFail)
         int operations; // that it can happen to
         int failures;
     } rows[] = {
-        {Fault::Fails, 15, 12}, // closing may fail
+        {Fault::Fails, 21, 15}, // closing may fail
         {Fault::IsInterrupted, 6, 0},
         {Fault::ReadsLittle, 0, 0},
         {Fault::Ends, 6, 3}, // three of the reads find the end anyway
@@ -222,6 +241,74 @@ TEST_F(FailureTest, AnyFileOperationMayFail)
         EXPECT_EQ(operations, row.operations);
         EXPECT_EQ(m_Failures, row.failures);
     }
+}
+
+TEST_F(FailureTest, AFolderThatBecomesALinkIsNotFollowed)
+{
+    const TemporaryDirectory outside;
+    outside.Write("curb.dtd", "<!ENTITY one 'TOKEN'>");
+    directory.Write("types/curb.dtd", "<!ENTITY one '1'>");
+    directory.Write("Default/OVA/UFCurb.xml", "<!DOCTYPE config SYSTEM '../../types/curb.dtd'>" +
+                                                  Document(Standard("base", "<category front_offset='&one;'/>") +
+                                                           Standard("both", "<category front_offset='&one;'/>")));
+    Answers answers;
+    Release();
+    beforeTypes = [&]
+    {
+        std::filesystem::rename(directory.Path() + "/types", directory.Path() + "/other");
+        std::filesystem::create_symlink(outside.Path(), directory.Path() + "/types");
+    };
+    Ask(answers);
+    EXPECT_FALSE(beforeTypes);
+    EXPECT_FALSE(answers.found[0] || answers.found[1]);
+    EXPECT_THAT(TakeBoxes().front(), testing::HasSubstr("cannot be read")); // from then on there is just none
+}
+
+// Neither the Default file nor the one of the single layout stands in for a file that may be there.
+TEST_F(FailureTest, WhatCannotBeLookedAtIsTold)
+{
+    directory.Write("OVA/UFCurb.xml", Document(Standard("both", "<category front_offset='1'/>")));
+    const std::string root = directory.Path();
+    chmod(root.c_str(), 0755);
+    const auto isTold = [&](const std::string& what, int error)
+    {
+        Answers answers;
+        Release();
+        Ask(answers);
+        const std::string text = "error MELK CFG: Parse Fatal Error: " + what + ": " + std::strerror(error) + "\n";
+        const std::vector<std::string> boxes = TakeBoxes();
+        return !answers.found[0] && !answers.found[1] && boxes.size() == 4 && boxes[0].starts_with(text) &&
+               boxes[2].starts_with(text) && boxes[1].starts_with("error Error: ");
+    };
+    // In a process of a user who may not do everything.
+    const auto told = [&](const std::string& what, int error)
+    {
+        const bool isUser = geteuid() != 0 || (setgid(65534) == 0 && setuid(65534) == 0);
+        std::_Exit(isUser && isTold(what, error) ? 0 : 1);
+    };
+    for (const char* layout : {"Default", "Customer"})
+        for (const std::string& place :
+            {std::string(layout), layout + std::string("/OVA"), layout + std::string("/OVA/UFCurb.xml")})
+        {
+            const std::string path = root + "/" + place;
+            const std::string what = root + "\\" + layout + "\\OVA\\UFCurb.xml cannot be read";
+            chmod(path.c_str(), 0);
+            EXPECT_EXIT(told(what, EACCES), testing::ExitedWithCode(0), "") << place;
+            chmod(path.c_str(), 0755);
+            std::filesystem::rename(path, root + "/aside");
+            for (const auto& [target, error] : {std::pair(root + "/gone", ENOENT), std::pair(path, ELOOP)})
+            {
+                std::filesystem::create_symlink(target, path);
+                EXPECT_TRUE(isTold(what, error)) << place << " to " << target;
+                std::filesystem::remove(path);
+            }
+            std::filesystem::rename(root + "/aside", path);
+        }
+    const std::string file = root + "\\Default\\OVA\\UFCurb.xml cannot be read";
+    const rlimit none = {0, 0};
+    EXPECT_EXIT((setrlimit(RLIMIT_NOFILE, &none), told(file, EMFILE)), testing::ExitedWithCode(0), "");
+    chmod((root + "/Default/OVA/curb.dtd").c_str(), 0);
+    EXPECT_EXIT(told("a document type definition cannot be read", EACCES), testing::ExitedWithCode(0), "");
 }
 
 // The array's own rule: it says what it wanted and ends the process.

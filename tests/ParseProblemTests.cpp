@@ -26,6 +26,7 @@ private:
     CATResult Note(const char* kind, const CATSAXParseException* exception)
     {
         EXPECT_FALSE(exception->GetMessage().IsEmpty());
+        EXPECT_EQ(exception->GetMessage().SearchSubString("TOKEN"), -1) << "a text of a file";
         problems.append(problems.empty() ? "" : ", ").append(kind).append(std::to_string(exception->GetLineNumber()));
         problems.append(":").append(std::to_string(exception->GetColumnNumber()));
         return S_OK;
@@ -93,12 +94,24 @@ Outcome Parse(std::string_view bytes)
     return Checked(result, recorder, document);
 }
 
-Outcome ParseFile(const std::string& path, const CATISAXEntityResolver_var& resolver = NULL_var)
+CATListValCATUnicodeString ListOf(const std::string& text)
+{
+    CATListValCATUnicodeString list;
+    list.Append(CATUnicodeString(text));
+    return list;
+}
+
+// Document types come from the directory, or else from the folder of the document.
+Outcome ParseFile(
+    const std::string& path, const CATISAXEntityResolver_var& resolver = NULL_var, const std::string& directory = "")
 {
     const auto recorder = CATHandle<Recorder>::Create();
     CATIDOMDocument_var document;
-    const CATResult result =
-        Builder()->Parse(CATUnicodeString(path), {}, {}, CATISAXErrorHandler_var(recorder.Get()), resolver, document);
+    const bool isNamed = !directory.empty();
+    const CATResult result = Builder()->Parse(CATUnicodeString(path),
+        isNamed ? ListOf("CATDocumentTypeDirectory") : CATListValCATUnicodeString(),
+        isNamed ? ListOf(directory) : CATListValCATUnicodeString(), CATISAXErrorHandler_var(recorder.Get()), resolver,
+        document);
     return Checked(result, recorder, document);
 }
 
@@ -192,19 +205,22 @@ TEST_F(ParseProblem, OfEncodings)
         EXPECT_THAT(Parse(declared(name)).problems, MatchesRegex("fatal 1:.+")) << name;
     EXPECT_EQ(Parse(Replaced(declared("US-ASCII"), "\u00E4", "~")).Contents(), "r:~");
 
-    for (const auto& [encoding, mark] : {std::pair("UTF-16LE", "\xFF\xFE"), std::pair("UTF-16BE", "\xFE\xFF")})
+    const char* wideEncodings[][3] = {{"UTF-16LE", "UTF-16BE", "\xFF\xFE"}, {"UTF-16BE", "UTF-16LE", "\xFE\xFF"}};
+    for (const auto& [encoding, other, mark] : wideEncodings)
     {
-        for (const char* name : {"UTF-16", "utf-16"})
+        for (const char* name : {"UTF-16", "utf-16", encoding})
         {
             const std::string wide = *Converted(declared(name), "UTF-8", encoding);
             EXPECT_EQ(Parse(mark + wide).Contents(), "r:\u00E4") << encoding;
             EXPECT_EQ(Parse(wide).Contents(), "r:\u00E4") << encoding;
         }
-        for (const char* name : {"UTF-8", "ISO-8859-1", "windows-1252"})
+        for (const char* name : {"UTF-8", "ISO-8859-1", "windows-1252", other})
             EXPECT_NE(Parse(mark + *Converted(declared(name), "UTF-8", encoding)).problems, "") << name;
     }
-    EXPECT_EQ(Parse("\xEF\xBB\xBF" + declared("UTF-8")).Contents(), "r:\u00E4");
-    EXPECT_NE(Parse("\xEF\xBB\xBF" + declared("UTF-16")).problems, "");
+    for (const char* name : {"UTF-8", "utf-8"})
+        EXPECT_EQ(Parse("\xEF\xBB\xBF" + declared(name)).Contents(), "r:\u00E4");
+    for (const char* name : {"UTF-16", "ISO-8859-1", "US-ASCII", "windows-1252", "UTF-8x"})
+        EXPECT_NE(Parse("\xEF\xBB\xBF" + Replaced(declared(name), "\u00E4", "x")).problems, "") << name;
 }
 
 TEST_F(ParseProblem, OfBytesWithoutACharacter)
@@ -232,25 +248,58 @@ TEST_F(ParseProblem, OfBytesWithoutACharacter)
 TEST_F(ParseProblem, OfEntitiesAndDocumentTypes)
 {
     for (const auto& [name, contents] : Table<2>(R"(
-        up.dtd            | <!ENTITY zz 'up'>
-        doc/shared.dtd    | <?xml encoding='UTF-8'?>\n<!ENTITY zz 'v'><!ATTLIST r d CDATA 'dd'>
-        doc/latin.dtd     | <?xml version='1.0' encoding='ISO-8859-1'?><!ENTITY zz '\xE4'>
-        doc/broken.dtd    | <!ENTITY zz 'v'>\n  <!ENTITY
-        doc/sub/outer.dtd | <!ENTITY % p SYSTEM 'inner.ent'>%p;
-        doc/sub/inner.ent | <!ENTITY zz 'in'>
-        doc/text.txt      | text)"))
+        conf/up.dtd            | <!ENTITY zz 'up'>
+        conf/doc/shared.dtd    | <?xml encoding='UTF-8'?>\n<!ENTITY zz 'v'><!ATTLIST r d CDATA 'dd'>
+        conf/doc/latin.dtd     | <?xml version='1.0' encoding='ISO-8859-1'?><!ENTITY zz '\xE4'>
+        conf/doc/marked.dtd    | \xEF\xBB\xBF<?xml encoding='ISO-8859-1'?><!ENTITY zz 'v'>
+        conf/doc/later.dtd     | <?xml version='1.TOKEN' encoding='UTF-8'?><!ENTITY zz 'v'>
+        conf/doc/broken.dtd    | <!ENTITY zz 'v'>\n  <!ENTITY
+        conf/doc/sub/outer.dtd | <!ENTITY % p SYSTEM 'inner.ent'>%p;
+        conf/doc/sub/inner.ent | <!ENTITY zz 'in'>
+        conf/doc/sub/up.dtd    | <!ENTITY % p SYSTEM '../../up.dtd'>%p;
+        conf/doc/value.dtd     | <!ENTITY % f SYSTEM 'token'><!ENTITY zz '%f;'>
+        conf/doc/token         | TOKEN
+        conf/doc/quoted        | "TOKEN" 'TOKEN'
+        out/token              | TOKEN
+        out/out.dtd            | <!ENTITY zz 'TOKEN'>)"))
         directory.Write(name, contents);
-    ASSERT_EQ(mkfifo((directory.Path() + "/doc/pipe").c_str(), 0600), 0);
+    const std::string root = directory.Path();
+    ASSERT_EQ(mkfifo((root + "/conf/doc/pipe").c_str(), 0600), 0);
+    for (const auto& [link, target] : Table<2>(R"(
+        conf/doc/in.dtd       | ../up.dtd
+        conf/doc/real.dtd     | HERE/conf/up.dtd
+        conf/doc/back         | ..
+        conf/doc/out          | ../../out
+        conf/doc/out.dtd      | HERE/out/out.dtd
+        conf/doc/nowhere.dtd  | gone.dtd
+        conf/doc/out/none.dtd | gone.dtd
+        conf/doc/loop.dtd     | loop.dtd)"))
+        std::filesystem::create_symlink(Replaced(target, "HERE", root), root + "/" + link);
     for (const std::vector<std::string>& row : Cells(CaseFile("entitiesAndDocumentTypes")))
         for (std::size_t cell = 2; cell < row.size(); ++cell)
         {
             std::string document = Replaced(Replaced(row[cell], "DT[", "DT ["), "DT ", "<!DOCTYPE r ");
-            document = Replaced(Replaced(document, "GONE", "SYSTEM 'gone.dtd'"), "HERE", directory.Path() + "/doc");
-            directory.Write("doc/file.xml", document);
-            const Outcome outcome = ParseFile(directory.Path() + "\\doc\\file.xml");
+            document = Replaced(Replaced(document, "GONE", "SYSTEM 'gone.dtd'"), "HERE", root + "/conf/doc");
+            document = Replaced(document, "FILE[", "[<!ENTITY % f SYSTEM 'quoted'><!ENTITY % t SYSTEM 'token'>");
+            directory.Write("conf/doc/file.xml", document);
+            const Outcome outcome = ParseFile(root + "\\conf\\doc\\file.xml", NULL_var, root + "/conf");
             EXPECT_THAT(outcome.problems, MatchesRegex(row[0])) << document;
             EXPECT_EQ(outcome.Contents(), row[1]) << document;
         }
+
+    // Without a directory, from the folder of the document; with the setting, from nowhere.
+    for (const auto& [setting, name, problems, contents] : Table<4>(R"(
+            | sub/outer.dtd |                          | r:in
+            | ../up.dtd     | warning 1:.+, fatal 1:.+ | none
+        yes | shared.dtd    | warning 1:.+, fatal 1:.+ | none)"))
+    {
+        directory.Write("conf/doc/file.xml", "<!DOCTYPE r SYSTEM '" + name + "'><r>&zz;</r>");
+        setenv("MELK_NO_EXTERNAL_DTD", setting.c_str(), 1);
+        const Outcome outcome = ParseFile(root + "\\conf\\doc\\file.xml");
+        unsetenv("MELK_NO_EXTERNAL_DTD");
+        EXPECT_THAT(outcome.problems, MatchesRegex(problems)) << name;
+        EXPECT_EQ(outcome.Contents(), contents) << name;
+    }
 }
 
 TEST_F(ParseProblem, OnlyPastTheBounds)
@@ -283,6 +332,13 @@ TEST_F(ParseProblem, OnlyPastTheBounds)
         return typed(
             "<!ATTLIST b a CDATA '" + std::string(bytes, 'x') + "'>", "<r>" + Repeated(times, "<b/>") + "</r>");
     };
+    const auto declared = [&](std::size_t attributes, const std::string& ending)
+    {
+        std::string declarations = "<!ATTLIST b n CDATA 'v'>";
+        for (std::size_t number = 0; number < attributes; ++number)
+            declarations += "<!ATTLIST a n" + std::to_string(number) + " CDATA " + ending + ">";
+        return typed(declarations, "<a/>");
+    };
     const std::string spaces(CATXMLBounds::documentBytes - 7, ' ');
     const std::size_t entities = CATXMLBounds::entityDepth;
     const auto expect = [](const char* bound, const std::string& document, bool isWithin)
@@ -293,6 +349,8 @@ TEST_F(ParseProblem, OnlyPastTheBounds)
         expect("entities, in text", chain(entities + extra, true, 1, "<r>&$;</r>"), extra == 0);
         expect("entities, in an attribute", chain(entities + extra, false, 1, "<r a='&$;'/>"), extra == 0);
         expect("parameter entities", parameterChain(entities + extra), extra == 0);
+        expect("attributes", declared(CATXMLBounds::declaredAttributes + extra, "#IMPLIED"), extra == 0);
+        expect("attributes with defaults", declared(CATXMLBounds::declaredAttributes + extra, "'v'"), extra == 0);
         expect("bytes", "<r>" + spaces + std::string(extra, ' ') + "</r>", extra == 0);
     }
     expect("expansion below 8 MiB", expanded(100000, 50), true);
@@ -300,6 +358,8 @@ TEST_F(ParseProblem, OnlyPastTheBounds)
     expect("expansion", expanded(100000, 2000), false);
     expect("defaults below 8 MiB", defaulted(50000, 100), true);
     expect("defaults", defaulted(50000, 4000), false);
+    expect("names of defaults",
+        typed("<!ATTLIST b " + std::string(50000, 'n') + " CDATA ''>", "<r>" + Repeated(4000, "<b/>") + "</r>"), false);
     expect("expansion of expansions", chain(10, true, 10, "<r>&$;</r>"), false);
     expect("expansion of expansions", chain(10, true, 10, "<r a='&$;'/>"), false);
 }

@@ -62,7 +62,11 @@ protected:
     {
         CATIDOMDocument_var document;
         const CATUnicodeString path(directory.Path() + "/" + file);
-        return SUCCEEDED(CATIXMLDOMDocumentBuilder().Parse(path, {}, {}, NULL_var, NULL_var, document));
+        CATListValCATUnicodeString names;
+        CATListValCATUnicodeString values;
+        names.Append("CATDocumentTypeDirectory");
+        values.Append(CATUnicodeString(directory.Path()));
+        return SUCCEEDED(CATIXMLDOMDocumentBuilder().Parse(path, names, values, NULL_var, NULL_var, document));
     }
 
     // Damages a file that the configuration reads, and puts it right again.

@@ -5,6 +5,7 @@
 #include "CATTextHash.h"
 
 #include <algorithm>
+#include <cmath>
 #include <span>
 #include <string>
 
@@ -69,7 +70,10 @@ bool QuantityFromText(std::string_view text, std::span<const Unit> units, double
     for (const Unit& unit : units)
         if (CATTextEqual(unit.symbol, symbol))
         {
-            value = unit.divisor == 1.0 ? number * unit.factor : number / unit.divisor;
+            const double held = unit.divisor == 1.0 ? number * unit.factor : number / unit.divisor;
+            if (std::isinf(held))
+                return false;
+            value = held;
             return true;
         }
     return false;

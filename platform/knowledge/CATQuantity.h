@@ -3,7 +3,8 @@
 //
 // The grammar: blanks, an optional sign, a decimal number with "." or "," and an optional exponent ("5." and ".5"
 // are numbers), blanks, an optional unit, blanks, nothing else. Letter case matters in units. Each function returns
-// false, with the output untouched, for any other text and for a unit of another dimension.
+// false, with the output untouched, for any other text, for a unit of another dimension, and for a value past a
+// double's range, as it is written or in the unit that it is held in.
 #ifndef CATQuantity_H
 #define CATQuantity_H
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <limits>
 #include <system_error>
 
 namespace {
@@ -48,7 +47,11 @@ bool CATTakeNumber(std::string_view& text, double& value)
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
     const auto length = static_cast<std::size_t>(end - digits.data());
     if (error == std::errc::result_out_of_range)
-        number = IsHuge(digits.substr(0, length)) ? std::numeric_limits<double>::infinity() : 0.0;
+    {
+        if (IsHuge(digits.substr(0, length)))
+            return false;
+        number = 0.0;
+    }
     value = negative ? -number : number;
     digits.remove_prefix(length);
     text = digits;

@@ -21,8 +21,8 @@ constexpr std::string_view CATStripped(std::string_view text)
 }
 
 // Reads a decimal number (optional sign, digits with an optional point, optional exponent) from the front of text,
-// correctly rounded and independent of any locale, and takes it off the text. A number too large for a double gives
-// infinity, one too small gives zero. False, with nothing changed, when no number stands there.
+// correctly rounded and independent of any locale, and takes it off the text. One too small for a double gives zero.
+// False, with nothing changed, when no number stands there or one too large for a double.
 bool CATTakeNumber(std::string_view& text, double& value);
 
 #endif

@@ -1,17 +1,134 @@
 #include "CATPath.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <climits>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
+#include <vector>
 
 namespace {
+
+constexpr int linksAtMost = 40; // on the way to one file, as the system itself counts them
+
+// Without O_NONBLOCK, opening a named pipe would wait for its writer.
+constexpr int forReading = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
+#ifdef O_PATH
+constexpr int forSearching = O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+#else
+constexpr int forSearching = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+#endif
 
 CATUnicodeString SystemPath(CATUnicodeString path)
 {
     path.ReplaceAll('\\', '/');
     return path;
+}
+
+std::string FolderOf(std::string_view path)
+{
+    const std::size_t separator = path.rfind('/');
+    if (separator == std::string_view::npos)
+        return ".";
+    return std::string(path.substr(0, separator == 0 ? 1 : separator));
+}
+
+// With every link and ".." followed, and without the "/" of the root; none, and errno, when that cannot be done.
+std::optional<std::string> RealPath(const std::string& path)
+{
+    char* resolved = realpath(path.c_str(), nullptr);
+    if (!resolved)
+        return std::nullopt;
+    std::string real = resolved;
+    std::free(resolved);
+    return real == "/" ? "" : real;
+}
+
+// Adds the names of a path, the first one last.
+void PushNames(std::string_view path, std::vector<std::string>& names)
+{
+    for (std::size_t end = path.size(); end != std::string_view::npos;)
+    {
+        const std::size_t separator = end == 0 ? std::string_view::npos : path.rfind('/', end - 1);
+        const std::size_t begin = separator == std::string_view::npos ? 0 : separator + 1;
+        names.emplace_back(path.substr(begin, end - begin));
+        end = separator;
+    }
+}
+
+bool IsWithin(const std::string& path, const std::string& folder) { return (path + "/").starts_with(folder + "/"); }
+
+// Follows a path name by name, as the system does, but stops before each look at a file.
+struct Walk
+{
+    static constexpr int absent = -1;
+
+    Walk(std::string folder, std::string_view path) : at(std::move(folder)) { PushNames(path, names); }
+
+    // The real path that the next name leads to, unless it is a link: the place itself for "." and the one above for
+    // "..", which needs no look.
+    std::string TakeName()
+    {
+        const std::string name = std::exchange(names.back(), "");
+        names.pop_back();
+        if (name == "..")
+            at.erase(std::min(at.rfind('/'), at.size()));
+        return name.empty() || name == "." || name == ".." ? at : at + "/" + name;
+    }
+
+    // Goes on to that place, or to where the link there leads. Gives an error of the system, or "absent".
+    int LookAt(const std::string& next)
+    {
+        const bool isOfLink = names.size() >= behindLink;
+        struct stat status = {};
+        if (lstat(next.c_str(), &status) != 0)
+            return errno == ENOENT && !isOfLink ? absent : errno;
+        if (S_ISLNK(status.st_mode))
+            return Follow(next, isOfLink);
+        at = next;
+        isFile = S_ISREG(status.st_mode);
+        return isFile || S_ISDIR(status.st_mode) ? 0 : absent;
+    }
+
+    std::string at; // a real path, empty for the root
+    bool isFile = false;
+    std::vector<std::string> names; // that are still to be followed, the next one last
+
+private:
+    int Follow(const std::string& link, bool isOfLink)
+    {
+        if (++links > linksAtMost)
+            return ELOOP;
+        char target[PATH_MAX];
+        const ssize_t length = readlink(link.c_str(), target, sizeof target);
+        if (length < 0)
+            return errno;
+        if (target[0] == '/')
+            at.clear();
+        if (!isOfLink)
+            behindLink = names.size();
+        PushNames({target, static_cast<std::size_t>(length)}, names);
+        return 0;
+    }
+
+    int links = 0;
+    std::size_t behindLink = SIZE_MAX; // how many names are left when those of the links are done
+};
+
+// Whether nothing can bear that name: there is no such name, in a folder that is there.
+bool IsAbsent(const std::string& path)
+{
+    struct stat status = {};
+    const int error = lstat(path.c_str(), &status) == 0 ? 0 : errno;
+    if (error != ENOENT)
+        return error == ENOTDIR;
+    const std::string folder = FolderOf(path);
+    return path.empty() || folder == path || stat(folder.c_str(), &status) == 0 || IsAbsent(folder);
 }
 
 } // namespace
@@ -21,20 +138,40 @@ CATUnicodeString CATMakePath(const CATUnicodeString& directory, const CATUnicode
     return directory.IsEmpty() ? name : directory + "\\" + name;
 }
 
+CATUnicodeString CATFolderOf(const CATUnicodeString& path)
+{
+    return CATUnicodeString(FolderOf(SystemPath(path).ConvertToChar()));
+}
+
 bool CATIsRegularFile(const CATUnicodeString& path)
 {
     struct stat status = {};
     return stat(SystemPath(path).ConvertToChar(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
+bool CATMayBeFile(const CATUnicodeString& path)
+{
+    const CATUnicodeString systemPath = SystemPath(path);
+    struct stat status = {};
+    if (stat(systemPath.ConvertToChar(), &status) == 0)
+        return S_ISREG(status.st_mode);
+    return !IsAbsent(systemPath.ConvertToChar());
+}
+
 CATInputFile::CATInputFile(const CATUnicodeString& path)
-    // Without O_NONBLOCK, opening a named pipe would wait for its writer.
-    : m_Descriptor(open(SystemPath(path).ConvertToChar(), O_RDONLY | O_CLOEXEC | O_NONBLOCK))
+    : CATInputFile(open(SystemPath(path).ConvertToChar(), forReading))
+{
+}
+
+CATInputFile::CATInputFile(int descriptor) : m_Descriptor(descriptor), m_Error(descriptor < 0 ? errno : 0)
 {
     struct stat status = {};
-    if (IsOpen() && fstat(m_Descriptor, &status) == 0 && S_ISREG(status.st_mode))
-        m_Size = static_cast<std::size_t>(status.st_size);
-    else if (IsOpen())
+    if (!IsOpen())
+        return;
+    if (fstat(m_Descriptor, &status) != 0)
+        m_Error = errno;
+    m_Size = static_cast<std::size_t>(status.st_size);
+    if (!S_ISREG(status.st_mode))
         close(std::exchange(m_Descriptor, -1));
 }
 
@@ -44,6 +181,8 @@ CATInputFile::~CATInputFile()
         close(m_Descriptor);
 }
 
+const char* CATInputFile::Reason() const { return m_Error == 0 ? "not a regular file" : std::strerror(m_Error); }
+
 // NOLINTNEXTLINE(readability-make-member-function-const): it moves on in the file
 long CATInputFile::Read(void* buffer, std::size_t size)
 {
@@ -52,4 +191,76 @@ long CATInputFile::Read(void* buffer, std::size_t size)
         read = ::read(m_Descriptor, buffer, size);
     while (read < 0 && errno == EINTR);
     return read;
+}
+
+CATFileArea::CATFileArea(const CATUnicodeString& directory) : m_Error(0)
+{
+    const std::optional<std::string> real = RealPath(SystemPath(directory).ConvertToChar());
+    if (real)
+        m_Directory = *real;
+    else
+        m_Error = errno;
+}
+
+bool CATFileArea::Contains(const std::string& path) const { return m_Error == 0 && IsWithin(path, m_Directory); }
+
+// Whether it is a folder above the directory, or the directory: that is known without a look at it.
+bool CATFileArea::IsOnTheWay(const std::string& path) const { return m_Error == 0 && IsWithin(m_Directory, path); }
+
+// First the path is followed name by name, which tells where the file lies. Then the file is opened by its real path,
+// folder by folder and without following a link: whatever has been put in the place of one meanwhile, nothing outside
+// is opened.
+std::unique_ptr<CATInputFile> CATFileArea::Open(
+    const CATUnicodeString& beside, std::string_view relativePath, CATUnicodeString& realPath) const
+{
+    errno = 0;
+    const std::optional<std::string> folder = RealPath(FolderOf(SystemPath(beside).ConvertToChar()));
+    const std::optional<std::string> found = folder ? Find(*folder, relativePath) : std::nullopt;
+    if (!found && errno == 0)
+        return nullptr;
+    if (found)
+        realPath = CATUnicodeString(*found);
+    return std::unique_ptr<CATInputFile>(new CATInputFile(found ? OpenFound(*found) : -1));
+}
+
+// The real path of the file. None, with errno 0, when there is no such file in the area; none, with another errno, when
+// that cannot be told.
+std::optional<std::string> CATFileArea::Find(const std::string& folder, std::string_view relativePath) const
+{
+    Walk walk(folder, SystemPath(CATUnicodeString(relativePath)).ConvertToChar());
+    int error = 0;
+    while (error == 0 && !walk.names.empty())
+    {
+        const std::string next = walk.TakeName();
+        if (walk.isFile)
+            error = Walk::absent; // a name below a file
+        else if (next == walk.at || IsOnTheWay(next))
+            walk.at = next;
+        else
+            error = Contains(walk.at) ? walk.LookAt(next) : Walk::absent;
+    }
+    errno = error == Walk::absent ? 0 : error;
+    return error == 0 && walk.isFile ? std::optional(walk.at) : std::nullopt;
+}
+
+int CATFileArea::OpenFound(const std::string& realPath) const
+{
+    int folder = open(m_Directory.empty() ? "/" : m_Directory.c_str(), forSearching);
+    std::vector<std::string> names;
+    PushNames(realPath.substr(m_Directory.size() + 1), names);
+    for (; folder >= 0 && names.size() > 1; names.pop_back())
+    {
+        const int next = openat(folder, names.back().c_str(), forSearching);
+        const int error = errno;
+        close(folder);
+        errno = error;
+        folder = next;
+    }
+    if (folder < 0)
+        return -1;
+    const int file = openat(folder, names.back().c_str(), forReading | O_NOFOLLOW);
+    const int error = errno;
+    close(folder);
+    errno = error;
+    return file;
 }

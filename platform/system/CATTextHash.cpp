@@ -1,12 +1,26 @@
 #include "CATTextHash.h"
 
 #include <chrono>
+#include <unistd.h>
 
-std::uint64_t CATTextHashSalt()
+namespace {
+
+CATTextHashSecret MakeSecret()
 {
-    // Address randomisation and the clock: unknown to whoever wrote the file, and no device has to be opened.
-    static const std::uint64_t salt =
-        CATTextHashDetail::Mix(static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count()),
-            reinterpret_cast<std::uintptr_t>(&salt));
-    return salt;
+    CATTextHashSecret secret = {};
+    if (getentropy(&secret, sizeof secret) == 0)
+        return secret;
+    // A system that has no randomness to give: the clock and where things lie, which no writer of a file knows.
+    const auto now = static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count());
+    secret.first = CATTextHashDetail::Fold(now, 0x9E3779B97F4A7C15U);
+    secret.second = CATTextHashDetail::Fold(reinterpret_cast<std::uintptr_t>(&secret), secret.first);
+    return secret;
+}
+
+} // namespace
+
+CATTextHashSecret CATTextHashSecretOfProcess()
+{
+    static const CATTextHashSecret secret = MakeSecret();
+    return secret;
 }

@@ -1,6 +1,7 @@
 // Comparing, hashing and copying texts that are short as a rule: names of documents and standards, values.
 //
-// The names come out of files, so the hash is salted per process: nobody can write a file whose names all collide.
+// The names come out of files, so the hash has a secret of the process in every step: nobody can write a file whose
+// names collide, whatever the secret is.
 #ifndef CATTextHash_H
 #define CATTextHash_H
 
@@ -9,7 +10,13 @@
 #include <cstring>
 #include <string_view>
 
-std::uint64_t CATTextHashSalt();
+struct CATTextHashSecret
+{
+    std::uint64_t first;
+    std::uint64_t second;
+};
+// The same for the whole process.
+CATTextHashSecret CATTextHashSecretOfProcess();
 
 namespace CATTextHashDetail {
 
@@ -20,10 +27,12 @@ inline std::uint64_t Load(const char* text, std::size_t bytes)
     return word;
 }
 
-inline std::uint64_t Mix(std::uint64_t hash, std::uint64_t word)
+// Both halves of the product of 128 bits: each bit of the result depends on all bits of both factors.
+inline std::uint64_t Fold(std::uint64_t left, std::uint64_t right)
 {
-    hash = (hash ^ word) * 0x9E3779B97F4A7C15U;
-    return hash ^ (hash >> 32U);
+    __extension__ using Wide = unsigned __int128;
+    const Wide product = static_cast<Wide>(left) * right;
+    return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64U);
 }
 
 } // namespace CATTextHashDetail
@@ -75,20 +84,32 @@ inline void CATTextCopy(char* to, std::string_view text)
         *to = *from;
 }
 
-inline std::uint32_t CATTextHash(std::string_view text, std::uint64_t salt)
+inline std::uint32_t CATTextHash(std::string_view text, const CATTextHashSecret& secret)
 {
+    using CATTextHashDetail::Fold;
     using CATTextHashDetail::Load;
-    using CATTextHashDetail::Mix;
     const char* at = text.data();
     std::size_t left = text.size();
-    std::uint64_t hash = salt ^ left;
-    for (; left > 8; left -= 8, at += 8)
-        hash = Mix(hash, Load(at, 8));
-    if (left >= 4)
-        hash = Mix(hash, Load(at, 4) | Load(at + left - 4, 4) << 32U);
+    std::uint64_t hash = secret.first;
+    for (; left > 16; left -= 16, at += 16)
+        hash = Fold(Load(at, 8) ^ secret.second, Load(at + 8, 8) ^ hash);
+    // Two words that may overlap cover the rest.
+    std::uint64_t begin = 0;
+    std::uint64_t end = 0;
+    if (left >= 8)
+    {
+        begin = Load(at, 8);
+        end = Load(at + left - 8, 8);
+    }
+    else if (left >= 4)
+    {
+        begin = Load(at, 4);
+        end = Load(at + left - 4, 4);
+    }
     else if (left > 0)
-        hash = Mix(hash, Load(at, 1) | Load(at + left / 2, 1) << 8U | Load(at + left - 1, 1) << 16U);
-    return static_cast<std::uint32_t>(Mix(hash, salt));
+        begin = Load(at, 1) | Load(at + left / 2, 1) << 8U | Load(at + left - 1, 1) << 16U;
+    hash = Fold(begin ^ secret.second, end ^ hash);
+    return static_cast<std::uint32_t>(Fold(hash, secret.first ^ text.size()));
 }
 
 #endif

@@ -15,7 +15,7 @@ public:
     // The number of the text, or none; "textOf(number)" is the text of a number.
     template <class TextOf> Number Find(std::string_view text, const TextOf& textOf) const
     {
-        return m_Slots.empty() ? none : m_Slots[SlotOf(text, CATTextHash(text, m_Salt), textOf)].number;
+        return m_Slots.empty() ? none : m_Slots[SlotOf(text, CATTextHash(text, m_Secret), textOf)].number;
     }
 
     // The number of the text; when it has none, it gets "number".
@@ -23,7 +23,7 @@ public:
     {
         if (m_Used * 2 >= m_Slots.size())
             Grow();
-        const std::uint32_t hash = CATTextHash(text, m_Salt);
+        const std::uint32_t hash = CATTextHash(text, m_Secret);
         Slot& slot = m_Slots[SlotOf(text, hash, textOf)];
         if (slot.number == none)
         {
@@ -52,7 +52,7 @@ private:
     }
     void Grow();
 
-    std::uint64_t m_Salt = CATTextHashSalt();
+    CATTextHashSecret m_Secret = CATTextHashSecretOfProcess();
     std::vector<Slot> m_Slots; // a power of two, at most half of it in use; none in empty ones
     std::size_t m_Used = 0;
 };

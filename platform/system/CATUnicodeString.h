@@ -97,7 +97,10 @@ private:
 
 template <> struct std::hash<CATUnicodeString>
 {
-    std::size_t operator()(const CATUnicodeString& text) const noexcept { return CATTextHash(text, CATTextHashSalt()); }
+    std::size_t operator()(const CATUnicodeString& text) const noexcept
+    {
+        return CATTextHash(text, CATTextHashSecretOfProcess());
+    }
 };
 
 #endif

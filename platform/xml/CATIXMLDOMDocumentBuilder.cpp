@@ -10,13 +10,22 @@
 namespace {
 
 constexpr std::string_view validationOption = "CATDoValidation";
+constexpr std::string_view directoryOption = "CATDocumentTypeDirectory";
 
 bool AreSupported(const CATListValCATUnicodeString& names, const CATListValCATUnicodeString& values)
 {
     for (int option = 1; option <= names.Size(); ++option)
-        if (names[option] != validationOption || option > values.Size() || values[option] != "false")
+        if (option > values.Size() ||
+            (names[option] != directoryOption && (names[option] != validationOption || values[option] != "false")))
             return false;
     return true;
+}
+
+CATUnicodeString DocumentTypeDirectory(
+    const CATUnicodeString& path, const CATListValCATUnicodeString& names, const CATListValCATUnicodeString& values)
+{
+    const int option = names.Locate(CATUnicodeString(directoryOption));
+    return option > 0 ? values[option] : CATFolderOf(path);
 }
 
 CATResult Finish(
@@ -35,6 +44,7 @@ void CATIXMLDOMDocumentBuilder::GetSupportedOptions(CATListValCATUnicodeString& 
 {
     names.RemoveAll();
     names.Append(CATUnicodeString(validationOption));
+    names.Append(CATUnicodeString(directoryOption));
 }
 
 CATResult CATIXMLDOMDocumentBuilder::Parse(const CATUnicodeString& path, const CATListValCATUnicodeString& optionNames,
@@ -42,19 +52,22 @@ CATResult CATIXMLDOMDocumentBuilder::Parse(const CATUnicodeString& path, const C
     const CATISAXEntityResolver_var& entityResolver, CATIDOMDocument_var& document) const
 {
     document = NULL_var;
-    CATInputFile file(path);
-    if (!AreSupported(optionNames, optionValues) || !file.IsOpen())
+    if (!AreSupported(optionNames, optionValues))
         return E_FAIL;
-    CATXMLParse parse(path, errorHandler, entityResolver);
-    return Finish(
-        parse, [&](void* buffer, std::size_t size) { return file.Read(buffer, size); }, file.Size(), document);
+    CATInputFile file(path);
+    CATXMLParse parse(path, DocumentTypeDirectory(path, optionNames, optionValues), errorHandler, entityResolver);
+    if (file.IsOpen())
+        return Finish(
+            parse, [&](void* buffer, std::size_t size) { return file.Read(buffer, size); }, file.Size(), document);
+    parse.Refuse(file.Reason());
+    return E_FAIL;
 }
 
 CATResult CATIXMLDOMDocumentBuilder::ParseMemory(
     std::string_view bytes, const CATISAXErrorHandler_var& errorHandler, CATIDOMDocument_var& document) const
 {
     document = NULL_var;
-    CATXMLParse parse("", errorHandler, NULL_var);
+    CATXMLParse parse("", CATFolderOf(""), errorHandler, NULL_var);
     const auto read = [&](void* buffer, std::size_t size)
     {
         const std::size_t piece = std::min(size, bytes.size());

@@ -2,9 +2,14 @@
 //
 // It reports a document that is not well formed through FatalError, once, and gives no document. It does not validate.
 // Nothing is lost silently: a reference to an entity that is external, not declared, or declared only where the parser
-// could not look makes the document fail. External document type definitions are read from what the entity resolver
-// delivers, or else from a file whose path is relative to the document; where that cannot be had, one Warning says so
-// and the document is read without it. Nothing is ever fetched from an absolute path, an address or a network.
+// could not look makes the document fail. No message holds a text of a file, be it the name of an entity or of a file.
+//
+// External document type definitions are read from what the entity resolver delivers, or else from a file whose path is
+// relative to the document, when that file lies in the directory for document types, links and ".." followed. Where
+// there is none, one Warning says so and the document is read without it; one that cannot be read makes the document
+// fail. Such files hold declarations: a reference to one inside an entity's value makes the document fail too. Nothing
+// is ever fetched from an absolute path, an address or a network. The environment variable MELK_NO_EXTERNAL_DTD, set to
+// any text, turns these files off, those of a resolver too: a Warning says so, and the document is read without them.
 #ifndef CATIXMLDOMDocumentBuilder_H
 #define CATIXMLDOMDocumentBuilder_H
 
@@ -17,7 +22,8 @@ struct CATXMLBounds
 {
     static constexpr std::size_t documentBytes = std::size_t{128} << 20U; // of a document and its external files
     static constexpr int elementDepth = 10000;
-    static constexpr int entityDepth = 64; // entities that refer to entities
+    static constexpr int entityDepth = 64;         // entities that refer to entities
+    static constexpr int declaredAttributes = 256; // of one element; a declaration that is repeated counts again
     static constexpr int externalFiles = 32;
     static constexpr int externalDepth = 8; // external files that name external files
     // A document may grow to this much by expanding entities and attribute defaults, and past that to this many times
@@ -35,11 +41,13 @@ enum CATDOMClassId
 class CATIXMLDOMDocumentBuilder : public CATBaseUnknown
 {
 public:
-    // The names of the options that Parse takes: "CATDoValidation".
+    // The names of the options that Parse takes: "CATDoValidation" and "CATDocumentTypeDirectory".
     void GetSupportedOptions(CATListValCATUnicodeString& names) const;
 
-    // Parses the file into a document. The lists give the options' names and values in parallel; "CATDoValidation"
-    // takes "false". The handlers may be null. On failure the result is negative and the document null.
+    // Parses the file into a document. The lists give the options' names and values in parallel. "CATDoValidation"
+    // takes "false"; "CATDocumentTypeDirectory" takes the directory that document type definitions are read from, at
+    // any depth; without it that is the folder of the document. The handlers may be null. On failure the result is
+    // negative, the document null, and FatalError has been told, except of options that are not supported.
     CATResult Parse(const CATUnicodeString& path, const CATListValCATUnicodeString& optionNames,
         const CATListValCATUnicodeString& optionValues, const CATISAXErrorHandler_var& errorHandler,
         const CATISAXEntityResolver_var& entityResolver, CATIDOMDocument_var& document) const;

@@ -30,10 +30,18 @@ std::string TakeReference(char kind, std::string_view& text)
 
 } // namespace
 
+CATXMLEntities::Symbol CATXMLEntities::SymbolOf(const std::string& key)
+{
+    const Symbol symbol = m_Keys.Intern(key.c_str());
+    if (symbol == m_Entities.size())
+        m_Entities.emplace_back();
+    return symbol;
+}
+
 bool CATXMLEntities::DeclareInternal(char kind, std::string_view name, std::string_view text)
 {
-    const std::string key = kind + std::string(name);
-    Entity& entity = m_Entities[key];
+    const Symbol symbol = SymbolOf(kind + std::string(name));
+    Entity& entity = m_Entities[symbol];
     entity.text = text;
     entity.declared = true;
     while (true)
@@ -41,26 +49,26 @@ bool CATXMLEntities::DeclareInternal(char kind, std::string_view name, std::stri
         const std::string reference = TakeReference(kind, text);
         if (reference.empty())
             break;
-        Entity& target = m_Entities[reference]; // leaves "entity" where it is
-        if (target.referrers.empty() || target.referrers.back() != key)
-            target.referrers.push_back(key);
+        Entity& target = m_Entities[SymbolOf(reference)]; // leaves "entity" where it is
+        if (target.referrers.empty() || target.referrers.back() != symbol)
+            target.referrers.push_back(symbol);
         entity.depth = std::max(entity.depth, target.depth + 1);
     }
-    return RaiseReferrers(key);
+    return RaiseReferrers(symbol);
 }
 
 // An entity that comes to lead deeper takes along those that refer to it. No depth rises past the bound, so this ends
 // in a circle too.
-bool CATXMLEntities::RaiseReferrers(std::string key)
+bool CATXMLEntities::RaiseReferrers(Symbol symbol)
 {
-    std::vector<std::string> raised{std::move(key)};
+    std::vector<Symbol> raised{symbol};
     while (!raised.empty())
     {
         const Entity& target = m_Entities[raised.back()];
         raised.pop_back();
         if (target.depth >= CATXMLBounds::entityDepth)
             return false;
-        for (const std::string& referrer : target.referrers)
+        for (const Symbol referrer : target.referrers)
         {
             Entity& entity = m_Entities[referrer];
             if (entity.depth > target.depth)
@@ -72,7 +80,10 @@ bool CATXMLEntities::RaiseReferrers(std::string key)
     return true;
 }
 
-void CATXMLEntities::DeclareExternal(std::string_view name) { m_Entities['&' + std::string(name)].declared = true; }
+void CATXMLEntities::DeclareExternal(std::string_view name)
+{
+    m_Entities[SymbolOf('&' + std::string(name))].declared = true;
+}
 
 bool CATXMLEntities::AreDeclared(std::string_view markup)
 {
@@ -85,7 +96,7 @@ bool CATXMLEntities::AreDeclared(std::string_view markup)
             texts.pop_back();
             continue;
         }
-        Entity& entity = m_Entities[key];
+        Entity& entity = m_Entities[SymbolOf(key)];
         if (!entity.declared)
             return false;
         if (entity.complete)

@@ -5,9 +5,11 @@
 #ifndef CATXMLEntities_H
 #define CATXMLEntities_H
 
+#include "CATXMLDocument.h"
+
+#include <deque>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 class CATXMLEntities
@@ -24,19 +26,22 @@ public:
     bool AreDeclared(std::string_view markup);
 
 private:
+    using Symbol = CATXMLNames::Symbol;
+
     struct Entity
     {
         std::string text;
         bool declared = false;
         bool complete = false; // all that it leads to is known to be declared
         int depth = 0;         // of the longest chain below it
-        std::vector<std::string> referrers;
+        std::vector<Symbol> referrers;
     };
 
-    bool RaiseReferrers(std::string key);
+    Symbol SymbolOf(const std::string& key);
+    bool RaiseReferrers(Symbol symbol);
 
-    // By kind and name; also those that are only referred to.
-    std::unordered_map<std::string, Entity> m_Entities;
+    CATXMLNames m_Keys;            // kinds and names
+    std::deque<Entity> m_Entities; // by symbol; also those that are only referred to
 };
 
 #endif

@@ -3,13 +3,16 @@
 
 #include "CATXMLParse.h"
 
+#include "CATNumberText.h"
 #include "CATPath.h"
 #include "CATXMLEncoding.h"
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <new>
+#include <strings.h>
 
 namespace {
 
@@ -17,9 +20,20 @@ namespace {
 constexpr const char* undeclaredEntity = "reference to an entity that is not declared";
 constexpr std::size_t pieceBytes = std::size_t{64} << 10U;
 
-bool StartsWithByteOrderMark(std::string_view bytes)
+constexpr const char* documentTypesOff = "MELK_NO_EXTERNAL_DTD";
+
+CATXMLByteOrderMark MarkOf(std::string_view bytes)
 {
-    return bytes.starts_with("\xEF\xBB\xBF") || bytes.starts_with("\xFE\xFF") || bytes.starts_with("\xFF\xFE");
+    if (bytes.starts_with("\xEF\xBB\xBF"))
+        return CATXMLByteOrderMark::UTF8;
+    const bool isUTF16 = bytes.starts_with("\xFE\xFF") || bytes.starts_with("\xFF\xFE");
+    return isUTF16 ? CATXMLByteOrderMark::UTF16 : CATXMLByteOrderMark::None;
+}
+
+bool AreDocumentTypesOff()
+{
+    const char* setting = std::getenv(documentTypesOff);
+    return setting && *setting;
 }
 
 // Absolute paths and addresses are not followed.
@@ -28,13 +42,6 @@ bool IsRelativePath(std::string_view systemId)
     if (systemId.empty() || systemId.front() == '/' || systemId.front() == '\\')
         return false;
     return systemId.substr(0, systemId.find_first_of("/\\")).find(':') == std::string_view::npos;
-}
-
-std::string BesideFile(std::string_view file, std::string_view relativePath)
-{
-    const std::size_t separator = file.find_last_of("/\\");
-    const std::string directory(separator == std::string_view::npos ? "" : file.substr(0, separator + 1));
-    return directory + std::string(relativePath);
 }
 
 std::string Bound(std::size_t bound, const char* what) { return "more than " + std::to_string(bound) + " " + what; }
@@ -65,10 +72,12 @@ template <auto Event, class... Arguments> void CATXMLParse::Guarded(void* self, 
 class CATXMLParse::ExternalScope
 {
 public:
-    ExternalScope(CATXMLParse& parse, XML_Parser child, const std::string& name)
-        : m_Parse(parse), m_Name(name), m_Parent(std::exchange(parse.m_Parser, child))
+    ExternalScope(CATXMLParse& parse, XML_Parser child, CATXMLByteOrderMark mark)
+        : m_Parse(parse),
+          m_Parent(std::exchange(parse.m_Parser, child)),
+          m_Number(std::exchange(parse.m_ExternalNumber, parse.m_ExternalFiles)),
+          m_Mark(std::exchange(parse.m_Mark, mark))
     {
-        m_Parse.m_ExternalName.swap(m_Name);
         ++m_Parse.m_ExternalDepth;
     }
     ExternalScope(const ExternalScope&) = delete;
@@ -76,19 +85,22 @@ public:
     ~ExternalScope()
     {
         --m_Parse.m_ExternalDepth;
-        m_Parse.m_ExternalName.swap(m_Name);
         m_Parse.m_Parser = m_Parent;
+        m_Parse.m_ExternalNumber = m_Number;
+        m_Parse.m_Mark = m_Mark;
     }
 
 private:
     CATXMLParse& m_Parse;
-    std::string m_Name;
     XML_Parser m_Parent;
+    int m_Number;
+    CATXMLByteOrderMark m_Mark;
 };
 
-CATXMLParse::CATXMLParse(const CATUnicodeString& path, const CATISAXErrorHandler_var& errorHandler,
-    const CATISAXEntityResolver_var& entityResolver)
+CATXMLParse::CATXMLParse(const CATUnicodeString& path, CATUnicodeString documentTypeDirectory,
+    const CATISAXErrorHandler_var& errorHandler, const CATISAXEntityResolver_var& entityResolver)
     : m_Path(path),
+      m_DocumentTypeDirectory(std::move(documentTypeDirectory)),
       m_ErrorHandler(errorHandler),
       m_EntityResolver(entityResolver),
       m_Root(XML_ParserCreate(nullptr)),
@@ -131,9 +143,20 @@ std::unique_ptr<const CATXMLDocument> CATXMLParse::Run(const Reader& reader, std
     {
         FailForMemory();
     }
+    Report();
+    return nullptr;
+}
+
+void CATXMLParse::Refuse(const char* reason)
+{
+    FailToRead(reason);
+    Report();
+}
+
+void CATXMLParse::Report() const
+{
     if (m_ErrorHandler != NULL_var)
         m_ErrorHandler->FatalError(&*m_Failure);
-    return nullptr;
 }
 
 void CATXMLParse::Feed(const Reader& reader, std::size_t expectedBytes)
@@ -164,7 +187,7 @@ void CATXMLParse::Feed(const Reader& reader, std::size_t expectedBytes)
 
 void CATXMLParse::SeeBegin(std::string_view bytes, bool isWhole)
 {
-    m_ByteOrderMark = StartsWithByteOrderMark(bytes);
+    m_Mark = MarkOf(bytes);
     if (isWhole)
         m_Places.SeeDocument(bytes);
 }
@@ -178,7 +201,7 @@ std::size_t CATXMLParse::Fill(const Reader& reader, char* buffer, std::size_t si
         read = reader(buffer + filled, size - filled);
         if (read < 0)
         {
-            Fail(std::string("cannot be read: ") + std::strerror(errno));
+            FailToRead(std::strerror(errno));
             break;
         }
     }
@@ -186,6 +209,13 @@ std::size_t CATXMLParse::Fill(const Reader& reader, char* buffer, std::size_t si
     if (m_BytesRead > CATXMLBounds::documentBytes)
         Fail(Bound(CATXMLBounds::documentBytes, "bytes in the document"));
     return filled;
+}
+
+// The document is named: its path comes from whoever asks for it. That of an external file is a text of a document.
+void CATXMLParse::FailToRead(const char* reason)
+{
+    const std::string name = m_ExternalDepth == 0 ? m_Path.ConvertToChar() : "";
+    Fail(name + (name.empty() ? "cannot be read: " : " cannot be read: ") + reason);
 }
 
 void CATXMLParse::CheckParsed(XML_Status status)
@@ -198,8 +228,7 @@ void CATXMLParse::FailAt(Place place, const std::string& message)
 {
     if (m_Failure)
         return;
-    const std::string full = m_ExternalName.empty() ? message : m_ExternalName + ": " + message;
-    m_Failure = CATSAXParseException(CATUnicodeString(full), place.line, place.column);
+    m_Failure = CATSAXParseException(CATUnicodeString(InFile(message)), place.line, place.column);
     XML_StopParser(m_Parser, XML_FALSE);
 }
 
@@ -214,12 +243,18 @@ void CATXMLParse::FailForMemory()
     XML_StopParser(m_Parser, XML_FALSE);
 }
 
+// An external file goes by its number, in the order in which they are read: its name is a text of a document.
+std::string CATXMLParse::InFile(const std::string& message) const
+{
+    return m_ExternalNumber == 0 ? message : "external file " + std::to_string(m_ExternalNumber) + ": " + message;
+}
+
 CATXMLParse::Place CATXMLParse::Here() const
 {
     const auto line = static_cast<int>(XML_GetCurrentLineNumber(m_Parser));
     const auto column = static_cast<int>(XML_GetCurrentColumnNumber(m_Parser)) + 1;
     // The parser underneath counts a byte-order mark as a character.
-    const bool afterMark = m_ByteOrderMark && line == 1 && column > 1 && m_Parser == m_Root.get();
+    const bool afterMark = m_Mark != CATXMLByteOrderMark::None && line == 1 && column > 1;
     return {line, afterMark ? column - 1 : column};
 }
 
@@ -241,6 +276,9 @@ void CATXMLParse::OnStartElement(const XML_Char* tag, const XML_Char** attribute
             return;
     }
     m_Writer.StartElement(tag, attributes, place.line, place.column);
+    if (m_HasDoctype)
+        for (const XML_Char** name = attributes + XML_GetSpecifiedAttributeCount(m_Parser); *name; name += 2)
+            m_DefaultedNames += std::strlen(*name);
     CheckGrowth();
 }
 
@@ -277,8 +315,10 @@ void CATXMLParse::OnXmlDeclaration(const XML_Char* version, const XML_Char* enco
 {
     if (encoding && m_ExternalDepth == 0)
         m_Places.SeeEncoding(encoding);
+    if (encoding && m_Mark == CATXMLByteOrderMark::UTF8 && strcasecmp(encoding, "UTF-8") != 0)
+        Fail("the byte-order mark is that of another encoding than the declared one");
     if (version && std::string_view(version) != "1.0")
-        Fail(std::string("XML version ") + version + " is not supported");
+        Fail("only version 1.0 of XML is supported");
 }
 
 void CATXMLParse::OnStartDoctype(
@@ -327,7 +367,10 @@ void CATXMLParse::OnMarkup(const XML_Char* markup, int length)
     {
         m_Markup.clear();
         m_InAttributeDeclaration = true;
+        m_DeclaredElement = CATXMLNames::none;
     }
+    else if (m_InAttributeDeclaration)
+        CheckDeclaredAttributes(token);
     if (m_CollectsMarkup || m_InAttributeDeclaration)
         m_Markup += token;
     if (m_InAttributeDeclaration && token == ">")
@@ -337,6 +380,25 @@ void CATXMLParse::OnMarkup(const XML_Char* markup, int length)
     }
 }
 
+// The parser underneath looks at all declared attributes of an element whenever the element comes.
+void CATXMLParse::CheckDeclaredAttributes(std::string_view token)
+{
+    if (token.empty() || CATIsBlank(token.front()))
+        return;
+    if (m_DeclaredElement == CATXMLNames::none)
+    {
+        m_DeclaredElement = m_DeclaredElements.Intern(std::string(token).c_str());
+        m_DeclaredAttributes.resize(m_DeclaredElements.Size());
+        return;
+    }
+    // The end of each attribute's declaration: a default, or the word that there is none.
+    const bool ends = token.front() == '"' || token.front() == '\'' || token == "#IMPLIED" || token == "#REQUIRED";
+    int& count = m_DeclaredAttributes[m_DeclaredElement];
+    count += ends ? 1 : 0;
+    if (count > CATXMLBounds::declaredAttributes)
+        Fail(Bound(CATXMLBounds::declaredAttributes, "attributes declared of one element"));
+}
+
 void CATXMLParse::OnSkippedEntity(const XML_Char* /*name*/, int /*isParameter*/) { Fail(undeclaredEntity); }
 
 // Only by what its document type declares can a document grow beyond its measure.
@@ -344,7 +406,7 @@ void CATXMLParse::CheckGrowth()
 {
     if (!m_HasDoctype)
         return;
-    const std::size_t bytes = m_Writer.Bytes();
+    const std::size_t bytes = m_Writer.Bytes() + m_DefaultedNames;
     if (bytes <= CATXMLBounds::expandedBytes)
         return;
     const std::size_t allowed = CATXMLBounds::expandedBytes + CATXMLBounds::expandedFactor * m_BytesRead;
@@ -365,7 +427,7 @@ int CATXMLParse::OnExternalEntity(
 {
     auto* parse = reinterpret_cast<CATXMLParse*>(self);
     if (context)
-        parse->Fail(std::string("external entity \"") + (systemId ? systemId : "") + "\" is not read");
+        parse->Fail("an external entity is not read");
     else
         Guarded<&CATXMLParse::ReadExternalSubset>(parse, base, systemId, publicId);
     return parse->m_Failure ? XML_STATUS_ERROR : XML_STATUS_OK;
@@ -377,6 +439,8 @@ void CATXMLParse::ReadExternalSubset(const XML_Char* base, const XML_Char* syste
         return Fail(Bound(CATXMLBounds::externalFiles, "external files"));
     if (m_ExternalDepth >= CATXMLBounds::externalDepth)
         return Fail(Bound(CATXMLBounds::externalDepth, "external files within each other"));
+    if (IsInEntityValue())
+        return Fail("a parameter entity from a file stands inside an entity's value");
     const std::optional<External> external =
         FindExternal(base ? base : "", systemId ? systemId : "", publicId ? publicId : "");
     if (m_Failure)
@@ -385,49 +449,77 @@ void CATXMLParse::ReadExternalSubset(const XML_Char* base, const XML_Char* syste
     ParseExternal(external.value_or(External{}));
 }
 
+// Whether the parser is about to take the file as text for the value of an entity: a comment is heard where
+// declarations are read, and is text there.
+bool CATXMLParse::IsInEntityValue() const
+{
+    const ParserOwner probe(XML_ExternalEntityParserCreate(m_Parser, nullptr, nullptr));
+    if (!probe)
+        throw std::bad_alloc();
+    bool isHeard = false;
+    XML_SetUserData(probe.get(), &isHeard);
+    XML_SetCommentHandler(
+        probe.get(), [](void* heard, const XML_Char* /*text*/) { *static_cast<bool*>(heard) = true; });
+    constexpr std::string_view comment = "<!---->";
+    if (XML_Parse(probe.get(), comment.data(), comment.size(), XML_TRUE) == XML_STATUS_ERROR)
+        throw std::bad_alloc(); // nothing else can be wrong with it
+    return !isHeard;
+}
+
 std::optional<CATXMLParse::External> CATXMLParse::FindExternal(
     const XML_Char* base, const XML_Char* systemId, const XML_Char* publicId)
 {
+    if (AreDocumentTypesOff())
+    {
+        if (m_MissingExternals.insert("").second)
+            Warn("document type definitions are turned off; the document is read without them");
+        return std::nullopt;
+    }
     CATISAXInputSource_var source;
     if (m_EntityResolver != NULL_var && SUCCEEDED(m_EntityResolver->ResolveEntity(publicId, systemId, source)) &&
-        source != NULL_var)
+        source != NULL_var && CATMayBeFile(source->GetPath()))
     {
-        const CATUnicodeString& path = source->GetPath();
-        if (std::optional<std::string> bytes = ReadExternalFile(path))
-            return External{path.ConvertToChar(), source->GetEncoding().ConvertToChar(), std::move(*bytes)};
+        CATInputFile file(source->GetPath());
+        return ReadExternal(file, source->GetPath(), source->GetEncoding());
     }
-    if (IsRelativePath(systemId))
-    {
-        const std::string path = BesideFile(base, systemId);
-        if (std::optional<std::string> bytes = ReadExternalFile(CATUnicodeString(path)))
-            return External{path, "", std::move(*bytes)};
-    }
-    if (m_MissingExternals.insert(systemId).second && m_ErrorHandler != NULL_var)
-    {
-        const std::string message = std::string("\"") + systemId + "\" cannot be had; the document is read without it";
-        const Place place = Here();
-        const CATSAXParseException warning(CATUnicodeString(message), place.line, place.column);
-        m_ErrorHandler->Warning(&warning);
-    }
+    CATUnicodeString path;
+    const std::unique_ptr<CATInputFile> file =
+        IsRelativePath(systemId) ? CATFileArea(m_DocumentTypeDirectory).Open(base, systemId, path) : nullptr;
+    if (file)
+        return ReadExternal(*file, path, "");
+    if (m_MissingExternals.insert(systemId).second)
+        Warn("the document type definition cannot be had; the document is read without it");
     return std::nullopt;
 }
 
-std::optional<std::string> CATXMLParse::ReadExternalFile(const CATUnicodeString& path)
+void CATXMLParse::Warn(const char* message)
 {
-    CATInputFile file(path);
+    if (m_ErrorHandler == NULL_var)
+        return;
+    const Place place = Here();
+    const CATSAXParseException warning(CATUnicodeString(InFile(message)), place.line, place.column);
+    m_ErrorHandler->Warning(&warning);
+}
+
+std::optional<CATXMLParse::External> CATXMLParse::ReadExternal(
+    CATInputFile& file, const CATUnicodeString& path, const CATUnicodeString& encoding)
+{
+    External external{path.ConvertToChar(), encoding.ConvertToChar(), {}};
     if (!file.IsOpen())
-        return std::nullopt;
-    const std::size_t piece = std::min(pieceBytes, file.Size() + 1);
-    std::string bytes;
-    for (std::size_t size = 0;; size = bytes.size())
     {
-        bytes.resize(size + piece);
-        bytes.resize(
-            size + Fill([&](void* buffer, std::size_t left) { return file.Read(buffer, left); }, &bytes[size], piece));
+        Fail(std::string("a document type definition cannot be read: ") + file.Reason());
+        return std::nullopt;
+    }
+    const std::size_t piece = std::min(pieceBytes, file.Size() + 1);
+    for (std::size_t size = 0;; size = external.bytes.size())
+    {
+        external.bytes.resize(size + piece);
+        external.bytes.resize(size + Fill([&](void* buffer, std::size_t left) { return file.Read(buffer, left); },
+                                         &external.bytes[size], piece));
         if (m_Failure)
             return std::nullopt;
-        if (bytes.size() < size + piece)
-            return bytes;
+        if (external.bytes.size() < size + piece)
+            return external;
     }
 }
 
@@ -438,6 +530,6 @@ void CATXMLParse::ParseExternal(const External& external)
     if (!child)
         throw std::bad_alloc();
     XML_SetBase(child.get(), external.path.c_str());
-    const ExternalScope scope(*this, child.get(), external.path);
+    const ExternalScope scope(*this, child.get(), MarkOf(external.bytes));
     CheckParsed(XML_Parse(m_Parser, external.bytes.data(), static_cast<int>(external.bytes.size()), XML_TRUE));
 }

@@ -13,18 +13,31 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <vector>
+
+class CATInputFile;
+
+enum class CATXMLByteOrderMark
+{
+    None,
+    UTF8,
+    UTF16
+};
 
 class CATXMLParse
 {
 public:
-    CATXMLParse(const CATUnicodeString& path, const CATISAXErrorHandler_var& errorHandler,
-        const CATISAXEntityResolver_var& entityResolver);
+    // Document type definitions are read from the directory.
+    CATXMLParse(const CATUnicodeString& path, CATUnicodeString documentTypeDirectory,
+        const CATISAXErrorHandler_var& errorHandler, const CATISAXEntityResolver_var& entityResolver);
 
     // Gives the next bytes of the document: how many it wrote, 0 at the end, -1 with errno set on a failure.
     using Reader = std::function<long(void* buffer, std::size_t size)>;
 
     // The document, or null after it has reported one FatalError.
     std::unique_ptr<const CATXMLDocument> Run(const Reader& reader, std::size_t expectedBytes);
+    // In place of Run, for a document that cannot be read: reports the FatalError.
+    void Refuse(const char* reason);
 
 private:
     struct ParserDeleter
@@ -37,7 +50,9 @@ private:
     void Feed(const Reader& reader, std::size_t expectedBytes);
     void SeeBegin(std::string_view bytes, bool isWhole);
     std::size_t Fill(const Reader& reader, char* buffer, std::size_t size);
+    void FailToRead(const char* reason);
     void CheckParsed(XML_Status status);
+    void Report() const;
 
     // Records the first failure, at the parser's position, and stops the parse.
     struct Place
@@ -46,6 +61,7 @@ private:
         int column;
     };
     Place Here() const;
+    std::string InFile(const std::string& message) const;
     Place ElementPlace();
     void Fail(const std::string& message) { FailAt(Here(), message); }
     void FailAt(Place place, const std::string& message);
@@ -73,6 +89,7 @@ private:
     // Fail when the source of the current event, or a piece of markup, refers to an entity that is not declared.
     void CheckReferences(Place place);
     void CheckReferencesIn(std::string_view markup, Place place);
+    void CheckDeclaredAttributes(std::string_view token);
     void CheckGrowth();
 
     struct External
@@ -83,27 +100,35 @@ private:
     };
     class ExternalScope;
     void ReadExternalSubset(const XML_Char* base, const XML_Char* systemId, const XML_Char* publicId);
+    bool IsInEntityValue() const;
     std::optional<External> FindExternal(const XML_Char* base, const XML_Char* systemId, const XML_Char* publicId);
-    std::optional<std::string> ReadExternalFile(const CATUnicodeString& path);
+    std::optional<External> ReadExternal(
+        CATInputFile& file, const CATUnicodeString& path, const CATUnicodeString& encoding);
+    void Warn(const char* message);
     void ParseExternal(const External& external);
 
     CATUnicodeString m_Path;
+    CATUnicodeString m_DocumentTypeDirectory;
     CATISAXErrorHandler_var m_ErrorHandler;
     CATISAXEntityResolver_var m_EntityResolver;
     ParserOwner m_Root;
     XML_Parser m_Parser = nullptr; // the one whose events are coming in: the document's or an external subset's
+    int m_ExternalNumber = 0;      // of the external file that they come from, 0 for the document
+    CATXMLByteOrderMark m_Mark = CATXMLByteOrderMark::None; // of the document or that file
     CATXMLDocumentWriter m_Writer;
     CATXMLEntities m_Entities;
     CATXMLPlaceCounter m_Places;
     std::optional<CATSAXParseException> m_Failure;
     std::set<std::string> m_MissingExternals;
-    std::string m_ExternalName; // of the external subset that is being read
     std::string m_Markup;
+    CATXMLNames m_DeclaredElements;                            // those with declared attributes
+    std::vector<int> m_DeclaredAttributes;                     // how many, by the symbol of the element
+    CATXMLNames::Symbol m_DeclaredElement = CATXMLNames::none; // the one of the declaration at hand
+    std::size_t m_DefaultedNames = 0; // bytes of the names of attributes that defaults have added
     std::size_t m_BytesRead = 0;
     int m_Depth = 0;
     int m_ExternalFiles = 0;
     int m_ExternalDepth = 0;
-    bool m_ByteOrderMark = false;
     bool m_InDoctype = false;
     bool m_HasDoctype = false;
     bool m_CollectsMarkup = false;

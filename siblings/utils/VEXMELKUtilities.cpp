@@ -117,7 +117,7 @@ void VEXMELKUtilities::SetCommaDelimeter(unsigned char comma) { State().comma = 
 
 void VEXMELKUtilities::AlterStringBecauseOfDelimeter(CATUnicodeString& text) { text.ReplaceAll(',', '.'); }
 
-unsigned char VEXMELKUtilities::FileExists(const CATUnicodeString& path) { return CATIsRegularFile(path); }
+unsigned char VEXMELKUtilities::FileExists(const CATUnicodeString& path) { return CATMayBeFile(path); }
 
 CATUnicodeString VEXMELKUtilities::GetNLSMessage(const CATString& key)
 {

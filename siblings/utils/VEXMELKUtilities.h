@@ -29,7 +29,8 @@ public:
     // Turns every "," into ".", the separator that conversions expect, whatever the application writes.
     static void AlterStringBecauseOfDelimeter(CATUnicodeString& text);
 
-    // True for regular files only, through symbolic links.
+    // False only for what certainly is no file: no such name, or a folder, a pipe, a device of that name. True for a
+    // file, and where it cannot be told: the folder may not be searched, or a link leads nowhere or in a circle.
     static unsigned char FileExists(const CATUnicodeString& path);
 
     // The text of a message, from the file that MELK_MSG_CATALOG names (lines of KEY = "text"), or else from the
