@@ -9,21 +9,28 @@
 
 // While the outermost operation of an object runs, a load that failed is not repeated: all of its look-ups fail alike.
 // The object outlives its operation: a box may run the host's own code, and that may have the manager release it.
-class VEXMELKConfig::QueryScope
+class VEXMELKQuery
 {
 public:
-    explicit QueryScope(VEXMELKConfig& config) : m_Config(config)
+    explicit VEXMELKQuery(VEXMELKConfig& config) : m_Config(config)
     {
         m_Config.AddRef();
         ++m_Config.m_Query.running;
     }
-    QueryScope(const QueryScope&) = delete;
-    QueryScope& operator=(const QueryScope&) = delete;
-    ~QueryScope()
+    VEXMELKQuery(const VEXMELKQuery&) = delete;
+    VEXMELKQuery& operator=(const VEXMELKQuery&) = delete;
+    ~VEXMELKQuery()
     {
         if (--m_Config.m_Query.running == 0)
-            m_Config.m_Query.load = LoadResult::Loaded;
+            m_Config.m_Query.load = VEXMELKConfig::LoadResult::Loaded;
         m_Config.Release();
+    }
+
+    static void ReportFailure(const char* reason) noexcept { VEXMELKConfig::ReportFailure(reason); }
+    static CATIDOMNamedNodeMap_var CategoryAttributes(VEXMELKConfig& config, const CATUnicodeString& standard,
+        const CATUnicodeString& category, CATIDOMNamedNodeMap_var& defaultMap)
+    {
+        return config.GetCategoryAttributeMap(standard, category, defaultMap);
     }
 
 private:
@@ -53,23 +60,38 @@ private:
     QueryState m_Outside;
 };
 
-template <class Body> auto VEXMELKConfig::Answer(Body body) -> decltype(body())
+// One public operation: runs its body and returns its answer. When memory runs out, a message box says so and the
+// answer is false, 0, empty or null. Within one operation a load that fails is not tried, nor told, again.
+template <class Body> auto Answer(VEXMELKConfig& config, Body body) -> decltype(body())
 {
-    const QueryScope scope(*this);
+    const VEXMELKQuery query(config);
     try
     {
         return body();
     }
     catch (const std::exception& failure)
     {
-        ReportFailure(failure.what());
+        VEXMELKQuery::ReportFailure(failure.what());
     }
     catch (...) // of the host
     {
-        ReportFailure("an exception of the application");
+        VEXMELKQuery::ReportFailure("an exception of the application");
     }
     if constexpr (!std::is_void_v<decltype(body())>)
         return decltype(body())();
+}
+
+// What the body returns, or the other result when memory runs out or the host fails: for operations of no object.
+template <class Result, class Body> Result OrElse(Result whenFailed, Body body) noexcept
+{
+    try
+    {
+        return static_cast<Result>(body());
+    }
+    catch (...) // said by the result alone
+    {
+        return whenFailed;
+    }
 }
 
 #endif

@@ -28,13 +28,14 @@ VEXMELKCheckConfig::~VEXMELKCheckConfig() = default;
 void VEXMELKCheckConfig::GetStandardNames(
     CATListValCATUnicodeString& names, const CATUnicodeString& category, unsigned char unordered, int maxLevel)
 {
-    Answer(
+    Answer(*this,
         [&]
         {
-            names.RemoveAll();
+            CATListValCATUnicodeString listed; // handed over at the end: the category may be a text of the list
+            const auto handOver = [&] { std::swap(names, listed); };
             VEXMELKRootDOMElementsDefinition roots;
             if (!GetRootDOMElements(roots))
-                return;
+                return handOver();
             CATListValCATUnicodeString found;
             CATListValCATUnicodeString ofBase;
             if (roots.CustomerRootElement != NULL_var)
@@ -53,19 +54,24 @@ void VEXMELKCheckConfig::GetStandardNames(
             }
             for (const CATListValCATUnicodeString& group : groups)
                 for (const CATUnicodeString& name : group)
-                    names.Append(name);
+                    listed.Append(name);
+            handOver();
         });
 }
 
 void VEXMELKCheckConfig::GetStandardWithCategoryList(
     const CATIDOMElement_var& root, const CATUnicodeString& category, CATListValCATUnicodeString& names)
 {
-    ForEachElement(root, "standard",
-        [&](const CATIDOMElement_var& standard)
+    Answer(*this,
+        [&]
         {
-            const std::optional<VEXMELKNodeText> name = AttributeText(standard, "name");
-            if (name && (FindChild(standard, "category", "name", category) != NULL_var ||
-                            FindChild(standard, "category", "name", defaultCategory) != NULL_var))
-                names.Append(CATUnicodeString(*name));
+            ForEachElement(root, VEXMELKCommon::standards.tag,
+                [&](const CATIDOMElement_var& standard)
+                {
+                    const std::optional<VEXMELKNodeText> name = Key(standard, VEXMELKCommon::standards);
+                    if (name && (FindByKey(standard, VEXMELKCommon::categories, category) != NULL_var ||
+                                    FindByKey(standard, VEXMELKCommon::categories, defaultCategory) != NULL_var))
+                        names.Append(CATUnicodeString(*name));
+                });
         });
 }

@@ -67,8 +67,7 @@ static constexpr VEXMELKOperation operations[] = {
 
 constinit const VEXMELKDescription VEXMELKConfig::description{.elements = elements, .operations = operations};
 
-const CATUnicodeString VEXMELKConfig::defaultCategory("default");
-CATIXMLDOMDocumentBuilder_var VEXMELKConfig::m_spDOMParser;
+CATIXMLDOMDocumentBuilder* VEXMELKConfig::m_spDOMParser = nullptr;
 
 VEXMELKConfig::VEXMELKConfig(CATUnicodeString path, CATUnicodeString fileName)
     : m_StandardLevels{{{1, {}}, {2, {}}, {3, {}}}},
@@ -83,31 +82,41 @@ VEXMELKConfig::VEXMELKConfig(const VEXMELKConfig& other) = default;
 VEXMELKConfig& VEXMELKConfig::operator=(const VEXMELKConfig& other) = default;
 VEXMELKConfig::~VEXMELKConfig() = default;
 
-void VEXMELKConfig::SetXMLFilePath(const CATUnicodeString& path) { m_XMLFilePath = path; }
+void VEXMELKConfig::SetXMLFilePath(const CATUnicodeString& path)
+{
+    Answer(*this, [&] { m_XMLFilePath = path; });
+}
 
-void VEXMELKConfig::SetXMLFileName(const CATUnicodeString& fileName) { m_XMLFileName = fileName; }
+void VEXMELKConfig::SetXMLFileName(const CATUnicodeString& fileName)
+{
+    Answer(*this, [&] { m_XMLFileName = fileName; });
+}
 
 // Public queries ----------------------------------------------------------------------
 
 unsigned char VEXMELKConfig::GetLoading(
     const CATUnicodeString& standard, CATUnicodeString& loading, const CATUnicodeString& category, unsigned char rear)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
+            CATUnicodeString found = loading; // handed over at the end: the names may be the caller's same text
             const CATIDOMElement_var element = GetStandardElement(standard);
             if (element != NULL_var)
-                ReadFields(Decimals(), element, rear ? standardRearLoading : standardLoading, loading);
+                ReadFields(Decimals(), element, rear ? standardRearLoading : standardLoading, found);
             if (!category.IsEmpty() && !standard.IsEmpty())
                 ReadFields(Decimals(), GetStandardDataAttributeMap(standard, category, 1), NULL_var,
-                    rear ? categoryRearLoading : categoryLoading, loading);
-            return rear && loading.IsEmpty() ? GetLoading(standard, loading, category, 0) : 1;
+                    rear ? categoryRearLoading : categoryLoading, found);
+            if (rear && found.IsEmpty())
+                GetLoading(standard, found, category, 0);
+            loading = found;
+            return 1;
         });
 }
 
 unsigned char VEXMELKConfig::GetDefaultSettingsName(const CATUnicodeString& standard, CATUnicodeString& name)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             VEXMELKRootDOMElementsDefinition roots;
@@ -116,41 +125,56 @@ unsigned char VEXMELKConfig::GetDefaultSettingsName(const CATUnicodeString& stan
             CATIDOMElement_var settings = GetDefaultSettingsElement(roots.CustomerRootElement);
             CATIDOMElement_var inSettings = GetStandardElement(settings, standard);
             CATIDOMElement_var element = GetStandardElement(standard);
-            return GetDefaultSettingsName(inSettings, name) || GetDefaultSettingsName(element, name) ||
-                   GetDefaultSettingsName(roots.DefaultRootElement, standard, name);
+            CATUnicodeString settingsName = name; // handed over at the end: the standard may be the caller's same text
+            const bool found = GetDefaultSettingsName(inSettings, settingsName) ||
+                               GetDefaultSettingsName(element, settingsName) ||
+                               GetDefaultSettingsName(roots.DefaultRootElement, standard, settingsName);
+            name = settingsName;
+            return found;
         });
 }
 
 int VEXMELKConfig::FindStandardLevel(const CATUnicodeString& standard)
 {
-    return Answer([&] { return HasDocuments() ? m_Catalogue->FindLevel(standard) : 0; });
+    return Answer(*this, [&] { return HasDocuments() ? m_Catalogue->FindLevel(standard) : 0; });
 }
 
-unsigned char VEXMELKConfig::BooleanFromString(const CATUnicodeString& text) { return FlagFromText(text); }
+unsigned char VEXMELKConfig::BooleanFromString(const CATUnicodeString& text)
+{
+    return OrElse<unsigned char>(0, [&] { return FlagFromText(text); });
+}
 
 unsigned char VEXMELKConfig::CompareStrings(const CATUnicodeString& left, const CATUnicodeString& right)
 {
-    CATUnicodeString upperLeft = left;
-    CATUnicodeString upperRight = right;
-    upperLeft.ToUpper();
-    upperRight.ToUpper();
-    return upperLeft == upperRight;
+    return OrElse<unsigned char>(0,
+        [&]
+        {
+            CATUnicodeString upperLeft = left;
+            CATUnicodeString upperRight = right;
+            upperLeft.ToUpper();
+            upperRight.ToUpper();
+            return upperLeft == upperRight;
+        });
 }
 
 // Documents ----------------------------------------------------------------------
 
-CATIXMLDOMDocumentBuilder_var VEXMELKConfig::GetDOMParser()
+CATIXMLDOMDocumentBuilder* VEXMELKConfig::GetDOMParser()
 {
-    if (m_spDOMParser == NULL_var)
-        CreateCATIXMLDOMDocumentBuilder(m_spDOMParser, CLSID_XML4C_DOM);
+    CATIXMLDOMDocumentBuilder_var parser;
+    if (!m_spDOMParser && SUCCEEDED(CreateCATIXMLDOMDocumentBuilder(parser, CLSID_XML4C_DOM)))
+    {
+        m_spDOMParser = parser.Get();
+        m_spDOMParser->AddRef();
+    }
     return m_spDOMParser;
 }
 
 unsigned char VEXMELKConfig::GetRootDOMElement(const CATUnicodeString& filePath, CATIDOMElement_var& root)
 {
     root = NULL_var;
-    const CATIXMLDOMDocumentBuilder_var parser = GetDOMParser();
-    if (parser == NULL_var)
+    CATIXMLDOMDocumentBuilder* parser = GetDOMParser();
+    if (!parser)
         return 0;
 
     CATListValCATUnicodeString supported;
@@ -361,7 +385,7 @@ VEXMELKConfig::StandardData VEXMELKConfig::FindStandardData(
 // The category, or in its place the standard itself where that is allowed: for "default", and when the standard has no
 // category at all.
 CATIDOMElement_var VEXMELKConfig::CategoryOrObsolete(
-    const StandardData& data, const CATUnicodeString& category, unsigned char allowObsolete)
+    const StandardData& data, std::string_view category, unsigned char allowObsolete)
 {
     const bool isDefault = category == defaultCategory;
     const CATIDOMElement_var& found = isDefault ? data.defaultCategory : data.category;
@@ -469,7 +493,11 @@ unsigned char VEXMELKConfig::GetAttributeMapItemValue(CATIDOMNamedNodeMap_var ma
     const CATUnicodeString& unit, CATUnicodeString& value, CATIDOMNamedNodeMap_var defaultMap)
 {
     const VEXMELKRow row{.attribute = name, .unit = unit, .whenMissing = {.rule = VEXMELKWhenMissing::Keeps}};
-    return VEXMELKAttributeReader(Decimals(), map, defaultMap).Read(row, &value);
+    CATUnicodeString found; // handed over at the end: name and unit may be the caller's same text
+    const bool isFound = VEXMELKAttributeReader(Decimals(), map, defaultMap).Read(row, &found);
+    if (isFound)
+        value = found;
+    return isFound;
 }
 // NOLINTEND(performance-unnecessary-value-param)
 

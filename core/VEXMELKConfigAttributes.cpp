@@ -53,7 +53,7 @@ bool IsOfKind(const VEXMELKCFGAttributeStr& attribute, VEXMELKCFGAttributeStr::K
 unsigned char VEXMELKConfig::InitStandardData(
     const CATUnicodeString& standard, CATListValVEXMELKCFGAttributeStr& attributes)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             Trace(CATUnicodeString("InitStandardData - Begin for Standard: ") + standard);
@@ -69,7 +69,7 @@ unsigned char VEXMELKConfig::InitStandardData(
 unsigned char VEXMELKConfig::FillCFGAttributes(
     const CATUnicodeString& settingsName, CATListValVEXMELKCFGAttributeStr& attributes)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const CATIDOMElement_var settings = GetDefaultSettingsElement(settingsName);

@@ -2,6 +2,7 @@
 #include "VEXMELKConfigManager.h"
 
 #include "VEXMELKAPillarConfig.h"
+#include "VEXMELKAnswer.h"
 #include "VEXMELKBaseDataConfig.h"
 #include "VEXMELKBumpersConfig.h"
 #include "VEXMELKCRVConfig.h"
@@ -208,19 +209,23 @@ void VEXMELKConfigManager::ReleaseConfigManager(VEXMELKConfigManager* manager)
 
 unsigned char VEXMELKConfigManager::GetCFGDir(CATUnicodeString& directory)
 {
-    const VEXIMELKAccessAdminAttr* settings = VEXMELKGetAdminAccess::VEXMELKGetAdminAccessAttr();
-    if (!settings)
-        return 1;
-    CATString value;
-    if (FAILED(settings->GetConfigurationDirectory(value)))
-    {
-        VEXMELKGUI::ShowError("Environment variable \"MELK_CFG_PATH\" not defined!\n"
-                              "MELK is not able to initialize its objects!\n",
-            "MELK - Configuration Error", 0, nullptr);
-        return 0;
-    }
-    directory = CATUnicodeString(value);
-    return 1;
+    return OrElse<unsigned char>(0,
+        [&]() -> unsigned char
+        {
+            const VEXIMELKAccessAdminAttr* settings = VEXMELKGetAdminAccess::VEXMELKGetAdminAccessAttr();
+            if (!settings)
+                return 1;
+            CATString value;
+            if (FAILED(settings->GetConfigurationDirectory(value)))
+            {
+                VEXMELKGUI::ShowError("Environment variable \"MELK_CFG_PATH\" not defined!\n"
+                                      "MELK is not able to initialize its objects!\n",
+                    "MELK - Configuration Error", 0, nullptr);
+                return 0;
+            }
+            directory = CATUnicodeString(value);
+            return 1;
+        });
 }
 
 CATUnicodeString VEXMELKConfigManager::GetXMLFilePath()
@@ -241,13 +246,13 @@ CATUnicodeString VEXMELKConfigManager::GetXMLFilePath()
 CATUnicodeString VEXMELKConfigManager::GetTestPath()
 {
     const VEXIMELKAccessAdminAttr* settings = VEXMELKGetAdminAccess::VEXMELKGetAdminAccessAttr();
-    return settings ? settings->GetTestPath() : CATUnicodeString();
+    return OrElse(CATUnicodeString(), [&] { return settings ? settings->GetTestPath() : CATUnicodeString(); });
 }
 
 long VEXMELKConfigManager::GetBaseDataDBPath(CATUnicodeString& path, CATUnicodeString& user)
 {
     const VEXIMELKAccessAdminAttr* settings = VEXMELKGetAdminAccess::VEXMELKGetAdminAccessAttr();
-    return settings ? settings->GetBaseDataDBPath(path, user) : E_FAIL;
+    return OrElse<long>(E_FAIL, [&] { return settings ? settings->GetBaseDataDBPath(path, user) : E_FAIL; });
 }
 
 unsigned char VEXMELKConfigManager::CommaDelimiter() const { return m_CommaDelimiter; }

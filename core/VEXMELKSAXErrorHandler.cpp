@@ -1,5 +1,6 @@
 #include "VEXMELKSAXErrorHandler.h"
 
+#include "VEXMELKAnswer.h"
 #include "VEXMELKGUI.h"
 #include "VEXMELKUtilities.h"
 
@@ -23,20 +24,33 @@ CATUnicodeString MessageText(const CATSAXParseException* exception)
 
 CATResult VEXMELKSAXErrorHandler::Warning(const CATSAXParseException* exception)
 {
-    VEXMELKGUI::ShowWarning(MessageText(exception), VEXMELKUtilities::GetNLSMessage("ParseWarning.Title"), 0, nullptr);
-    return S_OK;
+    return OrElse<CATResult>(E_FAIL,
+        [&]
+        {
+            VEXMELKGUI::ShowWarning(
+                MessageText(exception), VEXMELKUtilities::GetNLSMessage("ParseWarning.Title"), 0, nullptr);
+            return S_OK;
+        });
 }
 
 CATResult VEXMELKSAXErrorHandler::Error(const CATSAXParseException* exception)
 {
-    VEXMELKGUI::ShowError(MessageText(exception), "MELK CFG: SAX Parse Error", 0, nullptr);
-    return S_OK;
+    return OrElse<CATResult>(E_FAIL,
+        [&]
+        {
+            VEXMELKGUI::ShowError(MessageText(exception), "MELK CFG: SAX Parse Error", 0, nullptr);
+            return S_OK;
+        });
 }
 
 CATResult VEXMELKSAXErrorHandler::FatalError(const CATSAXParseException* exception)
 {
-    VEXMELKGUI::ShowError(MessageText(exception), "MELK CFG: Parse Fatal Error", 0, nullptr);
-    return S_OK;
+    return OrElse<CATResult>(E_FAIL,
+        [&]
+        {
+            VEXMELKGUI::ShowError(MessageText(exception), "MELK CFG: Parse Fatal Error", 0, nullptr);
+            return S_OK;
+        });
 }
 
 CATISAXErrorHandler* CreateTIECATISAXErrorHandlerVEXMELKSAXErrorHandler(VEXMELKSAXErrorHandler* component)

@@ -46,5 +46,5 @@ VEXMELKUFCompleteConfig::VEXMELKUFCompleteConfig(const CATUnicodeString& configu
 unsigned char VEXMELKUFCompleteConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKUFCompleteConfigDefinition& definition)
 {
-    return ReadCategory(standard, category, table, definition);
+    return ReadCategory(*this, standard, category, Decimals(), table, definition);
 }

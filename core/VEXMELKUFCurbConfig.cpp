@@ -43,5 +43,5 @@ VEXMELKUFCurbConfig::VEXMELKUFCurbConfig(const CATUnicodeString& configurationDi
 unsigned char VEXMELKUFCurbConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKUFCurbConfigDefinition& definition)
 {
-    return ReadCategory(standard, category, table, definition);
+    return ReadCategory(*this, standard, category, Decimals(), table, definition);
 }

@@ -37,5 +37,5 @@ unsigned char VEXMELKUFDynamicCurbConfig::GetStandardData(const CATUnicodeString
     const CATUnicodeString& category, CATUnicodeString& outOffset, CATUnicodeString& inOffset,
     CATUnicodeString& inLength, CATUnicodeString& calculation)
 {
-    return ReadCategory(standard, category, table, outOffset, inOffset, inLength, calculation);
+    return ReadCategory(*this, standard, category, Decimals(), table, outOffset, inOffset, inLength, calculation);
 }

@@ -35,5 +35,5 @@ VEXMELKUFInnerAngleConfig::VEXMELKUFInnerAngleConfig(const CATUnicodeString& con
 unsigned char VEXMELKUFInnerAngleConfig::GetStandardData(const CATUnicodeString& standard,
     const CATUnicodeString& category, CATUnicodeString& innerAngle, CATUnicodeString& calculation)
 {
-    return ReadCategory(standard, category, table, innerAngle, calculation);
+    return ReadCategory(*this, standard, category, Decimals(), table, innerAngle, calculation);
 }

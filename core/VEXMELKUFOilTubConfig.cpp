@@ -36,5 +36,5 @@ VEXMELKUFOilTubConfig::VEXMELKUFOilTubConfig(const CATUnicodeString& configurati
 unsigned char VEXMELKUFOilTubConfig::GetStandardData(const CATUnicodeString& standard, const CATUnicodeString& category,
     CATUnicodeString& outOffset, CATUnicodeString& outAngle, CATUnicodeString& inOffset, CATUnicodeString& inAngle)
 {
-    return ReadCategory(standard, category, table, outOffset, outAngle, inOffset, inAngle);
+    return ReadCategory(*this, standard, category, Decimals(), table, outOffset, outAngle, inOffset, inAngle);
 }

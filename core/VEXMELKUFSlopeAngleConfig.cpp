@@ -35,5 +35,5 @@ VEXMELKUFSlopeAngleConfig::VEXMELKUFSlopeAngleConfig(const CATUnicodeString& con
 unsigned char VEXMELKUFSlopeAngleConfig::GetStandardData(const CATUnicodeString& standard,
     const CATUnicodeString& category, CATUnicodeString& frontAngle, CATUnicodeString& backAngle)
 {
-    return ReadCategory(standard, category, table, frontAngle, backAngle);
+    return ReadCategory(*this, standard, category, Decimals(), table, frontAngle, backAngle);
 }

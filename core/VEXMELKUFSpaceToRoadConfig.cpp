@@ -41,6 +41,6 @@ unsigned char VEXMELKUFSpaceToRoadConfig::GetStandardData(const CATUnicodeString
     unsigned char& calcUnderAxis, CATUnicodeString& offsetUnderAxes, unsigned char& circUnderAxis,
     CATUnicodeString& extension, unsigned char& wheelRadius, unsigned char& generalSurface)
 {
-    return ReadCategory(standard, category, table, offset, wholeLength, calcUnderAxis, offsetUnderAxes, circUnderAxis,
-        extension, wheelRadius, generalSurface);
+    return ReadCategory(*this, standard, category, Decimals(), table, offset, wholeLength, calcUnderAxis,
+        offsetUnderAxes, circUnderAxis, extension, wheelRadius, generalSurface);
 }

@@ -35,5 +35,5 @@ VEXMELKUFWheelFixingConfig::VEXMELKUFWheelFixingConfig(const CATUnicodeString& c
 unsigned char VEXMELKUFWheelFixingConfig::GetStandardData(const CATUnicodeString& standard,
     const CATUnicodeString& category, CATUnicodeString& radius, CATUnicodeString& offset)
 {
-    return ReadCategory(standard, category, table, radius, offset);
+    return ReadCategory(*this, standard, category, Decimals(), table, radius, offset);
 }

@@ -69,7 +69,7 @@ VEXMELKUnderfloorConfig::VEXMELKUnderfloorConfig(CATUnicodeString path, CATUnico
 
 unsigned char VEXMELKUnderfloorConfig::GetEyes(const CATUnicodeString& standard, VEXMELKEyesConfigDefinition& eyes)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             VEXMELKRootDOMElementsDefinition roots;
@@ -101,12 +101,12 @@ unsigned char VEXMELKUnderfloorConfig::GetEyes(const CATUnicodeString& standard,
 unsigned char VEXMELKUnderfloorConfig::GetPointToPick(
     const CATUnicodeString& standard, const CATUnicodeString& category, CATUnicodeString& point)
 {
-    return ReadCategory(standard, category, pointTable, point);
+    return ReadCategory(*this, standard, category, Decimals(), pointTable, point);
 }
 
 unsigned char VEXMELKUnderfloorConfig::UseStaticRadius(const CATUnicodeString& standard, unsigned char& use)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             VEXMELKRootDOMElementsDefinition roots;

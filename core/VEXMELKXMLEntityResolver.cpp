@@ -1,5 +1,6 @@
 #include "VEXMELKXMLEntityResolver.h"
 
+#include "VEXMELKAnswer.h"
 #include "VEXMELKConfigManager.h"
 
 namespace {
@@ -17,17 +18,21 @@ CATResult VEXMELKXMLEntityResolver::ResolveEntity(
     source = NULL_var;
     if (systemId != sharedDocumentType)
         return E_FAIL;
-    CATIXMLSAXFactory_var factory;
-    const CATResult created = CreateCATIXMLSAXFactory(factory, CLSID_XML4C_SAX);
-    if (FAILED(created))
-        return created;
+    return OrElse<CATResult>(E_FAIL,
+        [&]() -> CATResult
+        {
+            CATIXMLSAXFactory_var factory;
+            const CATResult created = CreateCATIXMLSAXFactory(factory, CLSID_XML4C_SAX);
+            if (FAILED(created))
+                return created;
 
-    CATUnicodeString directory;
-    VEXMELKConfigManager* manager = VEXMELKConfigManager::GetConfigManager();
-    if (!manager)
-        return E_FAIL;
-    manager->GetCFGDir(directory);
-    return factory->CreateInputSourceFromFile(directory + "\\" + sharedDocumentType, "", source);
+            CATUnicodeString directory;
+            VEXMELKConfigManager* manager = VEXMELKConfigManager::GetConfigManager();
+            if (!manager)
+                return E_FAIL;
+            manager->GetCFGDir(directory);
+            return factory->CreateInputSourceFromFile(directory + "\\" + sharedDocumentType, "", source);
+        });
 }
 
 CATISAXEntityResolver* CreateTIECATISAXEntityResolverVEXMELKXMLEntityResolver(VEXMELKXMLEntityResolver* component)

@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdlib>
 #include <iostream>
+#include <limits>
 #include <memory>
 #include <new>
 #include <utility>
@@ -52,10 +53,12 @@ public:
     // 3: setSize(n), with "fill" in each new slot. Returns the size.
     virtual int setSize(int n, const T& fill)
     {
+        T filling; // first: it may lie in storage that is replaced
+        filling = fill;
         const int oldSize = m_Size;
         setSize(n);
         for (int index = oldSize; index < m_Size; ++index)
-            m_Data[index] = fill;
+            m_Data[index] = filling;
         return m_Size;
     }
 
@@ -72,16 +75,17 @@ public:
     // 5: adds to the number of elements, or takes from it; the storage grows by whole increments. Returns the size.
     virtual int changeSize(int delta)
     {
-        const int newSize = m_Size + delta;
-        if (delta < 0)
-            return m_Size = std::max(newSize, 0);
+        const long long newSize = static_cast<long long>(m_Size) + delta;
         if (newSize > m_AllocatedSize)
         {
-            const int missing = newSize - m_AllocatedSize;
-            const int increments = (missing + m_GrowIncrement - 1) / m_GrowIncrement;
-            setAllocatedSize(m_AllocatedSize + increments * m_GrowIncrement);
+            const long long increment = growIncrement();
+            const long long increments = (newSize - m_AllocatedSize + increment - 1) / increment;
+            const long long slots = m_AllocatedSize + increments * increment;
+            if (slots > std::numeric_limits<int>::max())
+                reportFailure(slots, "in int VEXArray<T>::changeSize");
+            setAllocatedSize(static_cast<int>(slots));
         }
-        return m_Size = newSize;
+        return m_Size = static_cast<int>(std::max(newSize, 0LL));
     }
 
     // 6, 7: the element at index.
@@ -111,9 +115,10 @@ public:
     // 11: inserts the element at position. Returns the position.
     virtual long add(const T& element, long position)
     {
-        T added(element); // first: it may lie among those that move
+        T added; // first: it may lie among those that move
+        added = element;
         if (m_Size == m_AllocatedSize)
-            reallocate(m_AllocatedSize + m_GrowIncrement, "in long VEXArray<T>::add");
+            reallocate(m_AllocatedSize + growIncrement(), "in long VEXArray<T>::add");
         std::move_backward(m_Data + position, m_Data + m_Size, m_Data + m_Size + 1);
         m_Data[position] = std::move(added);
         ++m_Size;
@@ -173,10 +178,18 @@ public:
 private:
     using Storage = std::unique_ptr<T[]>;
 
+    // An array whose increment is no size grows by one slot.
+    int growIncrement() const { return std::max(m_GrowIncrement, 1); }
+
     static Storage allocate(int slots, const char* context)
     {
         if (Storage storage{new (std::nothrow) T[static_cast<std::size_t>(slots)]})
             return storage;
+        reportFailure(slots, context);
+    }
+
+    [[noreturn]] static void reportFailure(long long slots, const char* context)
+    {
         std::cerr << std::endl
                   << "VEXArray - Error: "
                   << "Bad memory allocation."

@@ -13,14 +13,7 @@
 
 #include "VEXArray.h"
 #include "VEXMELKCheckConfig.h"
-
-// The test set-up.
-enum BumperType : int
-{
-    MiddlePendulum = 0,  // "MiddlePendulum"
-    RotatedPendulum = 1, // "RotatedPendulum"
-    ShiftedPendulum = 2  // "ShiftedPendulum"
-};
+#include "VEXMELKInterfaces.h"
 
 // One test bumper.
 struct VEXMELKBumpersDefinition
@@ -56,6 +49,7 @@ public:
     static const VEXMELKDescription description;
 
     explicit VEXMELKBumpersConfig(const CATUnicodeString& configurationDirectory);
+    VEXMELKBumpersConfig(const VEXMELKBumpersConfig& other);
 
     // Replaces the array by the bumpers of the category's first pendulum of the type. A missing pendulum and an unknown
     // type give an empty array; an unknown profile gives a bumper without one. False, with the array empty, when the

@@ -22,8 +22,10 @@
 
 #include <array>
 #include <memory>
+#include <string_view>
 
 class VEXMELKDecimals;
+class VEXMELKQuery;
 struct VEXMELKDescription;
 struct VEXMELKElement;
 class VEXMELKStandardCatalogue;
@@ -79,11 +81,7 @@ public:
 
 protected:
     // The category that supplies what others leave out.
-    static const CATUnicodeString defaultCategory;
-
-    // One public operation: runs its body and returns its answer. When memory runs out, a message box says so and the
-    // answer is false, 0, empty or null. Within one operation a load that fails is not tried, nor told, again.
-    template <class Body> auto Answer(Body body) -> decltype(body());
+    static constexpr std::string_view defaultCategory = "default";
 
     // Documents ----------------------------------------------------------------------
 
@@ -158,12 +156,6 @@ protected:
     // The number that the text begins with, 0 when there is none.
     double GetNumber(CATUnicodeString text);
 
-    // Reads a table from a category of a standard, and from its "default" what the category leaves out. False, with the
-    // fields untouched, when the standard has no data for it.
-    template <class Table, class... Fields>
-    unsigned char ReadCategory(
-        const CATUnicodeString& standard, const CATUnicodeString& category, const Table& table, Fields&... fields);
-
     // How numbers are written now.
     static VEXMELKDecimals Decimals();
 
@@ -189,7 +181,7 @@ protected:
     unsigned int CFGAttributeColor(const CATUnicodeString& text);
 
 private:
-    class QueryScope;
+    friend class VEXMELKQuery; // the frame around every operation
     class BoxScope;
     enum class LoadResult : unsigned char
     {
@@ -220,7 +212,7 @@ private:
         CATListValCATUnicodeString Standards;
     };
 
-    static CATIXMLDOMDocumentBuilder_var GetDOMParser();
+    static CATIXMLDOMDocumentBuilder* GetDOMParser();
     unsigned char GetRootDOMElement(const CATUnicodeString& filePath, CATIDOMElement_var& root);
     void ReportMissingFile(const CATUnicodeString& filePath);
     // Whether the file may exist: an empty directory has none.
@@ -232,7 +224,7 @@ private:
     unsigned char FillStandardLevelList(const CATIDOMElement_var& root, VEXMELKStandardCatalogue& catalogue);
 
     CATIDOMElement_var CategoryOrObsolete(
-        const StandardData& data, const CATUnicodeString& category, unsigned char allowObsolete);
+        const StandardData& data, std::string_view category, unsigned char allowObsolete);
     CATIDOMNamedNodeMap_var GetStandardDataAttributeMap(
         const CATUnicodeString& standard, const CATUnicodeString& category, unsigned char allowObsolete);
     CATIDOMNamedNodeMap_var GetCategoryAttrMapElement(const CATUnicodeString& standard,
@@ -251,8 +243,9 @@ private:
     std::shared_ptr<VEXMELKStandardCatalogue> m_Catalogue;
     OwnQueryState m_Query;
 
-    // One parser for all objects, created on first use.
-    static CATIXMLDOMDocumentBuilder_var m_spDOMParser;
+    // One parser for all objects, created on first use. It keeps its reference for good: objects may still load when
+    // the library's other statics are gone.
+    static CATIXMLDOMDocumentBuilder* m_spDOMParser;
 };
 
 #endif

@@ -107,7 +107,6 @@ private:
     void GetPPBonnetRearTemplateDef(const CATUnicodeString& elementName, const CATIDOMElement_var& categoryElement,
         const CATIDOMElement_var& defaultElement, PPBonnetRearTemplateDefinition& rearTemplate);
 
-protected:
     // The value of an attribute, or the default when it is missing or, for an integer, does not convert.
     CATUnicodeString GetOptionalStringValue(const CATIDOMNamedNodeMap_var& attributes, const CATUnicodeString& name,
         const CATUnicodeString& unit, const CATUnicodeString& defaultValue);

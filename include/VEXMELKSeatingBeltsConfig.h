@@ -86,7 +86,7 @@ public:
 private:
     // The number that the text stands for; E_FAIL, with the value untouched, when it is none. The delimiters are not
     // used.
-    static long str2double(double& value, const char* text, const char* delimiters);
+    static long str2double(double& value, const char* text, char* delimiters);
 };
 
 #endif

@@ -134,22 +134,24 @@ VEXMELKBaseDataConfig::VEXMELKBaseDataConfig(const CATUnicodeString& configurati
 unsigned char VEXMELKBaseDataConfig::GetLoadingDataForBaseDataCategory(
     const CATUnicodeString& category, VEXArray<VEXMELKLoadingDefinition>& loadings)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
-            loadings.reset();
-            const auto append = [&](const CATIDOMElement_var& element)
+            const CATIDOMElement_var element = GetRootChildElement(baseCategories, category);
+            const CATIDOMElement_var defaultElement = GetRootChildElement(baseCategories, defaultCategory);
+            loadings.reset(); // not before: the category may be a text of the array
+            const auto append = [&](const CATIDOMElement_var& loadingElement)
             {
                 Loading loading;
-                if (!ReadFields(Decimals(), element, loadingTable, loading))
+                if (!ReadFields(Decimals(), loadingElement, loadingTable, loading))
                     return;
                 if (!loading.name.IsEmpty())
-                    ReadFields(Decimals(), element, deltaTable, loading);
+                    ReadFields(Decimals(), loadingElement, deltaTable, loading);
                 loadings.add(loading);
             };
             // Both always, also when "default" itself is asked for: its loadings then come twice.
-            ForEach(GetRootChildElement(baseCategories, category), loadingElements, loadings, append);
-            ForEach(GetRootChildElement(baseCategories, defaultCategory), loadingElements, loadings, append);
+            ForEach(element, loadingElements, loadings, append);
+            ForEach(defaultElement, loadingElements, loadings, append);
             return 0; // always
         });
 }
@@ -157,7 +159,7 @@ unsigned char VEXMELKBaseDataConfig::GetLoadingDataForBaseDataCategory(
 unsigned char VEXMELKBaseDataConfig::GetOverallDataForCategory(const CATUnicodeString& category,
     CATUnicodeString& carWidth, CATUnicodeString& forwardDistance, CATUnicodeString& backwardDistance)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const CATIDOMElement_var element = GetRootChildElement(baseCategories, category);
@@ -171,18 +173,20 @@ unsigned char VEXMELKBaseDataConfig::GetOverallDataForCategory(const CATUnicodeS
 unsigned char VEXMELKBaseDataConfig::GetSeatDataForBaseDataCategory(
     const CATUnicodeString& category, VEXArray<VEXMELKSeatDefinition>& seats)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
-            seats.reset();
-            ForEach(GetRootChildElement(baseCategories, category), seatElements, seats,
-                [&](const CATIDOMElement_var& element)
+            const CATIDOMElement_var element = GetRootChildElement(baseCategories, category);
+            const bool isDefault = category == defaultCategory;
+            seats.reset(); // not before: the category may be a text of the array
+            ForEach(element, seatElements, seats,
+                [&](const CATIDOMElement_var& seatElement)
                 {
                     Seat seat;
-                    ReadFields(Decimals(), element, seatTable, seat);
+                    ReadFields(Decimals(), seatElement, seatTable, seat);
                     seats.add(seat);
                 });
-            if (seats.size() == 0 && category != defaultCategory)
+            if (seats.size() == 0 && !isDefault)
                 GetSeatDataForBaseDataCategory(defaultCategory, seats);
             return 0; // always
         });
@@ -191,7 +195,7 @@ unsigned char VEXMELKBaseDataConfig::GetSeatDataForBaseDataCategory(
 unsigned char VEXMELKBaseDataConfig::GetWheelsDataForBaseDataCategory(
     const CATUnicodeString& category, const CATUnicodeString& wheel, VEXMELKWheelsDefinition& data)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const CATIDOMElement_var wheels = Find(GetRootChildElement(baseCategories, category), wheelsElement);
@@ -206,5 +210,5 @@ unsigned char VEXMELKBaseDataConfig::GetWheelsDataForBaseDataCategory(
 
 void VEXMELKBaseDataConfig::GetBaseDataCategories(CATListValCATUnicodeString& categories)
 {
-    Answer([&] { GetRootChildNames(baseCategories, categories); });
+    Answer(*this, [&] { GetRootChildNames(baseCategories, categories); });
 }

@@ -187,7 +187,7 @@ void VEXMELKExtendedEyePointsConfig::GetExtendedEyePointFreeMovementsAttrs(
 unsigned char VEXMELKExtendedEyePointsConfig::GetExtendedEyePointPosition(const CATUnicodeString& standard,
     const CATUnicodeString& category, const CATUnicodeString& pointName, VEXMELKExtendedEyePointPosition& position)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const CATIDOMElement_var element =
@@ -202,13 +202,13 @@ unsigned char VEXMELKExtendedEyePointsConfig::GetExtendedEyePointPosition(const 
 unsigned char VEXMELKExtendedEyePointsConfig::GetExtendedEyePointMovements(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKExtendedEyePointMovements& movements)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
-            movements = VEXMELKExtendedEyePointMovements();
-            movements.type = fixedElement.tag;
             const CATIDOMElement_var element = GetCategoryElement(standard, category);
             const CATIDOMElement_var defaultElement = GetCategoryElement(standard, defaultCategory);
+            movements = VEXMELKExtendedEyePointMovements(); // not before: a name may be its type
+            movements.type = fixedElement.tag;
 
             const CATIDOMElement_var type = FindInEither(element, defaultElement, typeElement);
             if (type != NULL_var)
@@ -242,11 +242,11 @@ unsigned char VEXMELKExtendedEyePointsConfig::GetExtendedEyePointMovements(
 unsigned char VEXMELKExtendedEyePointsConfig::GetExtendedBackAngleCorrectionList(const CATUnicodeString& standard,
     const CATUnicodeString& category, VEXArray<VEXMELKBackAngleCorrection>& corrections)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
-            corrections.reset();
             const CATIDOMElement_var element = GetCategoryElement(standard, category);
+            corrections.reset();
             ForEach(element, correctionRows, corrections,
                 [&](const CATIDOMElement_var& row)
                 {
@@ -261,7 +261,7 @@ unsigned char VEXMELKExtendedEyePointsConfig::GetExtendedBackAngleCorrectionList
 unsigned char VEXMELKExtendedEyePointsConfig::GetExtendedBackAngleCorrection(const CATUnicodeString& standard,
     const CATUnicodeString& category, double backAngle, double& horizontal, double& vertical)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             return ReadBackAngleCorrection(
@@ -271,5 +271,5 @@ unsigned char VEXMELKExtendedEyePointsConfig::GetExtendedBackAngleCorrection(con
 
 double VEXMELKExtendedEyePointsConfig::GetBackLineLength_mm(const CATUnicodeString& standard)
 {
-    return Answer([&] { return LineLength(GetStandardElement(standard), backLine); });
+    return Answer(*this, [&] { return LineLength(GetStandardElement(standard), backLine); });
 }

@@ -269,23 +269,24 @@ CATIDOMElement_var VEXMELKEyeEllipsesConfig::GenerationElement(
 unsigned char VEXMELKEyeEllipsesConfig::IsStandard(
     const CATUnicodeString& standard, const CATUnicodeString& elementName)
 {
-    return Answer([&]() -> unsigned char
+    return Answer(*this,
+        [&]() -> unsigned char
         { return FindTagged(GetStandardElement(standard), anyGeneration, elementName) != NULL_var; });
 }
 
 unsigned char VEXMELKEyeEllipsesConfig::IsStandard2002(const CATUnicodeString& standard)
 {
-    return Answer([&]() -> unsigned char { return GenerationElement(standard, generation2002) != NULL_var; });
+    return Answer(*this, [&]() -> unsigned char { return GenerationElement(standard, generation2002) != NULL_var; });
 }
 
 unsigned char VEXMELKEyeEllipsesConfig::IsStandard1997(const CATUnicodeString& standard)
 {
-    return Answer([&]() -> unsigned char { return GenerationElement(standard, generation1997) != NULL_var; });
+    return Answer(*this, [&]() -> unsigned char { return GenerationElement(standard, generation1997) != NULL_var; });
 }
 
 unsigned char VEXMELKEyeEllipsesConfig::GetCutOffList(const CATUnicodeString& standard, CATRawCollint& cutoffs)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             cutoffs.RemoveAll();
@@ -317,7 +318,7 @@ unsigned char VEXMELKEyeEllipsesConfig::GetCutOffList(const CATUnicodeString& st
 unsigned char VEXMELKEyeEllipsesConfig::GetCoeficients1997(const CATUnicodeString& standard, double hPointTravel,
     double& L40X, double& L40XP2, double& L40Z, double& L40ZP2, double& x, double& y, double& z)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const CATIDOMElement_var coeficients = GenerationElement(standard, generation1997);
@@ -343,7 +344,7 @@ unsigned char VEXMELKEyeEllipsesConfig::GetCoeficients1997(const CATUnicodeStrin
 unsigned char VEXMELKEyeEllipsesConfig::GetCoeficients2002(
     const CATUnicodeString& standard, double& L1, double& L6, double& H30, double& T, double& x, double& y, double& z)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const CATIDOMElement_var coeficients = GenerationElement(standard, generation2002);
@@ -363,7 +364,7 @@ unsigned char VEXMELKEyeEllipsesConfig::GetCoeficients2002(
 unsigned char VEXMELKEyeEllipsesConfig::GetRadii1997(const CATUnicodeString& standard, double hPointTravel, int cutoff,
     double& radiusX, double& radiusY, double& radiusZ)
 {
-    return Answer(
+    return Answer(*this,
         [&]
         {
             return ReadRadii(Decimals(), GenerationElement(standard, generation1997), radii1997, hPointTravel, cutoff,
@@ -374,7 +375,7 @@ unsigned char VEXMELKEyeEllipsesConfig::GetRadii1997(const CATUnicodeString& sta
 unsigned char VEXMELKEyeEllipsesConfig::GetRadii2002(const CATUnicodeString& standard, double hPointTravel, int cutoff,
     double& radiusX, double& radiusY, double& radiusZ)
 {
-    return Answer(
+    return Answer(*this,
         [&]
         {
             return ReadRadii(Decimals(), GenerationElement(standard, generation2002), radii2002, hPointTravel, cutoff,
@@ -386,7 +387,7 @@ unsigned char VEXMELKEyeEllipsesConfig::GetHPointTravelData(const CATUnicodeStri
     const CATUnicodeString& category, double hPointTravel, int cutoff, double& xmean, double& ymeanLeft,
     double& ymeanRight, double& zmean, double& cutoffLength)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             Init(standard, category);
@@ -436,7 +437,7 @@ double VEXMELKEyeEllipsesConfig::AxisLength(const MinorAxes& axes, int cutoff)
 unsigned char VEXMELKEyeEllipsesConfig::GetSideViewMinorAxis(
     const CATUnicodeString& standard, const CATUnicodeString& category, int cutoff, double& axis)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             Init(standard, category);
@@ -448,7 +449,7 @@ unsigned char VEXMELKEyeEllipsesConfig::GetSideViewMinorAxis(
 unsigned char VEXMELKEyeEllipsesConfig::GetPlanViewMinorAxis(
     const CATUnicodeString& standard, const CATUnicodeString& category, int cutoff, double& axis)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             Init(standard, category);
@@ -460,7 +461,7 @@ unsigned char VEXMELKEyeEllipsesConfig::GetPlanViewMinorAxis(
 unsigned char VEXMELKEyeEllipsesConfig::GetTipAngles(
     const CATUnicodeString& standard, const CATUnicodeString& category, double& sideViewAngle, double& planViewAngle)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             return ReadTipAngles(Decimals(), GetCategoryElement(standard, category),
@@ -471,7 +472,7 @@ unsigned char VEXMELKEyeEllipsesConfig::GetTipAngles(
 unsigned char VEXMELKEyeEllipsesConfig::GetBackAngleCorrection(
     const CATUnicodeString& standard, double backAngle, double& horizontal, double& vertical)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             return ReadBackAngleCorrection(
@@ -482,7 +483,7 @@ unsigned char VEXMELKEyeEllipsesConfig::GetBackAngleCorrection(
 unsigned char VEXMELKEyeEllipsesConfig::GetUSADisplacement(
     const CATUnicodeString& standard, const CATUnicodeString& category, double& displacementW7, double& displacementW3)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             CATIDOMNamedNodeMap_var defaultMap;

@@ -145,15 +145,16 @@ void VEXMELKEyePointsConfig::GetEyePointConfigPosition(
 unsigned char VEXMELKEyePointsConfig::GetEyePoints(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXArray<VEXMELKEyePointDefinition>& points)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
-            points.reset();
-            ForEach(GetCategoryElement(standard, category), pointElements, points,
-                [&](const CATIDOMElement_var& element)
+            const CATIDOMElement_var element = GetCategoryElement(standard, category);
+            points.reset(); // not before: a name may be a text of the array
+            ForEach(element, pointElements, points,
+                [&](const CATIDOMElement_var& pointElement)
                 {
                     Point point;
-                    ReadFields(Decimals(), element, pointTable, point);
+                    ReadFields(Decimals(), pointElement, pointTable, point);
                     point.dx_type = GetPointCoordType(point.dx);
                     point.dy_type = GetPointCoordType(point.dy);
                     point.dz_type = GetPointCoordType(point.dz);
@@ -166,7 +167,7 @@ unsigned char VEXMELKEyePointsConfig::GetEyePoints(
 unsigned char VEXMELKEyePointsConfig::GetPosition(const CATUnicodeString& standard, const CATUnicodeString& category,
     const VEXMELKElement& described, VEXMELKEyePointPosition& position)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const CATIDOMElement_var element = Find(GetCategoryElement(standard, category), described);
@@ -216,7 +217,7 @@ unsigned char VEXMELKEyePointsConfig::GetRightEyePointPosition(
 unsigned char VEXMELKEyePointsConfig::GetBackAngleCorrection(const CATUnicodeString& standard,
     const CATUnicodeString& category, double backAngle, double& horizontal, double& vertical)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             return ReadBackAngleCorrection(
@@ -227,7 +228,7 @@ unsigned char VEXMELKEyePointsConfig::GetBackAngleCorrection(const CATUnicodeStr
 unsigned char VEXMELKEyePointsConfig::GetHPointTravelCorrection(
     const CATUnicodeString& standard, const CATUnicodeString& category, double hPointTravel, double& horizontal)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             // The travel comes in as metres here, unlike everywhere else: its callers have it from the model.
@@ -242,17 +243,17 @@ unsigned char VEXMELKEyePointsConfig::GetHPointTravelCorrection(
 
 double VEXMELKEyePointsConfig::GetBackLineLength(const CATUnicodeString& standard)
 {
-    return Answer([&] { return LineLength(GetStandardElement(standard), backLine); });
+    return Answer(*this, [&] { return LineLength(GetStandardElement(standard), backLine); });
 }
 
 double VEXMELKEyePointsConfig::GetVertLineLength(const CATUnicodeString& standard)
 {
-    return Answer([&] { return LineLength(GetStandardElement(standard), verticalLine); });
+    return Answer(*this, [&] { return LineLength(GetStandardElement(standard), verticalLine); });
 }
 
 VEXIMELKEyes::EyesType VEXMELKEyePointsConfig::GetEyesType(const CATUnicodeString& standard)
 {
-    return Answer(
+    return Answer(*this,
         [&]
         {
             const std::optional<VEXMELKNodeText> name = FirstKey(GetStandardElement(standard), pointTypeElement);

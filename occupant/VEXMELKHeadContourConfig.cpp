@@ -185,7 +185,7 @@ unsigned char VEXMELKHeadContourConfig::Init(const CATUnicodeString& standard, c
 
 unsigned char VEXMELKHeadContourConfig::GetMiddleStripeWitdh(const CATUnicodeString& standard, double& width)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const std::optional<VEXMELKNodeText> text = FirstKey(GetStandardElement(standard), stripeElement);
@@ -199,7 +199,7 @@ unsigned char VEXMELKHeadContourConfig::GetMiddleStripeWitdh(const CATUnicodeStr
 unsigned char VEXMELKHeadContourConfig::GetEllipsesStandard(
     const CATUnicodeString& standard, CATUnicodeString& ellipsesStandard)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const CATIDOMElement_var element = GetStandardElement(standard);
@@ -238,7 +238,7 @@ VEXMELKHeadContourConfig::Seats VEXMELKHeadContourConfig::FindSeats(
 unsigned char VEXMELKHeadContourConfig::GetRadii(const CATUnicodeString& standard, const CATUnicodeString& category,
     double hPointTravel, int cutoff, double& xRadius, double& yRadius, double& zRadius)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             Init(standard, category);
@@ -269,7 +269,7 @@ int VEXMELKHeadContourConfig::ReadCutoffs(
 int VEXMELKHeadContourConfig::GetCutoffList(
     const CATUnicodeString& standard, const CATUnicodeString& category, CATListValCATUnicodeString& cutoffs)
 {
-    return Answer(
+    return Answer(*this,
         [&]
         {
             Init(standard, category);
@@ -282,7 +282,7 @@ int VEXMELKHeadContourConfig::GetCutoffList(
 
 int VEXMELKHeadContourConfig::GetCurrentCutoffList(CATListValCATUnicodeString& cutoffs)
 {
-    return Answer([&] { return ReadCutoffs(m_Standard, m_Category, cutoffs); });
+    return Answer(*this, [&] { return ReadCutoffs(m_Standard, m_Category, cutoffs); });
 }
 
 // The row is found again by the text of its travel.
@@ -302,7 +302,7 @@ unsigned char VEXMELKHeadContourConfig::GetCoeficients(const CATUnicodeString& s
     const CATUnicodeString& category, const CATUnicodeString& seatName, double hPointTravel, double& ax, double& bx,
     double& cx, double& az, double& bz, double& cz)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const Seats seats = FindSeats(standard, category, seatName);
@@ -317,7 +317,7 @@ unsigned char VEXMELKHeadContourConfig::Get2002NonDriverCoeficients(const CATUni
     const CATUnicodeString& category, const CATUnicodeString& seatName, double hPointTravel, double& ax, double& bx,
     double& cx, double& dx, double& az, double& bz)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const Seats seats = FindSeats(standard, category, seatName);
@@ -331,7 +331,7 @@ unsigned char VEXMELKHeadContourConfig::Get2002NonDriverCoeficients(const CATUni
 unsigned char VEXMELKHeadContourConfig::GetDeltas(const CATUnicodeString& standard, const CATUnicodeString& category,
     const CATUnicodeString& seatName, double hPointTravel, double& deltaX, double& deltaY, double& deltaZ)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const Seats seats = FindSeats(standard, category, seatName);
@@ -354,7 +354,7 @@ unsigned char VEXMELKHeadContourConfig::GetHeadClearance(const CATUnicodeString&
     const CATUnicodeString& category, const CATUnicodeString& seatName, double& angle, double& reqDiagonal,
     double& reqVertical)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const Seats seats = FindSeats(standard, category, seatName);
@@ -369,7 +369,7 @@ unsigned char VEXMELKHeadContourConfig::GetHeadClearance(const CATUnicodeString&
 unsigned char VEXMELKHeadContourConfig::GetTipAngles(
     const CATUnicodeString& standard, const CATUnicodeString& category, double& sideViewAngle, double& planViewAngle)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             Init(standard, category);
@@ -381,7 +381,7 @@ unsigned char VEXMELKHeadContourConfig::GetTipAngles(
 unsigned char VEXMELKHeadContourConfig::IsStandard2002Used(
     const CATUnicodeString& standard, const CATUnicodeString& category)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             Init(standard, category);

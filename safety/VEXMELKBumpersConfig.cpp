@@ -97,14 +97,16 @@ VEXMELKBumpersConfig::VEXMELKBumpersConfig(const CATUnicodeString& configuration
 {
 }
 
+VEXMELKBumpersConfig::VEXMELKBumpersConfig(const VEXMELKBumpersConfig& other) = default;
+
 unsigned char VEXMELKBumpersConfig::GetStandardData(const CATUnicodeString& standard, const CATUnicodeString& category,
     BumperType type, VEXArray<VEXMELKBumpersDefinition>& bumpers)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
-            bumpers.reset();
             const CATIDOMElement_var element = GetCategoryElement(standard, category);
+            bumpers.reset(); // not before: a name may be a text of the array
             if (element == NULL_var)
                 return 0;
             if (type >= MiddlePendulum && type <= ShiftedPendulum)

@@ -49,5 +49,5 @@ VEXMELKChildProtectionConfig::VEXMELKChildProtectionConfig(const CATUnicodeStrin
 unsigned char VEXMELKChildProtectionConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKChildProtectionDefinition& definition)
 {
-    return ReadCategory(standard, category, table, definition);
+    return ReadCategory(*this, standard, category, Decimals(), table, definition);
 }

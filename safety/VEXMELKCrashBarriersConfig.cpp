@@ -153,11 +153,11 @@ void VEXMELKCrashBarriersConfig::ReadBarrier(const CATIDOMElement_var& element, 
 unsigned char VEXMELKCrashBarriersConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXArray<VEXMELKBarrierDefinition>& barriers)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
-            barriers.reset();
             const CATIDOMElement_var element = GetCategoryElement(standard, category);
+            barriers.reset();                 // not before: a name may be a text of the array
             VEXMELKBarrierDefinition barrier; // one for all
             ForEach(element, barrierElements, barriers,
                 [&](const CATIDOMElement_var& barrierElement)
@@ -171,7 +171,7 @@ unsigned char VEXMELKCrashBarriersConfig::GetStandardData(
 
 unsigned char VEXMELKCrashBarriersConfig::GetShapeData(VEXMELKShapeDefinition& shape)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const CATUnicodeString name = GetShapeNameFromType(shape.type);

@@ -52,5 +52,5 @@ VEXMELKFreeSpaceConfig::VEXMELKFreeSpaceConfig(const CATUnicodeString& configura
 unsigned char VEXMELKFreeSpaceConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKFreeSpaceDefinition& definition)
 {
-    return ReadCategory(standard, category, table, definition);
+    return ReadCategory(*this, standard, category, Decimals(), table, definition);
 }

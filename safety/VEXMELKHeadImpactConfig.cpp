@@ -228,7 +228,7 @@ template <class Table, class Record>
 unsigned char VEXMELKHeadImpactConfig::ReadZone(
     const CATUnicodeString& standard, const VEXMELKElement& zone, const Table& table, Record& record)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const CATIDOMElement_var element = Find(GetStandardElement(standard), zone);
@@ -314,7 +314,7 @@ unsigned char VEXMELKHeadImpactConfig::GetStiffenerBraceSData(
 unsigned char VEXMELKHeadImpactConfig::GetStandardData(
     const CATUnicodeString& standard, VEXMELKHeadImpactDefinition& definition)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             return GetHeadGravityCenterSData(standard, definition.HeadGravityCenter) &&
@@ -333,5 +333,5 @@ unsigned char VEXMELKHeadImpactConfig::GetStandardData(
 
 void VEXMELKHeadImpactConfig::GetStandardNames(CATListValCATUnicodeString& names)
 {
-    Answer([&] { GetRootChildNames(VEXMELKCommon::standards, names); });
+    Answer(*this, [&] { GetRootChildNames(VEXMELKCommon::standards, names); });
 }

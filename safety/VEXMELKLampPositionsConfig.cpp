@@ -71,15 +71,16 @@ VEXMELKLampPositionsConfig::VEXMELKLampPositionsConfig(const CATUnicodeString& c
 unsigned char VEXMELKLampPositionsConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXArray<VEXMELKLampPositionsDefinition>& lamps)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
-            lamps.reset();
-            ForEach(GetCategoryElement(standard, category), lampElements, lamps,
-                [&](const CATIDOMElement_var& element)
+            const CATIDOMElement_var element = GetCategoryElement(standard, category);
+            lamps.reset(); // not before: a name may be a text of the array
+            ForEach(element, lampElements, lamps,
+                [&](const CATIDOMElement_var& lampElement)
                 {
                     Lamp lamp;
-                    ReadFields(Decimals(), element, lampTable, lamp);
+                    ReadFields(Decimals(), lampElement, lampTable, lamp);
                     lamps.add(lamp);
                 });
             return 1; // always
@@ -89,7 +90,7 @@ unsigned char VEXMELKLampPositionsConfig::GetStandardData(
 unsigned char VEXMELKLampPositionsConfig::GetStatusOfLimits(
     const CATUnicodeString& standard, const CATUnicodeString& /*category*/)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const CATIDOMElement_var element = GetStandardElement(standard);

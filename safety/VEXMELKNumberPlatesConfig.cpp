@@ -46,5 +46,5 @@ VEXMELKNumberPlatesConfig::VEXMELKNumberPlatesConfig(const CATUnicodeString& con
 unsigned char VEXMELKNumberPlatesConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKNumberPlatesDefinition& definition)
 {
-    return ReadCategory(standard, category, table, definition);
+    return ReadCategory(*this, standard, category, Decimals(), table, definition);
 }

@@ -86,7 +86,7 @@ VEXMELKPPOffsetConfig::VEXMELKPPOffsetConfig(const CATUnicodeString& configurati
 unsigned char VEXMELKPPOffsetConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKPPOffsetDefinition& definition)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             // Set before anything can fail.

@@ -151,7 +151,7 @@ VEXMELKPedestrianProtectionConfig::VEXMELKPedestrianProtectionConfig(const CATUn
 unsigned char VEXMELKPedestrianProtectionConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, PedestrianProtectionDefinition& definition)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             CATIDOMNamedNodeMap_var map;

@@ -49,5 +49,5 @@ VEXMELKWheelCoveringConfig::VEXMELKWheelCoveringConfig(const CATUnicodeString& c
 unsigned char VEXMELKWheelCoveringConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKWheelCoveringDefinition& definition)
 {
-    return ReadCategory(standard, category, table, definition);
+    return ReadCategory(*this, standard, category, Decimals(), table, definition);
 }

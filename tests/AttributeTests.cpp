@@ -73,7 +73,8 @@ TEST_F(AttributeTest, ColourRanges)
     EXPECT_THAT(TakeLog(), ElementsAre("(EE) Config: Missing max range value", "(EE) Config: Missing min range value",
                                "(EE) Config: Missing min color", "(EE) Config: Missing max color"));
 
-    VEXMELKAttributeValues incomplete = List(R"([{"kind":2,"name":"scale","objects":[{"ranges":[{"min":9}]},{},null]}])");
+    VEXMELKAttributeValues incomplete =
+        List(R"([{"kind":2,"name":"scale","objects":[{"ranges":[{"min":9}]},{},null]}])");
     EXPECT_TRUE(Config().FillCFGAttributes("Set", incomplete));
     EXPECT_EQ(incomplete[1].firstAccess->GetRangeCount(), 1) << "without all three objects nothing is read";
     EXPECT_TRUE(incomplete[1].secondAccess->IsReadOnly()) << "but for the flag";
@@ -90,7 +91,8 @@ TEST_F(AttributeTest, ColourRangesNeedAllThatTheyAreReadFromAndInto)
     ASSERT_TRUE(config->GetChildElementWithAttributeMap(scale, "range", range, rangeMap));
     for (const std::string lacking : {"first", "second", "third", "map", "element"})
     {
-        VEXMELKAttributeValues list = List(R"([{"kind":2,"name":"scale","objects":[{"ranges":[{}]},{"ranges":[{}]},{}]}])");
+        VEXMELKAttributeValues list =
+            List(R"([{"kind":2,"name":"scale","objects":[{"ranges":[{}]},{"ranges":[{}]},{}]}])");
         const Json before = State(list);
         const VEXMELKCFGAttributeStr& all = list[1];
         VEXMELKCFGAttributeStr some = {all.kind, all.name, lacking == "first" ? nullptr : all.firstAccess,
@@ -141,7 +143,8 @@ TEST_F(AttributeTest, CustomerSettingsHideThoseOfTheBaseFile)
 TEST_F(AttributeTest, TraceTellsWhatWasRead)
 {
     VEXMELKLog::SetLevel(0);
-    VEXMELKAttributeValues list = List(R"([{"kind":0,"name":"typed","objects":[{}]},{"kind":1,"name":"simple","objects":[{}]},
+    VEXMELKAttributeValues list =
+        List(R"([{"kind":0,"name":"typed","objects":[{}]},{"kind":1,"name":"simple","objects":[{}]},
         {"kind":2,"name":"list","objects":[{},{},{}]},{"kind":1,"name":"list","objects":[{}]},
         {"kind":0,"name":"scale","objects":[{}]},{"kind":2,"name":"scale","objects":[{},{},{}]},
         {"kind":2,"name":"plain","objects":[{},{},{}]}])");

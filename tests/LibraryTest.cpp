@@ -43,6 +43,8 @@ void LibraryTest::Show(Kind kind, const CATUnicodeString& title, const CATUnicod
 {
     m_Boxes.push_back(
         std::string(kind == Error ? "error " : "warning ") + title.ConvertToChar() + ": " + text.ConvertToChar());
+    if (inBox)
+        inBox();
 }
 
 void LibraryTest::Write(const CATUnicodeString& line) { m_Log.emplace_back(line.ConvertToChar()); }

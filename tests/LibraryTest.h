@@ -11,6 +11,7 @@
 
 #include <array>
 #include <filesystem>
+#include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
@@ -59,6 +60,8 @@ protected:
 
     TemporaryDirectory directory;
     bool directoryIsSet = true; // false: as if MELK_CFG_PATH were not
+    // What the host does while a box is open; nothing when it is not set. Boxes that come up meanwhile do it too.
+    std::function<void()> inBox;
     std::string testPath;
 
 private:

@@ -88,6 +88,20 @@ TEST_F(ToolTest, RequestsThatCannotBeUnderstoodNameTheNearestRightOne)
     EXPECT_EQ(Ask(R"({"id":[1],"config":"x"})")["id"], Json::parse("[1]"));
 }
 
+TEST_F(ToolTest, RequestsOfAnySizeAreRefusedInShortMessages)
+{
+    for (const char* nested : {"[", "{\"a\":", "[{\"a\":"})
+        EXPECT_THAT(Ask(Repeated(65000, nested))["error"].get<std::string>(), HasSubstr("nested more than 64 deep"));
+    const std::string name = Repeated(400000, "\xC3\xA4");
+    for (const std::string& request : {R"({"config":")" + name + R"(","operation":"x"})",
+             R"({"config":"UFCurb","operation":")" + name + R"("})", R"({")" + name + R"(":1})"})
+    {
+        const std::string error = Ask(request)["error"];
+        EXPECT_LT(error.size(), 200U);
+        EXPECT_THAT(error, HasSubstr("\xC3\xA4..."));
+    }
+}
+
 TEST_F(ToolTest, SettingsAndManagerDriveTheHost)
 {
     const std::string names = R"({"config":"UFCurb","operation":"GetPointToPick","arguments":{"standard":"S"}})";

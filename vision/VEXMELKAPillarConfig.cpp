@@ -45,5 +45,5 @@ VEXMELKAPillarConfig::VEXMELKAPillarConfig(const CATUnicodeString& configuration
 unsigned char VEXMELKAPillarConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKAPillarConfigDefinition& definition)
 {
-    return ReadCategory(standard, category, table, definition);
+    return ReadCategory(*this, standard, category, Decimals(), table, definition);
 }

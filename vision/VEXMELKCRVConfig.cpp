@@ -76,7 +76,7 @@ VEXMELKCRVConfig::VEXMELKCRVConfig(const CATUnicodeString& configurationDirector
 unsigned char VEXMELKCRVConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKCRVConfigDefinition& definition)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             ReadFields(Decimals(), CATIDOMNamedNodeMap_var(), NULL_var, frontViewTable, definition); // the defaults

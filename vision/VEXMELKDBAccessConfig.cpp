@@ -40,7 +40,7 @@ VEXMELKDBAccessConfig::VEXMELKDBAccessConfig(const CATUnicodeString& configurati
 unsigned char VEXMELKDBAccessConfig::GetDBAccessParameters(
     CATUnicodeString& host, CATUnicodeString& user, CATUnicodeString& password, CATUnicodeString& dbName)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             CATIDOMElement_var element;

@@ -77,7 +77,7 @@ VEXMELKDirectView3DConfig::VEXMELKDirectView3DConfig(const CATUnicodeString& con
 
 double VEXMELKDirectView3DConfig::DirectionFromString(CATUnicodeString& text, VEXMELKDV3DOrientation& orientation)
 {
-    return Answer(
+    return Answer(*this,
         [&]
         {
             orientation = static_cast<VEXMELKDV3DOrientation>(ValueOfWord(directionWords, text));
@@ -98,7 +98,7 @@ VEXMELKDV3DTargetType VEXMELKDirectView3DConfig::TargetTypeFromString(CATUnicode
 unsigned char VEXMELKDirectView3DConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKDirectView3DCFG& definition)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             CATIDOMNamedNodeMap_var map;

@@ -78,7 +78,7 @@ VEXMELKDirectViewConfig::VEXMELKDirectViewConfig(const CATUnicodeString& configu
 unsigned char VEXMELKDirectViewConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKDirectViewCFG& definition)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const CATIDOMElement_var element = GetCategoryElement(standard, category);

@@ -153,7 +153,7 @@ VEXMELKERFieldsOfViewConfig::VEXMELKERFieldsOfViewConfig(const CATUnicodeString&
 unsigned char VEXMELKERFieldsOfViewConfig::GetStandardData(const CATUnicodeString& standard,
     const CATUnicodeString& category, VEXMELKERFieldsOfViewConfigDefinition& definition)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const StandardData data = FindStandardData(standard, category);

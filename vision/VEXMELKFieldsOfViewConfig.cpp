@@ -112,7 +112,7 @@ VEXMELKFieldsOfViewConfig::VEXMELKFieldsOfViewConfig(const CATUnicodeString& con
 unsigned char VEXMELKFieldsOfViewConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKFieldsOfViewConfigDefinition& definition)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const StandardData data = FindStandardData(standard, category);

@@ -138,7 +138,7 @@ VEXMELKMTElementUsage VEXMELKManikinTemplateConfig::GetRole(CATUnicodeString& te
 unsigned char VEXMELKManikinTemplateConfig::GetPercentilList(
     const CATUnicodeString& standard, const CATUnicodeString& category, CATListValCATUnicodeString& names)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const CATIDOMElement_var element = GetCategoryElement(standard, category);
@@ -151,7 +151,7 @@ unsigned char VEXMELKManikinTemplateConfig::GetPercentilList(
 unsigned char VEXMELKManikinTemplateConfig::GetPositioningList(
     const CATUnicodeString& standard, const CATUnicodeString& category, CATListValCATUnicodeString& names)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const CATIDOMElement_var element = GetCategoryElement(standard, category);
@@ -164,7 +164,7 @@ unsigned char VEXMELKManikinTemplateConfig::GetPositioningList(
 unsigned char VEXMELKManikinTemplateConfig::IsSeatSupported(const CATUnicodeString& standard,
     const CATUnicodeString& category, const CATUnicodeString& positioning, const VEXMELKManikinTemplateSeatEnum& seat)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             CATIDOMElement_var element =
@@ -180,16 +180,18 @@ unsigned char VEXMELKManikinTemplateConfig::GetStandardData(const CATUnicodeStri
     const CATUnicodeString& category, const CATUnicodeString& percentil, const CATUnicodeString& positioning,
     const VEXMELKManikinTemplateSeatEnum& seat, VEXMELKManikinTemplateDefinition& definition)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
-            definition = VEXMELKManikinTemplateDefinition();
+            const CATIDOMElement_var element = GetCategoryElement(standard, category);
+            const CATIDOMElement_var percentilElement = FindByKey(element, percentilElements, percentil);
+            const CATIDOMElement_var positioningElement = FindByKey(element, positioningElements, positioning);
+            definition = VEXMELKManikinTemplateDefinition(); // not before: a name may be one of its texts
             for (const auto& access : table.accesses)
                 if (access.text)
                     definition.*access.text = "0.0";
-            const CATIDOMElement_var element = GetCategoryElement(standard, category);
-            ApplyTemplate(FindByKey(element, percentilElements, percentil), seat, definition);
-            ApplyTemplate(FindByKey(element, positioningElements, positioning), seat, definition);
+            ApplyTemplate(percentilElement, seat, definition);
+            ApplyTemplate(positioningElement, seat, definition);
             return 1; // always
         });
 }

@@ -104,7 +104,7 @@ VEXMELKMirrorConfig::VEXMELKMirrorConfig(const CATUnicodeString& configurationDi
 unsigned char VEXMELKMirrorConfig::GetIFNamesList(
     const CATUnicodeString& standard, const CATUnicodeString& category, CATListValCATUnicodeString& names)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const CATIDOMElement_var element = GetCategoryElement(standard, category);
@@ -118,7 +118,7 @@ unsigned char VEXMELKMirrorConfig::GetIFNamesList(
 CATUnicodeString VEXMELKMirrorConfig::GetPosition(
     const CATUnicodeString& standard, const CATUnicodeString& category, const CATUnicodeString& position)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> CATUnicodeString
         {
             const CATIDOMElement_var element = GetCategoryElement(standard, category);
@@ -132,15 +132,16 @@ CATUnicodeString VEXMELKMirrorConfig::GetPosition(
 unsigned char VEXMELKMirrorConfig::GetStandardData(const CATUnicodeString& standard, const CATUnicodeString& category,
     const CATUnicodeString& position, VEXMELKMirrorDefinition& definition)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const CATIDOMElement_var standardElement = GetStandardElement(standard);
-            ReadFields(Decimals(), AttributesOf(standardElement), NULL_var, standardTable, definition);
             const CATIDOMElement_var categoryElement = GetCategoryElement(standard, category);
+            const CATIDOMElement_var element = FindByKey(categoryElement, instructionFields, position);
+            // Not before: a name may be a text of the record.
+            ReadFields(Decimals(), AttributesOf(standardElement), NULL_var, standardTable, definition);
             if (categoryElement == NULL_var)
                 return 0;
-            const CATIDOMElement_var element = FindByKey(categoryElement, instructionFields, position);
             if (element == NULL_var)
                 return 1;
             ReadFields(Decimals(), element, fieldTable, definition);

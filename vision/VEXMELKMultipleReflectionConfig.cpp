@@ -41,5 +41,5 @@ VEXMELKMultipleReflectionConfig::VEXMELKMultipleReflectionConfig(const CATUnicod
 unsigned char VEXMELKMultipleReflectionConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKMultipleReflectionConfigDef& definition)
 {
-    return ReadCategory(standard, category, table, definition);
+    return ReadCategory(*this, standard, category, Decimals(), table, definition);
 }

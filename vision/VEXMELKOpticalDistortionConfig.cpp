@@ -40,5 +40,5 @@ VEXMELKOpticalDistortionConfig::VEXMELKOpticalDistortionConfig(const CATUnicodeS
 unsigned char VEXMELKOpticalDistortionConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKOpticalDistortionConfigDef& definition)
 {
-    return ReadCategory(standard, category, table, definition);
+    return ReadCategory(*this, standard, category, Decimals(), table, definition);
 }

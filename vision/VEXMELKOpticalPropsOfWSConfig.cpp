@@ -48,5 +48,5 @@ VEXMELKOpticalPropsOfWSConfig::VEXMELKOpticalPropsOfWSConfig(
 unsigned char VEXMELKOpticalPropsOfWSConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKOpticalPropsOfWSConfigDef& definition)
 {
-    return ReadCategory(standard, category, table, definition);
+    return ReadCategory(*this, standard, category, Decimals(), table, definition);
 }

@@ -42,5 +42,5 @@ VEXMELKPyramidConfig::VEXMELKPyramidConfig(const CATUnicodeString& configuration
 unsigned char VEXMELKPyramidConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKPyramidConfigDefinition& definition)
 {
-    return ReadCategory(standard, category, table, definition);
+    return ReadCategory(*this, standard, category, Decimals(), table, definition);
 }

@@ -64,7 +64,7 @@ VEXMELKReportGenConfig::VEXMELKReportGenConfig(const CATUnicodeString& configura
 
 void VEXMELKReportGenConfig::GetTemplates(CATListValCATUnicodeString& names)
 {
-    Answer([&] { GetRootChildNames(templates, names); });
+    Answer(*this, [&] { GetRootChildNames(templates, names); });
 }
 
 CATIDOMElement_var VEXMELKReportGenConfig::GetTemplateElement(const CATUnicodeString& templateName)
@@ -88,7 +88,7 @@ unsigned char VEXMELKReportGenConfig::GetChildNode(
 unsigned char VEXMELKReportGenConfig::GetTemplateChildText(
     const CATUnicodeString& templateName, const CATUnicodeString& childName, CATUnicodeString& text)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             CATIDOMNode_var child;
@@ -116,7 +116,7 @@ unsigned char VEXMELKReportGenConfig::GetTemplateFooterData(
 unsigned char VEXMELKReportGenConfig::GetTemplateFeatureData(
     const CATUnicodeString& templateName, const CATUnicodeString& featureType, CATUnicodeString& text)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const CATIDOMElement_var templateElement = GetTemplateElement(templateName);

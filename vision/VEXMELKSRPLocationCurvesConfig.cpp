@@ -57,11 +57,11 @@ VEXMELKSRPLocationCurvesConfig::VEXMELKSRPLocationCurvesConfig(const CATUnicodeS
 unsigned char VEXMELKSRPLocationCurvesConfig::GetStandardData(const CATUnicodeString& standard,
     const CATUnicodeString& category, VEXArray<VEXMELKSRPLocationCurveDefinition>& curves)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
-            curves.reset();
             const CATIDOMElement_var element = GetCategoryElement(standard, category);
+            curves.reset(); // not before: a name may be a text of the array
             std::unordered_set<CATUnicodeString> names;
             ForEach(element, curveElements, curves,
                 [&](const CATIDOMElement_var& curveElement)

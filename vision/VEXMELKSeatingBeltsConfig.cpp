@@ -114,13 +114,13 @@ VEXMELKSeatingBeltsConfig::VEXMELKSeatingBeltsConfig(const CATUnicodeString& con
 unsigned char VEXMELKSeatingBeltsConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKSBTandardCfgDefinition& definition)
 {
-    return ReadCategory(standard, category, table, definition);
+    return ReadCategory(*this, standard, category, Decimals(), table, definition);
 }
 
 unsigned char VEXMELKSeatingBeltsConfig::GetSBAnglesData(const CATUnicodeString& standard,
     const CATUnicodeString& category, unsigned char front, VEXMELKSBAnglesCfgDefinition& definition)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const CATIDOMElement_var element =
@@ -134,19 +134,20 @@ unsigned char VEXMELKSeatingBeltsConfig::GetSBAnglesData(const CATUnicodeString&
 unsigned char VEXMELKSeatingBeltsConfig::GetSBShAnchorData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKSBShAnchorCfgDefinition& definition)
 {
-    return Answer(
+    return Answer(*this,
         [&]() -> unsigned char
         {
             const CATIDOMElement_var element = Find(GetCategoryElement(standard, category), anchorElement);
             if (element == NULL_var || !HasAttributes(element))
                 return 1;
             ReadFields(Decimals(), element, anchorTable, definition);
+            char delimiters[] = ",.";
             for (std::size_t position = 0; position < multiplierTable.rows.size(); ++position)
             {
                 CATUnicodeString text;
                 double& multiplier = definition.*multiplierTable.accesses[position].number;
                 if (ReadText(Decimals(), element, multiplierTable.rows[position], text))
-                    str2double(multiplier, text.ConvertToChar(), ",."); // a failure keeps the caller's value
+                    str2double(multiplier, text.ConvertToChar(), delimiters); // a failure keeps the caller's value
                 else
                     multiplier = 0.0;
             }
@@ -154,7 +155,7 @@ unsigned char VEXMELKSeatingBeltsConfig::GetSBShAnchorData(
         });
 }
 
-long VEXMELKSeatingBeltsConfig::str2double(double& value, const char* text, const char* /*delimiters*/)
+long VEXMELKSeatingBeltsConfig::str2double(double& value, const char* text, char* /*delimiters*/)
 {
     CATICkeParm_var parameter = CATCkeGlobalFunctions::GetVolatileFactory()->CreateReal("real", 0.0);
     parameter->Valuate(text);

@@ -42,5 +42,5 @@ VEXMELKVisionConeConfig::VEXMELKVisionConeConfig(const CATUnicodeString& configu
 unsigned char VEXMELKVisionConeConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKVisionConeConfigDefinition& definition)
 {
-    return ReadCategory(standard, category, table, definition);
+    return ReadCategory(*this, standard, category, Decimals(), table, definition);
 }

@@ -41,5 +41,5 @@ VEXMELKVisionPointsConfig::VEXMELKVisionPointsConfig(const CATUnicodeString& con
 unsigned char VEXMELKVisionPointsConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKVisionPointsConfigDefinition& definition)
 {
-    return ReadCategory(standard, category, table, definition);
+    return ReadCategory(*this, standard, category, Decimals(), table, definition);
 }

@@ -50,5 +50,5 @@ VEXMELKWipersConfig::VEXMELKWipersConfig(const CATUnicodeString& configurationDi
 unsigned char VEXMELKWipersConfig::GetStandardData(
     const CATUnicodeString& standard, const CATUnicodeString& category, VEXMELKWipersDefinition& definition)
 {
-    return ReadCategory(standard, category, table, definition);
+    return ReadCategory(*this, standard, category, Decimals(), table, definition);
 }

@@ -29,7 +29,7 @@ class CATUnicodeString
 {
 public:
     CATUnicodeString() = default;
-    CATUnicodeString(const char* utf8) : m_Text(utf8) {}
+    CATUnicodeString(const char* utf8) : m_Text(utf8 ? std::string_view(utf8) : std::string_view()) {} // null: empty
     CATUnicodeString(std::string_view utf8) : m_Text(utf8) {}
     CATUnicodeString(const CATString& text) : m_Text(text.CastToCharPtr()) {}
     CATUnicodeString& operator=(std::string_view utf8)

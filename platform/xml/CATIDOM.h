@@ -38,7 +38,7 @@ public:
     template <class Base>
     requires std::is_base_of_v<Base, View> &&
         (!std::is_same_v<View, Base>)explicit CATDOMHandle(const CATDOMHandle<Base>& other)
-        : CATDOMHandle(View::Narrow(other.GetView()))
+        : CATDOMHandle(other == NULL_var ? View() : View::Narrow(other.GetView()))
     {
     }
     CATDOMHandle& operator=(CATDOMHandle other) noexcept

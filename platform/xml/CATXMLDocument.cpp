@@ -1,6 +1,9 @@
 #include "CATXMLDocument.h"
 
 #include <algorithm>
+#include <new>
+
+void CATOutOfMemory() { throw std::bad_alloc(); }
 
 // The same names come in the same order over and over: the one that followed the last time is tried first.
 CATXMLNames::Symbol CATXMLNames::Intern(const char* name)

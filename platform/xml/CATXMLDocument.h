@@ -19,6 +19,9 @@
 #include <string_view>
 #include <type_traits>
 
+// Throws std::bad_alloc: apart, so that programs without exceptions may include this.
+[[noreturn]] void CATOutOfMemory();
+
 // A growing array of plain values that never holds two copies of a large block while it grows, and can give back what
 // it has not used. It can begin in storage of somebody else: most documents are small, and so are written without
 // asking for memory before it is known how much they need.
@@ -79,7 +82,7 @@ private:
         void* own = m_IsBorrowed ? nullptr : static_cast<void*>(m_Values);
         void* moved = std::realloc(own, std::max<std::size_t>(capacity, 1) * sizeof(Value));
         if (!moved)
-            throw std::bad_alloc();
+            CATOutOfMemory();
         if (m_IsBorrowed)
             std::copy_n(m_Values, m_Size, static_cast<Value*>(moved));
         m_Values = static_cast<Value*>(moved);

@@ -1,6 +1,8 @@
 #include "VEXMELKGetAdminAccess.h"
 
+#include <cstddef>
 #include <cstdlib>
+#include <new>
 #include <optional>
 
 namespace {
@@ -40,8 +42,10 @@ std::optional<const VEXIMELKAccessAdminAttr*> replacement;
 
 const VEXIMELKAccessAdminAttr* VEXMELKGetAdminAccess::VEXMELKGetAdminAccessAttr()
 {
-    static const EnvironmentAccess environment;
-    return replacement.value_or(&environment);
+    // Never destroyed: callers may ask while the process ends.
+    alignas(EnvironmentAccess) static std::byte storage[sizeof(EnvironmentAccess)];
+    static const EnvironmentAccess* const environment = new (storage) EnvironmentAccess;
+    return replacement.value_or(environment);
 }
 
 void VEXMELKGetAdminAccess::ReplaceAccessAttr(const VEXIMELKAccessAdminAttr* access) { replacement = access; }

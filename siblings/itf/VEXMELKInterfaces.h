@@ -21,6 +21,14 @@ struct VEXIMELKEyePoints
     };
 };
 
+// The test set-up of a bumper.
+enum BumperType : int
+{
+    MiddlePendulum = 0,  // "MiddlePendulum"
+    RotatedPendulum = 1, // "RotatedPendulum"
+    ShiftedPendulum = 2  // "ShiftedPendulum"
+};
+
 struct VEXIMELKCrashBarrier
 {
     enum ShapeType : int

@@ -3,9 +3,10 @@
 #include "CATPath.h"
 #include "CATQuantity.h"
 
+#include <algorithm>
 #include <cstdlib>
-#include <fstream>
 #include <optional>
+#include <sstream>
 #include <string>
 #include <unordered_map>
 
@@ -56,10 +57,15 @@ std::optional<std::string> TextOfLine(std::string_view line, std::string_view ke
 std::optional<std::string> TextOfCatalogueFile(std::string_view key)
 {
     const char* path = std::getenv("MELK_MSG_CATALOG");
-    if (!path || !CATIsRegularFile(path))
+    if (!path)
         return std::nullopt;
-    std::ifstream file(path);
-    for (std::string line; std::getline(file, line);)
+    CATInputFile file(path);
+    if (!file.IsOpen())
+        return std::nullopt;
+    std::string contents(file.Size(), '\0');
+    contents.resize(static_cast<std::size_t>(std::max(file.Read(contents.data(), contents.size()), 0L)));
+    std::istringstream lines(contents);
+    for (std::string line; std::getline(lines, line);)
         if (std::optional<std::string> text = TextOfLine(line, key))
             return text;
     return std::nullopt;

@@ -4,6 +4,7 @@
 #include "Values.h"
 
 #include <istream>
+#include <new>
 #include <ostream>
 
 namespace {
@@ -74,6 +75,10 @@ Json Answer(const Json& request, Host& host, bool showSecrets)
     CheckNames("request member", request, {"id", "config", "operation", "arguments", "outputs", "settings", "manager"});
     if (!request.contains("settings") && !request.contains("manager"))
         return Ask(request, showSecrets);
+    const char* kind = request.contains("settings") ? "settings" : "manager";
+    for (const auto& member : request.items())
+        if (member.key() != "id" && member.key() != kind)
+            throw RequestError("\"" + member.key() + "\" beside \"" + kind + "\"");
     if (request.contains("settings"))
         Apply(request["settings"], host);
     else
@@ -106,33 +111,51 @@ Answered RunOperation(const Configuration& configuration, const Operation& opera
     return answered;
 }
 
+namespace {
+
+// The line that answers a request; tells whether it could be understood.
+std::string AnswerLine(const std::string& line, Host& host, bool showSecrets, bool& understood)
+{
+    Json answer = Json::object();
+    try
+    {
+        const Json request = ParseJson(line);
+        if (request.is_object() && request.contains("id"))
+            answer["id"] = request["id"];
+        answer.update(Answer(request, host, showSecrets));
+        answer["messages"] = host.TakeMessages();
+        answer["log"] = host.TakeLog();
+    }
+    catch (const RequestError& error)
+    {
+        answer["error"] = error.what();
+    }
+    host.TakeMessages(); // those of a request that failed belong to no other
+    host.TakeLog();
+    understood = understood && !answer.contains("error");
+    return answer.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+} // namespace
+
 bool RunBatch(std::istream& input, std::ostream& output, Host& host, bool showSecrets)
 {
     bool understood = true;
     for (std::string line; std::getline(input, line);)
     {
-        Json answer = Json::object();
         try
         {
-            const Json request = Json::parse(line);
-            if (request.is_object() && request.contains("id"))
-                answer["id"] = request["id"];
-            answer.update(Answer(request, host, showSecrets));
-            answer["messages"] = host.TakeMessages();
-            answer["log"] = host.TakeLog();
+            output << AnswerLine(line, host, showSecrets, understood) << std::endl;
         }
-        catch (const RequestError& error)
+        catch (const std::bad_alloc&)
         {
-            answer["error"] = error.what();
+            output << "{\"error\":\"out of memory\"}" << std::endl;
+            understood = false;
         }
-        catch (const Json::exception& error)
-        {
-            answer["error"] = std::string("not a JSON request: ") + error.what();
-        }
-        host.TakeMessages(); // those of a request that failed belong to no other
-        host.TakeLog();
-        understood = understood && !answer.contains("error");
-        output << answer.dump(-1, ' ', false, Json::error_handler_t::replace) << std::endl;
+        if (!output)
+            throw RequestError("an answer cannot be written");
     }
+    if (input.bad())
+        throw RequestError("a request cannot be read");
     return understood;
 }

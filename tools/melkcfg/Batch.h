@@ -15,7 +15,8 @@ constexpr const char* hiddenSecret = "********";
 Answered RunOperation(const Configuration& configuration, const Operation& operation, const Json& arguments,
     const Json& outputs, bool showSecrets);
 
-// Answers requests, one a line, until the input ends. False when one of them could not be understood.
+// Answers requests, one a line, until the input ends. False when one of them could not be understood. Throws
+// RequestError when a request cannot be read or an answer not be written.
 bool RunBatch(std::istream& input, std::ostream& output, Host& host, bool showSecrets);
 
 #endif

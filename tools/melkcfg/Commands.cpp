@@ -164,17 +164,21 @@ Json AssignedValue(const Parameter& parameter, const std::string& text)
 {
     if (parameter.type == "text")
         return text;
-    Json value = Json::parse(text, nullptr, false);
-    if (value.is_discarded())
+    try
+    {
+        return ParseJson(text);
+    }
+    catch (const RequestError&) // said in the terms of the argument
+    {
         throw WrongType(parameter.name, parameter.type.c_str(), text);
-    return value;
+    }
 }
 
 void Assign(const Operation& operation, const std::string& assignment, Json& arguments, Json& outputs)
 {
     const std::size_t equals = assignment.find('=');
     if (equals == std::string::npos)
-        throw RequestError("expected NAME=VALUE, got " + assignment);
+        throw RequestError("expected NAME=VALUE, got " + Shown(assignment));
     const std::string name = assignment.substr(0, equals);
     std::vector<std::string> names;
     for (const Parameter& parameter : operation.Parameters())
@@ -182,7 +186,10 @@ void Assign(const Operation& operation, const std::string& assignment, Json& arg
         names.push_back(parameter.name);
         if (parameter.name == name)
         {
-            (parameter.isOutput ? outputs : arguments)[name] = AssignedValue(parameter, assignment.substr(equals + 1));
+            Json& assigned = parameter.isOutput ? outputs : arguments;
+            if (assigned.contains(name))
+                throw RequestError("the argument " + name + " is given twice");
+            assigned[name] = AssignedValue(parameter, assignment.substr(equals + 1));
             return;
         }
     }

@@ -16,6 +16,13 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+// The JSON that a line or an argument holds. Throws RequestError for what is not JSON, for members given twice, and for
+// more nesting than any request needs, before anything is built of it.
+Json ParseJson(std::string_view text);
+
+// A text of unknown origin for a message: short, and without characters that a terminal acts upon.
+std::string Shown(std::string_view text);
+
 // "unknown KIND NAME; did you mean A or B?", with those of the known names that are nearest.
 RequestError UnknownName(const char* kind, std::string_view name, const std::vector<std::string>& known);
 

@@ -4,6 +4,7 @@
 #include "Attributes.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace {
@@ -11,7 +12,12 @@ namespace {
 Json Write(std::monostate /*nothing*/) { return nullptr; }
 Json Write(const CATUnicodeString* text) { return text->ConvertToChar(); }
 Json Write(const unsigned char* flag) { return *flag != 0; }
-Json Write(const double* number) { return *number; }
+Json Write(const double* number)
+{
+    if (!std::isfinite(*number))
+        throw RequestError("the answer holds a number that JSON cannot: " + std::to_string(*number));
+    return *number;
+}
 Json Write(const std::shared_ptr<VEXMELKIntegerView>& integer) { return integer->Get(); }
 Json Write(const CATMathPoint* point) { return {point->GetX(), point->GetY(), point->GetZ()}; }
 Json Write(const std::shared_ptr<VEXMELKRecordView>& record)

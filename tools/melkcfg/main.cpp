@@ -6,6 +6,7 @@
 #include "VEXMELKUtilities.h"
 
 #include <CLI/CLI.hpp>
+#include <cstdio>
 #include <iostream>
 
 namespace {
@@ -60,8 +61,9 @@ ExitStatus Run(int argc, char** argv)
     app.require_subcommand(1);
     app.fallthrough();
     app.set_version_flag("--version", VersionText);
-    app.add_option("--config", settings.directory, "The configuration directory; without it, MELK_CFG_PATH")
-        ->type_name("DIR");
+    const CLI::Option* configuration =
+        app.add_option("--config", settings.directory, "The configuration directory; without it, MELK_CFG_PATH")
+            ->type_name("DIR");
     app.add_option("--test-path", settings.testPath, "Test mode: files are read from DIR/Configuration")
         ->type_name("DIR");
     app.add_flag("--comma", settings.comma, "The application's decimal separator is the comma");
@@ -99,6 +101,8 @@ ExitStatus Run(int argc, char** argv)
     {
         return app.exit(error) == 0 ? Done : NotDone;
     }
+    if (configuration->count() > 0 && settings.directory.empty())
+        throw RequestError("--config names no directory");
     options.asJson = settings.format == "json";
     Host host(!settings.batch);
     Apply(settings, host);
@@ -111,7 +115,14 @@ ExitStatus Run(int argc, char** argv)
     if (operations->parsed())
         return RunOperations(options);
     if (settings.batch)
-        return RunBatch(std::cin, std::cout, host, options.showSecrets) ? Done : NotDone;
+    {
+        if (!options.configuration.empty())
+            throw RequestError("--batch takes its requests from standard input, and no CONFIG");
+        const bool understood = RunBatch(std::cin, std::cout, host, options.showSecrets);
+        if (std::ferror(stdin) != 0)
+            throw RequestError("standard input cannot be read");
+        return understood ? Done : NotDone;
+    }
     if (options.operation.empty())
         throw RequestError("call needs CONFIG and OPERATION, or --batch");
     return RunCall(options, host);
@@ -131,5 +142,10 @@ int main(int argc, char** argv)
         std::cerr << "melkcfg: " << error.what() << std::endl;
     }
     VEXMELKConfigManager::ReleaseConfigManager();
+    if (!std::cout.flush())
+    {
+        std::cerr << "melkcfg: standard output cannot be written" << std::endl;
+        status = NotDone;
+    }
     return status;
 }

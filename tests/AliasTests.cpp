@@ -1,0 +1,251 @@
+// Names that are texts of what an operation fills, and every operation with each allocation failing in turn.
+#include "LibraryTest.h"
+#include "Memory.h"
+#include "VEXMELKBaseDataConfig.h"
+#include "VEXMELKBumpersConfig.h"
+#include "VEXMELKCrashBarriersConfig.h"
+#include "VEXMELKDescription.h"
+#include "VEXMELKEyePointsConfig.h"
+#include "VEXMELKLampPositionsConfig.h"
+#include "VEXMELKManikinTemplateConfig.h"
+#include "VEXMELKMirrorConfig.h"
+#include "VEXMELKSAXErrorHandler.h"
+#include "VEXMELKSRPLocationCurvesConfig.h"
+#include "VEXMELKUFCurbConfig.h"
+#include "VEXMELKUFInnerAngleConfig.h"
+
+namespace {
+
+const std::string longName = "a name that is too long to be held in the text itself";
+
+class AliasTest : public LibraryTest
+{
+protected:
+    // The one standard with the one category, both of that name.
+    void Write(const std::string& file, const std::string& contents, const std::string& attributes = "")
+    {
+        directory.Write("Default/" + file,
+            Document(Standard(
+                longName, "<category name='" + longName + "' " + attributes + ">" + contents + "</category>")));
+    }
+};
+
+} // namespace
+
+TEST_F(AliasTest, NamesMayBeTextsOfTheRecordsThatAreReplaced)
+{
+    Write("Manikin/SRPLocationCurves.xml", "<curve name='c' a='1'/>");
+    VEXArray<VEXMELKSRPLocationCurveDefinition> curves;
+    curves.setSize(1);
+    curves[0].name = longName.c_str();
+    EXPECT_TRUE(Manager().GetSRPLocationCurvesConfig()->GetStandardData(curves[0].name, curves[0].name, curves));
+    EXPECT_EQ(curves.size(), 1);
+    EXPECT_EQ(curves[0].name, "c");
+
+    Write("OVA/Bumpers.xml", "<MiddlePendulum><bumper loading='b'/></MiddlePendulum>");
+    VEXArray<VEXMELKBumpersDefinition> bumpers;
+    bumpers.setSize(1);
+    bumpers[0].loading = longName.c_str();
+    EXPECT_TRUE(
+        Manager().GetBumpersConfig()->GetStandardData(bumpers[0].loading, bumpers[0].loading, MiddlePendulum, bumpers));
+    EXPECT_EQ(bumpers[0].loading, "b");
+
+    Write("OVA/CrashBarriers.xml", "<barrier loading='b'/>");
+    VEXArray<VEXMELKBarrierDefinition> barriers;
+    barriers.setSize(1);
+    barriers[0].loading = longName.c_str();
+    EXPECT_TRUE(
+        Manager().GetCrashBarriersConfig()->GetStandardData(barriers[0].loading, barriers[0].loading, barriers));
+    EXPECT_EQ(barriers[0].loading, "b");
+
+    Write("OVA/LampPositions.xml", "<Lamp Abbr='l'/>");
+    VEXArray<VEXMELKLampPositionsDefinition> lamps;
+    lamps.setSize(1);
+    lamps[0].Abbr = longName.c_str();
+    EXPECT_TRUE(Manager().GetLampPositionsConfig()->GetStandardData(lamps[0].Abbr, lamps[0].Abbr, lamps));
+    EXPECT_EQ(lamps[0].Abbr, "l");
+
+    Write("Manikin/EyePoints.xml", "<point name='p'/>");
+    VEXArray<VEXMELKEyePointDefinition> points;
+    points.setSize(1);
+    points[0].name = longName.c_str();
+    EXPECT_TRUE(Manager().GetEyePointsConfig()->GetEyePoints(points[0].name, points[0].name, points));
+    EXPECT_EQ(points[0].name, "p");
+
+    directory.Write("Default/OVA/BaseData.xml",
+        "<b><category name='" + longName + "'><loading name='l'/><seat name='s'/></category></b>");
+    VEXArray<VEXMELKLoadingDefinition> loadings;
+    loadings.setSize(1);
+    loadings[0].name = longName.c_str();
+    Manager().GetBaseDataConfig()->GetLoadingDataForBaseDataCategory(loadings[0].name, loadings);
+    EXPECT_EQ(loadings[0].name, "l");
+    VEXArray<VEXMELKSeatDefinition> seats;
+    seats.setSize(1);
+    seats[0].name = longName.c_str();
+    Manager().GetBaseDataConfig()->GetSeatDataForBaseDataCategory(seats[0].name, seats);
+    EXPECT_EQ(seats[0].name, "s");
+
+    Write("Manikin/ManikinTemplate.xml", "<percentil value='" + longName + "' torso_angle='5'/>");
+    VEXMELKManikinTemplateDefinition manikin;
+    manikin.hip_angle = longName.c_str();
+    EXPECT_TRUE(Manager().GetManikinTemplateConfig()->GetStandardData(
+        manikin.hip_angle, manikin.hip_angle, manikin.hip_angle, "", MTDriverSeat, manikin));
+    EXPECT_EQ(manikin.torso_angle, "5deg");
+
+    Write("Vision/Mirror.xml", "<InstructionField PositionType='" + longName + "' Plane='Road'/>");
+    VEXMELKMirrorDefinition mirror;
+    mirror.infinite_size = longName.c_str();
+    EXPECT_TRUE(Manager().GetMirrorConfig()->GetStandardData(
+        mirror.infinite_size, mirror.infinite_size, mirror.infinite_size, mirror));
+    EXPECT_EQ(mirror.Plane, "road");
+}
+
+TEST_F(AliasTest, NamesMayBeTheOutputs)
+{
+    Write("OVA/UFInnerAngle.xml", "", "inner_angle='5' loading='curb'");
+    CATUnicodeString angle(longName);
+    CATUnicodeString calculation(longName);
+    EXPECT_TRUE(Manager().GetUFInnerAngleConfig()->GetStandardData(angle, calculation, angle, calculation));
+    EXPECT_EQ(angle, "5deg");
+    CATUnicodeString loading(longName);
+    EXPECT_TRUE(Manager().GetUFInnerAngleConfig()->GetLoading(loading, loading, loading, 1));
+    EXPECT_EQ(loading, "curb");
+
+    directory.Write("Default/OVA/UFCurb.xml",
+        Document(Standard(longName, "<category name='default'/><UseDefaultSettings name='x'/>")));
+    CATUnicodeString settings(longName);
+    EXPECT_TRUE(Manager().GetUFCurbConfig()->GetDefaultSettingsName(settings, settings));
+    EXPECT_EQ(settings, "x");
+    CATListValCATUnicodeString names;
+    names.Append("default");
+    Manager().GetUFCurbConfig()->GetStandardNames(names, names[1], 1, 3);
+    EXPECT_EQ(names.Size(), 1);
+    EXPECT_EQ(names[1], CATUnicodeString(longName));
+}
+
+// No exception passes an operation, whichever of its allocations fails, also of those that load the documents.
+TEST_F(AliasTest, OperationsThrowNothingWhenAnAllocationFails)
+{
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(SAMPLE_CONFIGURATION "/Default"))
+        if (entry.is_regular_file())
+        {
+            std::filesystem::create_directories(
+                directory.Path() + "/Default/" + entry.path().parent_path().filename().string());
+            std::filesystem::copy_file(
+                entry.path(), directory.Path() + "/Default/" +
+                                  std::filesystem::relative(entry.path(), SAMPLE_CONFIGURATION "/Default").string());
+        }
+    for (const auto& configuration : VEXMELKConfigManager::GetConfigurations())
+        for (const VEXMELKDescription* level = configuration.description; level; level = level->base)
+            for (const VEXMELKOperation& operation : level->operations)
+            {
+                VEXMELKConfig* object = configuration.get(Manager());
+                if (!object)
+                    continue;
+                const auto question = operation.NewQuestion();
+                for (std::size_t position = 0; position < operation.Parameters().size(); ++position)
+                {
+                    const VEXMELKValue value = question->Parameter(position);
+                    if (const auto* text = std::get_if<CATUnicodeString*>(&value))
+                        **text = longName.c_str();
+                }
+                std::size_t number = 1;
+                EXPECT_NO_THROW(while (Memory::RunFailingAllocation(number, [&] { question->Ask(*object); }))++ number)
+                    << configuration.description->name << "." << operation.Name() << " at allocation " << number;
+                TakeBoxes();
+            }
+}
+
+TEST_F(AliasTest, OtherFunctionsThrowNothingWhenAnAllocationFails)
+{
+    struct Probe : VEXMELKUFCurbConfig
+    {
+        using VEXMELKCheckConfig::GetStandardWithCategoryList;
+        using VEXMELKConfig::GetRootDOMElements;
+        using VEXMELKUFCurbConfig::VEXMELKUFCurbConfig;
+    };
+    directory.Write("Default/OVA/UFCurb.xml", Document(Standard(longName, "<category name='default'/>")));
+    testPath = longName;
+    const CATUnicodeString text(longName);
+    Probe probe{CATUnicodeString(directory.Path())};
+    VEXMELKRootDOMElementsDefinition roots;
+    ASSERT_TRUE(probe.GetRootDOMElements(roots));
+    const auto handler = CATHandle<VEXMELKSAXErrorHandler>::Create();
+    const CATSAXParseException problem(text, 1, 1);
+    const std::vector<std::pair<const char*, std::function<void()>>> functions = {
+        {"GetCFGDir",
+            [&]
+            {
+                CATUnicodeString path;
+                Manager().GetCFGDir(path);
+            }},
+        {"GetTestPath", [] { VEXMELKConfigManager::GetTestPath(); }},
+        {"GetBaseDataDBPath",
+            [&]
+            {
+                CATUnicodeString path;
+                CATUnicodeString user;
+                VEXMELKConfigManager::GetBaseDataDBPath(path, user);
+            }},
+        {"SetXMLFilePath", [&] { probe.SetXMLFilePath(text); }},
+        {"SetXMLFileName", [&] { probe.SetXMLFileName(text); }},
+        {"BooleanFromString", [&] { VEXMELKConfig::BooleanFromString(text); }},
+        {"CompareStrings", [&] { VEXMELKConfig::CompareStrings(text, text); }},
+        {"GetStandardWithCategoryList",
+            [&]
+            {
+                CATListValCATUnicodeString names;
+                probe.GetStandardWithCategoryList(roots.DefaultRootElement, text, names);
+            }},
+        {"Warning", [&] { handler->Warning(&problem); }},
+        {"Error", [&] { handler->Error(&problem); }},
+        {"FatalError", [&] { handler->FatalError(&problem); }},
+    };
+    for (const auto& [name, function] : functions)
+    {
+        std::size_t number = 1;
+        EXPECT_NO_THROW(while (Memory::RunFailingAllocation(number, function))++ number) << name;
+        EXPECT_GT(number, 1U) << name << " allocates nothing";
+    }
+    TakeBoxes();
+}
+
+// Elements need a default constructor and an assignment only.
+TEST(VEXArrayElements, NeedNoMoreThanAssignmentAndMayLieInTheArrayItself)
+{
+    struct Plain
+    {
+        Plain() = default;
+        Plain(const Plain&) = delete;
+        Plain& operator=(const Plain&) = default;
+        std::string text = longName;
+    };
+    VEXArray<Plain> array(0, 1, 0);
+    array.add(Plain());
+    array[0].text = "first";
+    array.setSize(50, array[0]);
+    EXPECT_EQ(array[49].text, "first");
+    array.add(array[49]);
+    array.removeLast();
+    EXPECT_EQ(array.size(), 50);
+
+    for (const int increment : {0, -3})
+    {
+        VEXArray<int> stuck(0, increment, 0);
+        stuck.add(7);
+        stuck.changeSize(2);
+        EXPECT_EQ(stuck.size(), 3);
+        EXPECT_EQ(stuck[0], 7);
+        EXPECT_EQ(stuck.changeSize(std::numeric_limits<int>::min()), 0);
+    }
+    VEXArray<char> large;
+    large.add('c');
+    EXPECT_DEATH(large.changeSize(std::numeric_limits<int>::max()), "Bad memory allocation");
+}
+
+TEST(Handles, OfNothingAreOfNothingWhateverTheyConvertTo)
+{
+    EXPECT_TRUE(CATIDOMText_var(CATIDOMNode_var()) == NULL_var);
+    EXPECT_TRUE(CATIDOMElement_var(CATIDOMNode_var()) == NULL_var);
+    EXPECT_TRUE(CATUnicodeString(static_cast<const char*>(nullptr)).IsEmpty());
+}
