@@ -37,6 +37,12 @@ def grown(size, text):
     return f"<!DOCTYPE config [<!ENTITY e '{text}'>]>" + filled(size, "&e;", "<x>", "</x>")
 
 
+def declared(attributes, size):
+    """As many attributes declared of one element, and elements up to that many bytes."""
+    lists = "".join(f"<!ATTLIST e a{n} CDATA #IMPLIED>" for n in range(attributes))
+    return f"<!DOCTYPE config [{lists}]>" + filled(size, "<e/>")
+
+
 CASES = [
     ("128 MiB of small elements", lambda: filled(DOCUMENT_BYTES, "<e/>")),
     ("128 MiB of elements with attributes", lambda: filled(DOCUMENT_BYTES, "<e name='n' a='12.5mm' b='30deg'/>\n")),
@@ -47,6 +53,8 @@ CASES = [
     ("one more", lambda: nested(10001)),
     ("64 entities within each other", lambda: chain(64)),
     ("one more", lambda: chain(65)),
+    ("2 MB of elements with 256 attributes declared", lambda: declared(256, 2000000)),
+    ("one more", lambda: declared(257, 2000000)),
     ("20 MiB that grow to 1.9 GiB", lambda: grown(20 << 20, "<e/>" * 9)),
     ("23 MiB that grow past 2 GiB", lambda: grown(23 << 20, "<e/>" * 9)),
     ("1 MiB that grows faster than allowed", lambda: grown(1 << 20, "<e/>" * 60)),
@@ -75,7 +83,7 @@ def ask(directory):
 
 
 def main():
-    print(f"{'document':40}{'seconds':>8}{'MiB':>7}  outcome")
+    print(f"{'document':46}{'seconds':>8}{'MiB':>7}  outcome")
     with tempfile.TemporaryDirectory() as directory:
         path = pathlib.Path(directory, "OVA/UFCurb.xml")
         path.parent.mkdir()
@@ -83,7 +91,7 @@ def main():
             write(path, document)
             answer, seconds, mebibytes = ask(directory)
             outcome = "answers" if answer["result"] else answer["messages"][0]["text"].replace(directory, "")
-            print(f"{name:40}{seconds:8.2f}{mebibytes:7.0f}  {outcome}", flush=True)
+            print(f"{name:46}{seconds:8.2f}{mebibytes:7.0f}  {outcome}", flush=True)
 
 
 main()

@@ -23,9 +23,10 @@ std::string VersionText()
     return std::string("melkcfg ") + MELKCFG_VERSION + "\nparser: " + CATIXMLDOMDocumentBuilder::GetParserVersion() +
            "\nbounds of a document: " + number(CATXMLBounds::documentBytes) + " bytes, " +
            number(CATXMLBounds::elementDepth) + " elements deep, " + number(CATXMLBounds::entityDepth) +
-           " entities deep, " + number(CATXMLBounds::externalFiles) + " external files, " +
-           number(CATXMLBounds::externalDepth) + " of them deep, expansion to " + number(CATXMLBounds::expandedBytes) +
-           " bytes and past that to " + number(CATXMLBounds::expandedFactor) + " times its size";
+           " entities deep, " + number(CATXMLBounds::declaredAttributes) + " attributes declared of one element, " +
+           number(CATXMLBounds::externalFiles) + " external files, " + number(CATXMLBounds::externalDepth) +
+           " of them deep, expansion to " + number(CATXMLBounds::expandedBytes) + " bytes and past that to " +
+           number(CATXMLBounds::expandedFactor) + " times its size";
 }
 
 struct Settings

@@ -175,6 +175,10 @@ int main()
     CATIXMLDOMDocumentBuilder_var builder;
     if (FAILED(CreateCATIXMLDOMDocumentBuilder(builder, CLSID_XML4C_DOM)))
         return 2;
+    CATListValCATUnicodeString option;
+    CATListValCATUnicodeString root;
+    option.Append("CATDocumentTypeDirectory"); // libxml2 follows relative paths wherever they lead
+    root.Append("/");
     int same = 0;
     int rejected = 0;
     int refused = 0;
@@ -183,7 +187,8 @@ int main()
     {
         const auto problems = CATHandle<Problems>::Create();
         CATIDOMDocument_var document;
-        builder->Parse(CATUnicodeString(path), {}, {}, CATISAXErrorHandler_var(problems.Get()), NULL_var, document);
+        builder->Parse(
+            CATUnicodeString(path), option, root, CATISAXErrorHandler_var(problems.Get()), NULL_var, document);
         const std::unique_ptr<xmlDoc, decltype(&xmlFreeDoc)> peer(
             xmlReadFile(path.c_str(), nullptr,
                 XML_PARSE_NOENT | XML_PARSE_DTDLOAD | XML_PARSE_DTDATTR | XML_PARSE_NONET | XML_PARSE_HUGE |
