@@ -209,23 +209,24 @@ void VEXMELKConfigManager::ReleaseConfigManager(VEXMELKConfigManager* manager)
 
 unsigned char VEXMELKConfigManager::GetCFGDir(CATUnicodeString& directory)
 {
-    return OrElse<unsigned char>(0,
-        [&]() -> unsigned char
-        {
-            const VEXIMELKAccessAdminAttr* settings = VEXMELKGetAdminAccess::VEXMELKGetAdminAccessAttr();
-            if (!settings)
-                return 1;
-            CATString value;
-            if (FAILED(settings->GetConfigurationDirectory(value)))
-            {
-                VEXMELKGUI::ShowError("Environment variable \"MELK_CFG_PATH\" not defined!\n"
-                                      "MELK is not able to initialize its objects!\n",
-                    "MELK - Configuration Error", 0, nullptr);
-                return 0;
-            }
-            directory = CATUnicodeString(value);
-            return 1;
-        });
+    return OrElse<unsigned char>(0, [&] { return ReadCFGDir(directory); });
+}
+
+unsigned char VEXMELKConfigManager::ReadCFGDir(CATUnicodeString& directory)
+{
+    const VEXIMELKAccessAdminAttr* settings = VEXMELKGetAdminAccess::VEXMELKGetAdminAccessAttr();
+    if (!settings)
+        return 1;
+    CATString value;
+    if (FAILED(settings->GetConfigurationDirectory(value)))
+    {
+        VEXMELKGUI::ShowError("Environment variable \"MELK_CFG_PATH\" not defined!\n"
+                              "MELK is not able to initialize its objects!\n",
+            "MELK - Configuration Error", 0, nullptr);
+        return 0;
+    }
+    directory = CATUnicodeString(value);
+    return 1;
 }
 
 CATUnicodeString VEXMELKConfigManager::GetXMLFilePath()
@@ -234,19 +235,21 @@ CATUnicodeString VEXMELKConfigManager::GetXMLFilePath()
     switch (VEXMELKUtilities::GetAppMode())
     {
     case VEXMELKNormalMode:
-        GetCFGDir(directory);
+        ReadCFGDir(directory);
         break;
     case VEXMELKTestMode:
-        directory = GetTestPath() + "\\" + "Configuration";
+        directory = ReadTestPath() + "\\" + "Configuration";
         break;
     }
     return directory;
 }
 
-CATUnicodeString VEXMELKConfigManager::GetTestPath()
+CATUnicodeString VEXMELKConfigManager::GetTestPath() { return OrElse(CATUnicodeString(), ReadTestPath); }
+
+CATUnicodeString VEXMELKConfigManager::ReadTestPath()
 {
     const VEXIMELKAccessAdminAttr* settings = VEXMELKGetAdminAccess::VEXMELKGetAdminAccessAttr();
-    return OrElse(CATUnicodeString(), [&] { return settings ? settings->GetTestPath() : CATUnicodeString(); });
+    return settings ? settings->GetTestPath() : CATUnicodeString();
 }
 
 long VEXMELKConfigManager::GetBaseDataDBPath(CATUnicodeString& path, CATUnicodeString& user)

@@ -161,6 +161,9 @@ private:
     VEXMELKConfigManager();
     static VEXMELKConfigManager* GetCurrentManager();
     static void ReleaseConfigManager(VEXMELKConfigManager* manager);
+    // As the public ones; these throw when memory runs out or the host's settings fail.
+    static unsigned char ReadCFGDir(CATUnicodeString& directory);
+    static CATUnicodeString ReadTestPath();
     CATUnicodeString GetXMLFilePath();
     template <class Config> Config* Obtain(Config* VEXMELKConfigManager::*member);
 

@@ -195,7 +195,12 @@ void VEXMELKPedestrianProtectionConfig::GetPPBonnetTopDef(const CATUnicodeString
     const CATIDOMElement_var element = FindInEither(categoryElement, defaultElement, described.area);
     if (element == NULL_var)
         return;
-    ReadFields(Decimals(), element, areaTable, area);
+    const CATIDOMNamedNodeMap_var attributes = element->GetAttributes();
+    const auto& [name, detail, splitM, splitN] = areaTable.rows;
+    area.name = GetOptionalStringValue(attributes, name.attribute, name.unit, name.whenMissing.text);
+    area.detail = GetOptionalBooleanValue(attributes, detail.attribute, detail.whenMissing.flag);
+    area.splitM = GetOptionalIntValue(attributes, splitM.attribute, splitM.whenMissing.integer);
+    area.splitN = GetOptionalIntValue(attributes, splitN.attribute, splitN.whenMissing.integer);
     const auto readBoundary = [&](const VEXMELKElement& boundaryElement, const auto& boundaryRows, Boundary& boundary)
     { ReadFields(Decimals(), AttributesOf(Find(element, boundaryElement)), NULL_var, boundaryRows, boundary); };
     readBoundary(described.side, boundaryTable, area.side);

@@ -43,8 +43,9 @@ void LibraryTest::Show(Kind kind, const CATUnicodeString& title, const CATUnicod
 {
     m_Boxes.push_back(
         std::string(kind == Error ? "error " : "warning ") + title.ConvertToChar() + ": " + text.ConvertToChar());
-    if (inBox)
-        inBox();
+    const std::function<void()> action = inBox; // which may replace itself
+    if (action)
+        action();
 }
 
 void LibraryTest::Write(const CATUnicodeString& line) { m_Log.emplace_back(line.ConvertToChar()); }

@@ -7,21 +7,6 @@
 
 #include <regex>
 
-namespace {
-
-// Opens the conversions of single attributes.
-class OpenPedestrianProtection : public VEXMELKPedestrianProtectionConfig
-{
-public:
-    using VEXMELKPedestrianProtectionConfig::GetCategoryAttributeMap;
-    using VEXMELKPedestrianProtectionConfig::GetOptionalBooleanValue;
-    using VEXMELKPedestrianProtectionConfig::GetOptionalIntValue;
-    using VEXMELKPedestrianProtectionConfig::GetOptionalStringValue;
-    using VEXMELKPedestrianProtectionConfig::VEXMELKPedestrianProtectionConfig;
-};
-
-} // namespace
-
 using SafetyTest = ReaderTest;
 
 TEST_F(SafetyTest, PedestrianProtection)
@@ -65,29 +50,6 @@ TEST_F(SafetyTest, PedestrianProtection)
                 ofSide, Document(Standard("S", Category("x", "<" + area + "/>") + Category("default", ofDefault))));
         }
     }
-}
-
-TEST_F(SafetyTest, PedestrianProtectionValuesThatAreThereOrMissingOrNoIntegers)
-{
-    directory.Write(
-        "Safety/PedestrianProtection.xml", OneCategory("n='25' d='2.5' x='x' far='2147483648' yes='TRUE' no='yes'"));
-    const auto config = CATHandle<OpenPedestrianProtection>::Create(CATUnicodeString(directory.Path()));
-    CATIDOMNamedNodeMap_var attributes;
-    config->GetCategoryAttributeMap("S", "x", attributes);
-    for (const auto& [name, text, number, flag] : Table<4>(R"(
-        n | 25mm | 25 | 0
-        d | 2.5mm | 2 | 0
-        x | x | -7 | 0
-        far | 2147483648mm | -7 | 0
-        yes | TRUE | -7 | 1
-        no | yes | -7 | 0
-        missing | m | -7 | 1)"))
-    {
-        EXPECT_EQ(config->GetOptionalStringValue(attributes, name.c_str(), "mm", "m"), text.c_str()) << name;
-        EXPECT_EQ(config->GetOptionalIntValue(attributes, name.c_str(), -7), std::stoi(number)) << name;
-        EXPECT_EQ(config->GetOptionalBooleanValue(attributes, name.c_str(), 1), std::stoi(flag)) << name;
-    }
-    EXPECT_EQ(config->GetOptionalBooleanValue(NULL_var, "yes", 0), 0);
 }
 
 TEST_F(SafetyTest, PedestrianProtectionOffsets)

@@ -18,7 +18,7 @@ struct Outcome
 // Runs melkcfg as a user does; both streams are caught.
 Outcome RunTool(const std::string& arguments)
 {
-    FILE* pipe = popen((std::string("env -u MELK_CFG_PATH " MELKCFG " ") + arguments + " 2>&1").c_str(), "r");
+    FILE* pipe = popen((std::string("(env -u MELK_CFG_PATH " MELKCFG " ") + arguments + ") 2>&1").c_str(), "r");
     std::string output;
     char buffer[4096];
     for (std::size_t read = 1; read > 0; output.append(buffer, read))
