@@ -8,12 +8,10 @@ endif()
 
 set(header_directory ${CMAKE_INSTALL_INCLUDEDIR}/VEXMELKConfiguration)
 install(DIRECTORY include/ description/ DESTINATION ${header_directory} FILES_MATCHING PATTERN "*.h")
-if(NOT MELK_HOST_PLATFORM)
-    # The interfaces, without what only the parser itself includes.
-    file(GLOB interface_headers CONFIGURE_DEPENDS platform/*/*.h siblings/*/*.h)
-    list(FILTER interface_headers EXCLUDE REGEX "/CATXML(Parse|Entities|Encoding|DocumentWriter)\\.h$")
-    install(FILES ${interface_headers} DESTINATION ${header_directory})
-endif()
+# The interfaces, without what only the parser itself includes.
+file(GLOB interface_headers CONFIGURE_DEPENDS platform/*/*.h siblings/*/*.h)
+list(FILTER interface_headers EXCLUDE REGEX "/CATXML(Parse|Entities|Encoding|DocumentWriter)\\.h$")
+install(FILES ${interface_headers} DESTINATION ${header_directory})
 install(DIRECTORY configuration/ DESTINATION ${CMAKE_INSTALL_DATADIR}/VEXMELKConfiguration/configuration)
 
 set(package_directory ${CMAKE_INSTALL_LIBDIR}/cmake/VEXMELKConfiguration)

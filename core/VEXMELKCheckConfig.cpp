@@ -65,12 +65,21 @@ void VEXMELKCheckConfig::GetStandardWithCategoryList(
     Answer(*this,
         [&]
         {
-            ForEachElement(root, VEXMELKCommon::standards.tag,
+            const std::string_view standardTag = VEXMELKCommon::standards.tag;
+            std::vector<CATIDOMElement_var> offering;
+            ForEachElement(root, VEXMELKCommon::categories.tag,
+                [&](const CATIDOMElement_var& element)
+                {
+                    const std::optional<VEXMELKNodeText> name = Key(element, VEXMELKCommon::categories);
+                    if (name && (category == *name || *name == defaultCategory) &&
+                        element->GetParentNode()->GetNodeName() == standardTag)
+                        offering.push_back(element);
+                });
+            ForEachElement(root, standardTag,
                 [&](const CATIDOMElement_var& standard)
                 {
                     const std::optional<VEXMELKNodeText> name = Key(standard, VEXMELKCommon::standards);
-                    if (name && (FindByKey(standard, VEXMELKCommon::categories, category) != NULL_var ||
-                                    FindByKey(standard, VEXMELKCommon::categories, defaultCategory) != NULL_var))
+                    if (name && FirstBelow(standard, offering) != NULL_var)
                         names.Append(CATUnicodeString(*name));
                 });
         });

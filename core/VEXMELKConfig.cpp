@@ -350,8 +350,7 @@ CATIDOMElement_var VEXMELKConfig::GetRootChildElement(const VEXMELKElement& desc
 {
     if (!HasDocuments())
         return NULL_var;
-    const CATIDOMElement_var found = FindByKey(m_spCustomerRootElement, described, key);
-    return found != NULL_var ? found : FindByKey(m_spRootElement, described, key);
+    return m_Catalogue->FindRootChild(m_spCustomerRootElement, m_spRootElement, described, key);
 }
 
 void VEXMELKConfig::GetRootChildNames(const VEXMELKElement& described, CATListValCATUnicodeString& keys)
@@ -389,7 +388,7 @@ CATIDOMElement_var VEXMELKConfig::CategoryOrObsolete(
 {
     const bool isDefault = category == defaultCategory;
     const CATIDOMElement_var& found = isDefault ? data.defaultCategory : data.category;
-    if (found != NULL_var || !isDefault || !allowObsolete || FirstChild(data.standard, "category") != NULL_var)
+    if (found != NULL_var || !isDefault || !allowObsolete || !m_Catalogue || m_Catalogue->HasCategories(data.standard))
         return found;
     if (data.standard != NULL_var && !m_ObsoleteFormatWarned)
     {

@@ -11,6 +11,7 @@
 
 #include <optional>
 #include <utility>
+#include <vector>
 
 // What a node's text comes as; a view into the document, which its handles keep alive.
 using VEXMELKNodeText = decltype(std::declval<CATIDOMNode>().GetNodeValue());
@@ -199,6 +200,10 @@ inline void ChildAttributeValues(const CATIDOMElement_var& parent, std::string_v
                 values.Append(CATUnicodeString(*text));
         });
 }
+
+// The first of these elements, which are in document order, that lies below the other one; null when none does. Asked
+// of many elements that are nested in each other, this costs less than a walk below each.
+CATIDOMElement_var FirstBelow(const CATIDOMElement_var& parent, const std::vector<CATIDOMElement_var>& elements);
 
 // Appends each of the names that the list does not hold yet.
 void AppendMissing(CATListValCATUnicodeString& list, const CATListValCATUnicodeString& names);

@@ -1,4 +1,8 @@
+// Finding standards, categories and children of the root by name, at the same cost whatever their number.
 #include "VEXMELKStandardCatalogue.h"
+
+#include "VEXMELKCommonElements.h"
+#include "VEXMELKLookUp.h"
 
 bool VEXMELKNameIndex::Add(const CATIDOMElement_var& element)
 {
@@ -29,17 +33,37 @@ CATTextTable::Number VEXMELKNameIndex::Compare(std::string_view name) const
 
 void VEXMELKStandardCatalogue::AddDocument(const CATIDOMElement_var& root)
 {
-    ForEachChild(root, "standard",
-        [this](const CATIDOMElement_var& standard)
+    m_Roots.push_back(root);
+    CATIDOMElement_var outermost;
+    ForEach(root, VEXMELKCommon::standards,
+        [&](const CATIDOMElement_var& standard)
         {
             if (m_Standards.Add(standard))
                 m_Categories.emplace_back();
+            if (outermost != NULL_var && outermost->Contains(standard))
+                m_IsNested = true;
+            else
+                outermost = standard;
         });
 }
 
 CATIDOMElement_var VEXMELKStandardCatalogue::FindStandard(std::string_view name) const
 {
     return m_Standards.FindElement(name);
+}
+
+CATIDOMElement_var VEXMELKStandardCatalogue::FindRootChild(const CATIDOMElement_var& first,
+    const CATIDOMElement_var& second, const VEXMELKElement& described, std::string_view name)
+{
+    auto found = m_RootChildren.find(&described);
+    if (found == m_RootChildren.end())
+    {
+        VEXMELKNameIndex children;
+        for (const CATIDOMElement_var* root : {&first, &second})
+            ForEach(*root, described, [&](const CATIDOMElement_var& child) { children.Add(child); });
+        found = m_RootChildren.emplace(&described, std::move(children)).first;
+    }
+    return found->second.FindElement(name);
 }
 
 VEXMELKStandardCatalogue::Categories VEXMELKStandardCatalogue::FindCategories(
@@ -49,14 +73,52 @@ VEXMELKStandardCatalogue::Categories VEXMELKStandardCatalogue::FindCategories(
     if (number == CATTextTable::none)
         return {};
     const CATIDOMElement_var& element = m_Standards.Element(number);
+    if (m_IsNested)
+        return {element, FindNested(element, category), FindNested(element, defaultCategory)};
     std::unique_ptr<VEXMELKNameIndex>& categories = m_Categories[number];
     if (!categories)
     {
         auto index = std::make_unique<VEXMELKNameIndex>();
-        ForEachChild(element, "category", [&](const CATIDOMElement_var& child) { index->Add(child); });
+        ForEach(element, VEXMELKCommon::categories, [&](const CATIDOMElement_var& child) { index->Add(child); });
         categories = std::move(index);
     }
     return {element, categories->FindElement(category), categories->FindElement(defaultCategory)};
+}
+
+const VEXMELKStandardCatalogue::NestedCategories& VEXMELKStandardCatalogue::NestedAround(
+    const CATIDOMElement_var& standard)
+{
+    while (m_NestedCategories.size() < m_Roots.size())
+    {
+        NestedCategories categories{m_Roots[m_NestedCategories.size()], {}, {}};
+        ForEachElement(categories.root, VEXMELKCommon::categories.tag,
+            [&](const CATIDOMElement_var& element)
+            {
+                if (element->GetParentNode()->GetNodeName() != VEXMELKCommon::standards.tag)
+                    return;
+                categories.all.push_back(element);
+                if (const std::optional<VEXMELKNodeText> name = Key(element, VEXMELKCommon::categories))
+                    categories.byName[CATUnicodeString(*name)].push_back(element);
+            });
+        m_NestedCategories.push_back(std::move(categories));
+    }
+    return *std::find_if(m_NestedCategories.begin(), m_NestedCategories.end() - 1,
+        [&](const NestedCategories& categories) { return categories.root->Contains(standard); });
+}
+
+CATIDOMElement_var VEXMELKStandardCatalogue::FindNested(const CATIDOMElement_var& standard, std::string_view category)
+{
+    const NestedCategories& categories = NestedAround(standard);
+    const auto found = categories.byName.find(CATUnicodeString(category));
+    return found == categories.byName.end() ? CATIDOMElement_var() : FirstBelow(standard, found->second);
+}
+
+bool VEXMELKStandardCatalogue::HasCategories(const CATIDOMElement_var& standard)
+{
+    const CATIDOMElement_var first = m_IsNested && standard != NULL_var
+                                         ? FirstBelow(standard, NestedAround(standard).all)
+                                         : Find(standard, VEXMELKCommon::categories);
+    return first != NULL_var;
 }
 
 int VEXMELKStandardCatalogue::FindLevel(const CATUnicodeString& standard) const

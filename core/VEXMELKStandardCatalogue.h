@@ -7,9 +7,12 @@
 #include "VEXMELKElements.h"
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <unordered_map>
 #include <vector>
+
+struct VEXMELKElement;
 
 // Elements by the text of their attribute "name". The first of a name counts.
 class VEXMELKNameIndex
@@ -61,6 +64,12 @@ public:
         CATIDOMElement_var defaultCategory; // null likewise
     };
     CATIDOMElement_var FindStandard(std::string_view name) const;
+    // Whether a standard has any category at all.
+    bool HasCategories(const CATIDOMElement_var& standard);
+    // The described child of a root, by its name, of the first root before the second; either may be null. Their names
+    // are gathered once, when they are first asked for.
+    CATIDOMElement_var FindRootChild(const CATIDOMElement_var& first, const CATIDOMElement_var& second,
+        const VEXMELKElement& described, std::string_view name);
     Categories FindCategories(std::string_view standard, std::string_view category, std::string_view defaultCategory);
 
     // Priority levels. The first level that a standard is given counts; one that was given none has level 0.
@@ -72,6 +81,22 @@ private:
     // The categories of each standard, by its number; null until it is first asked for.
     std::vector<std::unique_ptr<VEXMELKNameIndex>> m_Categories;
     std::unordered_map<CATUnicodeString, int> m_Levels;
+    // Where standards are nested, their categories overlap, and an index for each would take more than the file. Then
+    // the categories of a document stand together, by name.
+    struct NestedCategories
+    {
+        CATIDOMElement_var root;
+        std::vector<CATIDOMElement_var> all;
+        std::unordered_map<CATUnicodeString, std::vector<CATIDOMElement_var>> byName;
+    };
+    // Those of the document that the standard stands in.
+    const NestedCategories& NestedAround(const CATIDOMElement_var& standard);
+    CATIDOMElement_var FindNested(const CATIDOMElement_var& standard, std::string_view category);
+    std::vector<CATIDOMElement_var> m_Roots;
+    bool m_IsNested = false;
+    std::vector<NestedCategories> m_NestedCategories; // of the roots, once asked for
+
+    std::map<const VEXMELKElement*, VEXMELKNameIndex> m_RootChildren;
 };
 
 #endif

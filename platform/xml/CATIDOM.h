@@ -163,6 +163,12 @@ public:
     CATIDOMNamedNodeMap_var GetAttributes() const;
     // All descendants with the tag in document order, the element itself left out; "*" takes every tag.
     CATIDOMNodeList_var GetElementsByTagName(std::string_view tag) const;
+    // Of two elements of one document: whether this one begins first, and whether the other lies below it.
+    bool IsBefore(const CATDOMHandle<CATIDOMElement>& other) const { return m_Node < other.GetView().m_Node; }
+    bool Contains(const CATDOMHandle<CATIDOMElement>& other) const
+    {
+        return m_Document == other.GetView().m_Document && m_Document->Contains(m_Node, other.GetView().m_Node);
+    }
     // Where the element's tag begins in its file: line and column (in characters), both counted from 1.
     int GetLineNumber() const { return static_cast<int>(m_Document->Line(m_Node)); }
     int GetColumnNumber() const { return static_cast<int>(m_Document->Column(m_Node)); }

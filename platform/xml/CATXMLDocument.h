@@ -236,6 +236,9 @@ public:
         return none;
     }
 
+    // Whether the other node lies below the node, at any depth.
+    bool Contains(Index node, Index other) const { return other > node && other < EndOf(node); }
+
     // All descendants of the node with that tag, in document order; "*" takes every tag.
     Elements ElementsByTagName(Index node, std::string_view tag) const;
     Index ElementAt(const Elements& elements, Index position) const
