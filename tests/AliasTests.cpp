@@ -188,7 +188,8 @@ TEST_F(AliasTest, OtherFunctionsThrowNothingWhenAnAllocationFails)
             [&]
             {
                 CATUnicodeString path;
-                Manager().GetCFGDir(path);
+                if (VEXMELKConfigManager* manager = VEXMELKConfigManager::GetConfigManager())
+                    manager->GetCFGDir(path);
             }},
         {"GetTestPath", [] { VEXMELKConfigManager::GetTestPath(); }},
         {"GetBaseDataDBPath",

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -41,12 +42,11 @@ std::string FolderOf(std::string_view path)
 // With every link and ".." followed, and without the "/" of the root; none, and errno, when that cannot be done.
 std::optional<std::string> RealPath(const std::string& path)
 {
-    char* resolved = realpath(path.c_str(), nullptr);
+    const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(path.c_str(), nullptr), std::free);
     if (!resolved)
         return std::nullopt;
-    std::string real = resolved;
-    std::free(resolved);
-    return real == "/" ? "" : real;
+    const std::string_view real = resolved.get();
+    return std::string(real == "/" ? "" : real);
 }
 
 // Adds the names of a path, the first one last.
