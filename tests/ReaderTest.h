@@ -166,7 +166,10 @@ private:
         std::string name;
 
         bool IsSwitch() const { return kind == "flag" || kind == "usage"; }
-        bool IsText() const { return kind.empty() || kind == "mm" || kind == "deg" || kind == "unread" || kind == "written"; }
+        bool IsText() const
+        {
+            return kind.empty() || kind == "mm" || kind == "deg" || kind == "unread" || kind == "written";
+        }
         Json Before() const
         {
             if (kind == "flag")
