@@ -84,10 +84,8 @@ Case Main(const char* operation, Result (Config::*query)(Arguments...), Plan pla
     using Values = std::tuple<std::remove_cvref_t<Arguments>...>;
     const auto values = std::make_shared<Values>();
     const auto given = std::make_tuple(inputs...);
-    Case main{"", operation, {}, Json::object(), std::move(plan)};
-    for (const Configuration& configuration : AllConfigurations())
-        if (configuration.get == GetObject<Getter>)
-            main.configuration = configuration.name;
+    using Owner = std::remove_pointer_t<decltype((std::declval<VEXMELKConfigManager&>().*Getter)())>;
+    Case main{std::string(Owner::description.name), operation, {}, Json::object(), std::move(plan)};
     const auto& parameters = FindConfiguration(main.configuration).FindOperation(operation).Parameters();
     const auto set = [&]<std::size_t... Index>(std::index_sequence<Index...>)
     {
