@@ -26,7 +26,9 @@ constexpr VEXMELKElement standardElements = VEXMELKCommon::StandardWith(standard
 constexpr VEXMELKElement categoryElements =
     CategoryWith(categoryLoading.rows, VEXMELKFallBack::None, categoryRearLoading.rows);
 
-constexpr VEXMELKRow priorityLevel = Text("level", "exactly `1`, `2` or `3`; others are ignored", AsWritten(), Skip);
+constexpr VEXMELKWord levels[] = {{"1", 1}, {"2", 2}, {"3", 3}};
+constexpr VEXMELKRow priorityLevel =
+    Word("level", {levels}, "exactly `1`, `2` or `3`; others are ignored", AsWritten(), Skip);
 constexpr VEXMELKRow prioritizedName =
     Name("name", "standard", "its name; one element without `name` empties all levels", AsWritten(), Fail);
 constexpr VEXMELKElement prioritiesElement{.tag = "priorities",

@@ -6,10 +6,18 @@
 #include "VEXMELKElements.h"
 #include "VEXMELKReadFields.h"
 
+// Tells the watch, if there is one, that described elements are looked for.
+inline void AnnounceLookUp(const CATIDOMElement_var& parent, const VEXMELKElement& described)
+{
+    if (VEXMELKWatch* watch = VEXMELKWatch::Installed(); watch && parent != NULL_var) [[unlikely]]
+        watch->OnElements(parent, described);
+}
+
 // Calls visit(element) for each of the elements below the parent, in document order, until it returns true; tells
 // whether one did. A null parent has none.
 template <class Visit> bool VisitEach(const CATIDOMElement_var& parent, const VEXMELKElement& described, Visit visit)
 {
+    AnnounceLookUp(parent, described);
     if (described.place == VEXMELKPlace::Child)
         return VisitChildren(parent, described.tag, visit);
     return VisitElements(parent, described.tag, visit);
@@ -29,12 +37,14 @@ template <class Act> void ForEach(const CATIDOMElement_var& parent, const VEXMEL
 template <class Record, class Act>
 void ForEach(const CATIDOMElement_var& parent, const VEXMELKElement& described, VEXArray<Record>& records, Act act)
 {
+    AnnounceLookUp(parent, described);
     ForEachElement(parent, described.tag, records, act);
 }
 
 // The first, or the only one; null when there is none.
 inline CATIDOMElement_var Find(const CATIDOMElement_var& parent, const VEXMELKElement& described)
 {
+    AnnounceLookUp(parent, described);
     if (described.choice == VEXMELKChoice::Single)
         return SingleElement(parent, described.tag);
     return described.place == VEXMELKPlace::Child ? FirstChild(parent, described.tag)
@@ -43,8 +53,9 @@ inline CATIDOMElement_var Find(const CATIDOMElement_var& parent, const VEXMELKEl
 
 // The first with the tag, where the description takes any.
 inline CATIDOMElement_var FindTagged(
-    const CATIDOMElement_var& parent, const VEXMELKElement& /*described*/, std::string_view tag)
+    const CATIDOMElement_var& parent, const VEXMELKElement& described, std::string_view tag)
 {
+    AnnounceLookUp(parent, described);
     return FirstElement(parent, tag);
 }
 
@@ -52,6 +63,7 @@ inline CATIDOMElement_var FindTagged(
 inline CATIDOMElement_var FindByKey(
     const CATIDOMElement_var& parent, const VEXMELKElement& described, std::string_view key)
 {
+    AnnounceLookUp(parent, described);
     return FindChild(parent, described.tag, described.key->attribute, key);
 }
 
@@ -73,12 +85,14 @@ inline std::optional<VEXMELKNodeText> Key(const CATIDOMElement_var& element, con
 inline void CollectKeys(
     const CATIDOMElement_var& parent, const VEXMELKElement& described, CATListValCATUnicodeString& keys)
 {
+    AnnounceLookUp(parent, described);
     ChildAttributeValues(parent, described.tag, described.key->attribute, keys);
 }
 
 // The attribute of the first child that has it; none when none has.
 inline std::optional<VEXMELKNodeText> FirstKey(const CATIDOMElement_var& parent, const VEXMELKElement& described)
 {
+    AnnounceLookUp(parent, described);
     return FirstChildAttribute(parent, described.tag, described.key->attribute);
 }
 
@@ -93,6 +107,7 @@ CATIDOMElement_var NearestLengthBelow(VEXMELKDecimals decimals, const CATIDOMEle
 inline CATIDOMElement_var FindNearest(
     VEXMELKDecimals decimals, const CATIDOMElement_var& parent, const VEXMELKElement& described, double number)
 {
+    AnnounceLookUp(parent, described);
     const auto nearest = described.choice == VEXMELKChoice::NearestAngle ? NearestAngle : NearestLengthBelow;
     return nearest(decimals, parent, described.tag, described.key->attribute, number);
 }

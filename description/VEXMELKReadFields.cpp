@@ -99,7 +99,9 @@ bool VEXMELKAttributeReader::Read(const VEXMELKRow& row, std::optional<int>& val
 bool ReadText(
     VEXMELKDecimals decimals, const CATIDOMNamedNodeMap_var& map, const VEXMELKRow& row, CATUnicodeString& text)
 {
-    return VEXMELKAttributeReader(decimals, map, NULL_var).ReadText(row, text);
+    VEXMELKAttributeReader reader(decimals, map, NULL_var);
+    reader.Announce(VEXMELKRows(&row, 1));
+    return reader.ReadText(row, text);
 }
 
 CATUnicodeString NormalizedValue(std::string_view unit, bool writesCommas, std::string_view text)

@@ -4,6 +4,7 @@
 
 #include "CATIDOM.h"
 #include "VEXMELKRow.h"
+#include "VEXMELKWatch.h"
 
 #include <optional>
 
@@ -26,6 +27,13 @@ public:
         VEXMELKDecimals decimals, const CATIDOMNamedNodeMap_var& map, const CATIDOMNamedNodeMap_var& defaultMap)
         : m_Decimals(decimals), m_Map(map), m_DefaultMap(defaultMap)
     {
+    }
+
+    // Tells the watch, if there is one, of the rows that are going to be read.
+    void Announce(VEXMELKRows rows) const
+    {
+        if (VEXMELKWatch* watch = VEXMELKWatch::Installed()) [[unlikely]]
+            watch->OnRows(m_Map, m_DefaultMap, rows);
     }
 
     // Where a row's value goes.
@@ -62,6 +70,7 @@ bool ReadFields(VEXMELKDecimals decimals, const CATIDOMNamedNodeMap_var& map, co
     const VEXMELKTable<Record, Size>& table, Record& record)
 {
     VEXMELKAttributeReader reader(decimals, map, defaultMap);
+    reader.Announce(table.rows);
     bool complete = true;
     for (std::size_t position = 0; position < Size; ++position)
     {
@@ -92,6 +101,7 @@ bool ReadOutputs(VEXMELKDecimals decimals, const CATIDOMNamedNodeMap_var& map,
     const CATIDOMNamedNodeMap_var& defaultMap, VEXMELKRows rows, Outputs&... outputs)
 {
     VEXMELKAttributeReader reader(decimals, map, defaultMap);
+    reader.Announce(rows);
     bool complete = true;
     const VEXMELKRow* row = rows.data();
     ((complete = reader.Read(*row++, &outputs) && complete), ...);

@@ -67,12 +67,11 @@ constexpr VEXMELKElement BumperOf(const VEXMELKElement& pendulum)
         .tables = {bumperTable.rows, VEXMELKRows(&profileReference, 1)},
         .meaning = "one test bumper"};
 }
-constexpr VEXMELKElement bumperElements = BumperOf(pendulums[0]);
-constexpr VEXMELKElement rotatedBumperElements = BumperOf(pendulums[1]);
-constexpr VEXMELKElement shiftedBumperElements = BumperOf(pendulums[2]);
+// By type.
+constexpr VEXMELKElement bumperElements[] = {BumperOf(pendulums[0]), BumperOf(pendulums[1]), BumperOf(pendulums[2])};
 
 constexpr const VEXMELKElement* elements[] = {&profiles, &categoryElements, &pendulums[0], &pendulums[1], &pendulums[2],
-    &bumperElements, &rotatedBumperElements, &shiftedBumperElements};
+    &bumperElements[0], &bumperElements[1], &bumperElements[2]};
 
 } // namespace
 
@@ -118,11 +117,11 @@ unsigned char VEXMELKBumpersConfig::GetStandardData(const CATUnicodeString& stan
 unsigned char VEXMELKBumpersConfig::GetPendulumData(const CATUnicodeString& pendulumElementName,
     const CATIDOMElement_var& categoryElement, VEXArray<VEXMELKBumpersDefinition>& bumpers)
 {
-    const VEXMELKElement& described = *std::find_if(std::begin(pendulums), std::end(pendulums) - 1,
-        [&](const VEXMELKElement& element) { return element.tag == std::string_view(pendulumElementName); });
-    const CATIDOMElement_var pendulum = Find(categoryElement, described);
+    const auto type = std::find_if(std::begin(pendulums), std::end(pendulums) - 1,
+        [&](const VEXMELKElement& element) { return pendulumElementName == element.tag; });
+    const CATIDOMElement_var pendulum = Find(categoryElement, *type);
     Bumper bumper; // one for all
-    ForEach(pendulum, bumperElements, bumpers,
+    ForEach(pendulum, bumperElements[type - pendulums], bumpers,
         [&](const CATIDOMElement_var& element)
         {
             CATUnicodeString profile;

@@ -228,16 +228,23 @@ CATUnicodeString VEXMELKPedestrianProtectionConfig::GetOptionalStringValue(const
 int VEXMELKPedestrianProtectionConfig::GetOptionalIntValue(
     const CATIDOMNamedNodeMap_var& attributes, const CATUnicodeString& name, int defaultValue)
 {
+    const VEXMELKRow row{.attribute = name,
+        .kind = VEXMELKKind::Integer,
+        .form = VEXMELKForm::Integer,
+        .whenMissing = {.integer = defaultValue}};
     CATUnicodeString text;
     int value = 0;
-    const bool converts =
-        ReadText(Decimals(), attributes, {.attribute = name}, text) && text.ConvertToNum(&value, "%d");
+    const bool converts = ReadText(Decimals(), attributes, row, text) && text.ConvertToNum(&value, "%d");
     return converts ? value : defaultValue;
 }
 
 unsigned char VEXMELKPedestrianProtectionConfig::GetOptionalBooleanValue(
     const CATIDOMNamedNodeMap_var& attributes, const CATUnicodeString& name, unsigned char defaultValue)
 {
+    const VEXMELKRow row{.attribute = name,
+        .kind = VEXMELKKind::Flag,
+        .form = VEXMELKForm::Flag,
+        .whenMissing = {.flag = defaultValue != 0}};
     CATUnicodeString text;
-    return ReadText(Decimals(), attributes, {.attribute = name}, text) ? FlagFromText(text) : defaultValue;
+    return ReadText(Decimals(), attributes, row, text) ? FlagFromText(text) : defaultValue;
 }

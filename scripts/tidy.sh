@@ -16,5 +16,5 @@ else
         'vision/*.cpp' 'safety/*.cpp' 'tools/melkcfg/*.cpp' 'tests/*.cpp' | grep -v '^tests/consumer/')
 fi
 printf '%s\n' "${files[@]}" |
-    xargs -P "$(nproc)" -n 1 -I{} clang-tidy-14 --quiet {} -- -std=c++20 "${includes[@]}" "${defines[@]}" \
+    xargs -P "$(nproc)" -I{} clang-tidy-14 --quiet {} -- -std=c++20 "${includes[@]}" "${defines[@]}" \
         2>build/tidy/notes.txt

@@ -132,39 +132,38 @@ static bool FillsArrays(VEXMELKQuestion& question, const VEXMELKOperation& opera
     return fills;
 }
 
+static void ExpectNoThrow(VEXMELKConfig& object, const VEXMELKOperation& operation)
+{
+    const auto question = operation.NewQuestion();
+    for (std::size_t position = 0; position < operation.Parameters().size(); ++position)
+    {
+        const VEXMELKValue value = question->Parameter(position);
+        if (const auto* text = std::get_if<CATUnicodeString*>(&value))
+            **text = longName.c_str();
+    }
+    if (FillsArrays(*question, operation))
+        return;
+    std::size_t number = 1;
+    EXPECT_NO_THROW(while (Memory::RunFailingAllocation(number, [&] { question->Ask(object); }))++ number)
+        << operation.Name() << " at allocation " << number;
+}
+
 // No exception passes an operation, whichever of its allocations fails, also of those that load the documents.
 TEST_F(AliasTest, OperationsThrowNothingWhenAnAllocationFails)
 {
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(SAMPLE_CONFIGURATION "/Default"))
-        if (entry.is_regular_file())
-        {
-            std::filesystem::create_directories(
-                directory.Path() + "/Default/" + entry.path().parent_path().filename().string());
-            std::filesystem::copy_file(
-                entry.path(), directory.Path() + "/Default/" +
-                                  std::filesystem::relative(entry.path(), SAMPLE_CONFIGURATION "/Default").string());
-        }
+    std::filesystem::copy(SAMPLE_CONFIGURATION "/Default", directory.Path() + "/Default",
+        std::filesystem::copy_options::recursive | std::filesystem::copy_options::overwrite_existing);
     for (const auto& configuration : VEXMELKConfigManager::GetConfigurations())
+    {
+        SCOPED_TRACE(configuration.description->name);
+        VEXMELKConfig* object = configuration.get(Manager());
+        if (!object || configuration.description->name == "EyeEllipses") // it fills arrays as it loads
+            continue;
         for (const VEXMELKDescription* level = configuration.description; level; level = level->base)
             for (const VEXMELKOperation& operation : level->operations)
-            {
-                VEXMELKConfig* object = configuration.get(Manager());
-                if (!object)
-                    continue;
-                const auto question = operation.NewQuestion();
-                if (FillsArrays(*question, operation) || configuration.description->name == "EyeEllipses")
-                    continue;
-                for (std::size_t position = 0; position < operation.Parameters().size(); ++position)
-                {
-                    const VEXMELKValue value = question->Parameter(position);
-                    if (const auto* text = std::get_if<CATUnicodeString*>(&value))
-                        **text = longName.c_str();
-                }
-                std::size_t number = 1;
-                EXPECT_NO_THROW(while (Memory::RunFailingAllocation(number, [&] { question->Ask(*object); }))++ number)
-                    << configuration.description->name << "." << operation.Name() << " at allocation " << number;
-                TakeBoxes();
-            }
+                ExpectNoThrow(*object, operation);
+        TakeBoxes();
+    }
 }
 
 TEST_F(AliasTest, OtherFunctionsThrowNothingWhenAnAllocationFails)

@@ -261,7 +261,7 @@ TEST(Numbers, IgnoreTheLocalesOfCppAndC)
 TEST(Hash, TellsTextsApartThatWereMadeToCollide)
 {
     std::set<std::uint32_t> hashes;
-    std::string text(12 * 16, 'a');
+    std::string text(std::size_t{12} * 16, 'a');
     for (unsigned number = 0; number < 4096; ++number)
     {
         for (std::size_t pair = 0; pair < 12; ++pair)

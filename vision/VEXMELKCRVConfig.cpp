@@ -30,8 +30,9 @@ constexpr VEXMELKTable cylinderTable{
 constexpr VEXMELKElement cylinder = OfCategory("cylinder", cylinderTable.rows, "the object to be seen", "all kept");
 
 constexpr const char* frontView = "front_view";
+constexpr VEXMELKWord areaTypes[] = {{frontView}};
 constexpr VEXMELKTable typeTable{
-    Text<&Record::type>("type", "`front_view`, or another text", Keep),
+    Word<&Record::type>("type", {areaTypes}, "`front_view`, or another text", Keep),
 };
 constexpr VEXMELKTable frontViewTable{
     Length<&Record::front_offset>("front_offset", "read for `front_view` only", Else("2000mm")),

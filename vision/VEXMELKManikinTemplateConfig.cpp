@@ -217,7 +217,9 @@ unsigned char VEXMELKManikinTemplateConfig::GetMTElementAttributesAndValues(
 unsigned char VEXMELKManikinTemplateConfig::GetMTSeatElement(
     CATIDOMElement_var& parent, const VEXMELKManikinTemplateSeatEnum& seat, CATIDOMElement_var& seatElement)
 {
-    // The tags are the same below a percentile and a positioning.
-    seatElement = seat >= MTDriverSeat && seat <= MTBackSeat ? Find(parent, positioningSeats[seat]) : NULL_var;
+    seatElement = NULL_var;
+    if (parent != NULL_var && seat >= MTDriverSeat && seat <= MTBackSeat)
+        seatElement =
+            Find(parent, parent->GetTagName() == percentilElements.tag ? percentilSeats[seat] : positioningSeats[seat]);
     return seatElement != NULL_var;
 }

@@ -91,9 +91,13 @@ unsigned char VEXMELKReportGenConfig::GetTemplateChildText(
     return Answer(*this,
         [&]() -> unsigned char
         {
+            const CATIDOMElement_var templateElement = GetTemplateElement(templateName);
+            for (const VEXMELKElement* described : {&header, &footer})
+                if (childName == described->tag)
+                    AnnounceLookUp(templateElement, *described);
             CATIDOMNode_var child;
             CATIDOMNode_var textNode;
-            if (!GetChildNode(GetTemplateElement(templateName), childName, child, CATIDOMNode::ELEMENT_NODE) ||
+            if (!GetChildNode(templateElement, childName, child, CATIDOMNode::ELEMENT_NODE) ||
                 !GetChildNode(CATIDOMElement_var(child), "", textNode, CATIDOMNode::TEXT_NODE))
                 return 0;
             text = CATIDOMText_var(textNode)->GetData();

@@ -31,7 +31,7 @@ public:
     ~CATShortText()
     {
         if (!IsInline())
-            delete[] m_Heap;
+            delete[] m_Heap; // NOLINT(clang-analyzer-cplusplus.NewDelete): it does not follow Swap
     }
 
     std::string_view View() const { return {Data(), m_Size}; }

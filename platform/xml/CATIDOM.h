@@ -177,6 +177,7 @@ private:
     template <class View> friend class CATDOMHandle;
     friend class CATIDOMDocument;
     friend class CATIDOMNode;
+    friend class CATIDOMNamedNodeMap;
     friend class CATIDOMNodeList;
     CATIDOMElement() = default;
     explicit CATIDOMElement(const CATIDOMNode& node) : CATIDOMNode(node) {}
@@ -224,6 +225,8 @@ public:
             return std::nullopt;
         return m_Document->AttributeValue(m_Attributes.first[found]);
     }
+    // The element that has these attributes.
+    CATIDOMElement_var GetOwnerElement() const;
     int GetLength() const { return static_cast<int>(m_Attributes.count); }
     // The attribute at that position, counted from 0 in the order of the file.
     CATIDOMNode_var Item(int position) const
@@ -284,6 +287,11 @@ private:
     const CATXMLDocument* m_Document = nullptr;
     CATXMLDocument::Elements m_Elements;
 };
+
+inline CATIDOMElement_var CATIDOMNamedNodeMap::GetOwnerElement() const
+{
+    return CATIDOMElement_var(CATIDOMElement(m_Document, m_Element));
+}
 
 inline CATIDOMNamedNodeMap_var CATIDOMNode::GetAttributes() const
 {
