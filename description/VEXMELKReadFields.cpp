@@ -99,7 +99,8 @@ bool VEXMELKAttributeReader::Read(const VEXMELKRow& row, std::optional<int>& val
 bool ReadText(
     VEXMELKDecimals decimals, const CATIDOMNamedNodeMap_var& map, const VEXMELKRow& row, CATUnicodeString& text)
 {
-    VEXMELKAttributeReader reader(decimals, map, NULL_var);
+    const CATIDOMNamedNodeMap_var noDefault;
+    VEXMELKAttributeReader reader(decimals, map, noDefault);
     reader.Announce(VEXMELKRows(&row, 1));
     return reader.ReadText(row, text);
 }

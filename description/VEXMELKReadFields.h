@@ -28,6 +28,8 @@ public:
         : m_Decimals(decimals), m_Map(map), m_DefaultMap(defaultMap)
     {
     }
+    // The reader refers to the maps, so that a temporary one would be gone when it reads.
+    VEXMELKAttributeReader(VEXMELKDecimals, const CATIDOMNamedNodeMap_var&, CATIDOMNamedNodeMap_var&&) = delete;
 
     // Tells the watch, if there is one, of the rows that are going to be read.
     void Announce(VEXMELKRows rows) const
