@@ -1,19 +1,30 @@
 #!/usr/bin/env bash
 # Runs clang-tidy over the library, the tool and the tests; silent when there is nothing to say. With file names: over
-# those files only. Each file is checked by itself: the tables of different readers have the same names.
+# those files only. The files of a folder are checked as one, because most of the time goes into the headers of others;
+# the readers are checked one by one, because their tables have the same names.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+rm -rf build/tidy
 mkdir -p build/tidy
 
-includes=(-Idescription -Icore -Ioccupant -Iinclude -Itests -Itools/melkcfg)
+includes=(-I. -Idescription -Icore -Ioccupant -Iinclude -Itests -Itools/melkcfg)
 for folder in platform/*/ siblings/*/; do includes+=("-I$folder"); done
 defines=(-DMELKCFG=\"\" -DMELKCFG_VERSION=\"\" -DSAMPLE_CONFIGURATION=\"\" -DCASES=\"\")
 
-if [ $# -gt 0 ]; then
-    files=("$@")
-else
-    mapfile -t files < <(git ls-files 'description/*.cpp' 'platform/*.cpp' 'siblings/*.cpp' 'core/*.cpp' 'occupant/*.cpp' \
-        'vision/*.cpp' 'safety/*.cpp' 'tools/melkcfg/*.cpp' 'tests/*.cpp' | grep -v '^tests/consumer/')
+# as_one NAME PATTERN...: a file that includes all files of the patterns.
+as_one() {
+    local file=build/tidy/$1.cpp
+    git ls-files "${@:2}" | grep -v '^tests/consumer/' | sed 's/.*/#include "&"/' >"$file"
+    files+=("$file")
+}
+
+files=("$@")
+if [ $# -eq 0 ]; then
+    as_one tests 'tests/*.cpp'
+    as_one tools 'tools/melkcfg/*.cpp'
+    as_one platform 'platform/*.cpp'
+    as_one siblings 'siblings/*.cpp' 'description/*.cpp'
+    mapfile -t -O "${#files[@]}" files < <(git ls-files 'occupant/*.cpp' 'vision/*.cpp' 'safety/*.cpp' 'core/*.cpp')
 fi
 printf '%s\n' "${files[@]}" |
     xargs -P "$(nproc)" -I{} clang-tidy-14 --quiet {} -- -std=c++20 "${includes[@]}" "${defines[@]}" \

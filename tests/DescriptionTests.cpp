@@ -79,37 +79,48 @@ protected:
         }
         return contents;
     }
+    // Once for each word of its key, in two variants unless the element is alone.
     static std::string Written(const Elements& all, const VEXMELKElement& element, const VEXMELKElement* only)
     {
         const bool hasWords = element.key && element.key->kind == VEXMELKKind::Word;
         const std::size_t words = hasWords ? element.key->words.list.size() : 1;
         const int variants = element.choice == VEXMELKChoice::Single ? 1 : 2;
+        const std::string tag = element.tag == "*" ? "any" : std::string(element.tag);
+        const std::string contents = element.hasText ? "text" : Contents(all, &element, only);
         std::string written;
         for (std::size_t word = 0; word < words; ++word)
             for (int variant = 0; variant < variants; ++variant)
-            {
-                std::set<std::string_view> known;
-                std::string attributes;
-                const auto add = [&](const VEXMELKRow& row, const std::string& text)
-                {
-                    if (known.insert(row.attribute).second)
-                        attributes += " " + std::string(row.attribute) + "='" + text + "'";
-                };
-                if (element.key)
-                    add(*element.key, hasWords                    ? std::string(element.key->words.list[word].text)
-                                      : variant != 0              ? otherKey
-                                      : element.tag == "category" ? "default"
-                                                                  : TextOf(*element.key, variant));
-                for (const VEXMELKElement* same : all)
-                    if (IsSame(*same, element))
-                        for (const VEXMELKRows rows : same->tables)
-                            for (const VEXMELKRow& row : rows)
-                                add(row, TextOf(row, variant));
-                const std::string tag = element.tag == "*" ? "any" : std::string(element.tag);
-                written += "<" + tag + attributes + ">" + (element.hasText ? "text" : Contents(all, &element, only)) +
-                           "</" + tag + ">";
-            }
+                written += "<" + tag + Attributes(all, element, word, variant) + ">" + contents + "</" + tag + ">";
         return written;
+    }
+    static std::string Attributes(const Elements& all, const VEXMELKElement& element, std::size_t word, int variant)
+    {
+        std::set<std::string_view> known;
+        std::string attributes;
+        const auto add = [&](const VEXMELKRow& row, const std::string& text)
+        {
+            if (known.insert(row.attribute).second)
+                attributes += " " + std::string(row.attribute) + "='" + text + "'";
+        };
+        if (element.key)
+            add(*element.key, KeyOf(element, word, variant));
+        for (const VEXMELKElement* same : all)
+            if (IsSame(*same, element))
+                ForEachRow(*same, [&](const VEXMELKRow& row) { add(row, TextOf(row, variant)); });
+        return attributes;
+    }
+    static std::string KeyOf(const VEXMELKElement& element, std::size_t word, int variant)
+    {
+        if (element.key->kind == VEXMELKKind::Word)
+            return std::string(element.key->words.list[word].text);
+        if (variant != 0)
+            return otherKey;
+        return element.tag == "category" ? "default" : TextOf(*element.key, variant);
+    }
+    template <class Action> static void ForEachRow(const VEXMELKElement& element, const Action& action)
+    {
+        for (const VEXMELKRows table : element.tables)
+            std::for_each(table.begin(), table.end(), action);
     }
     static std::string DocumentOf(const VEXMELKDescription& description, const VEXMELKElement* only)
     {
@@ -135,49 +146,124 @@ protected:
     }
     static void Fill(const VEXMELKParameter& parameter, int variant, const VEXMELKValue& value)
     {
-        if (const auto* text = std::get_if<CATUnicodeString*>(&value); text && !parameter.IsOutput())
-        {
-            const bool hasWords =
-                parameter.element && parameter.element->key && !parameter.element->key->words.list.empty();
-            const char* name = variant < 4 ? key : otherKey;
-            **text = parameter.role == VEXMELKRole::Category ? (variant % 2 == 0 ? "default" : otherKey)
-                     : parameter.role == VEXMELKRole::Tag    ? "any"
-                     : hasWords                              ? parameter.element->key->words.list[0].text
-                     : parameter.role == VEXMELKRole::Key    ? std::string_view(name)
-                                                             : std::string_view(key);
-        }
+        if (const auto* text = std::get_if<CATUnicodeString*>(&value))
+            **text = parameter.IsOutput() ? std::string_view() : NameFor(parameter, variant);
         else if (const auto* flag = std::get_if<unsigned char*>(&value))
             **flag = variant % 2 == 0 ? 0 : 1;
         else if (const auto* number = std::get_if<double*>(&value))
             **number = parameter.unit == "m" ? 0.1 : parameter.unit == "rad" ? 1.7 : 100.0;
         else if (const auto* integer = std::get_if<std::shared_ptr<VEXMELKIntegerView>>(&value))
-            (*integer)->Set(parameter.role == VEXMELKRole::CutOff ? (variant % 2 == 0 ? 95 : 99) : variant % 3);
+            (*integer)->Set(parameter.role == VEXMELKRole::CutOff ? 95 + variant % 2 * 4 : variant % 3);
         else if (const auto* attributes = std::get_if<VEXMELKAttributeValues*>(&value))
-            for (const auto& [kind, name] : {std::pair(0, key), std::pair(2, otherKey)})
-            {
-                VEXMELKCFGAttributeStr attribute;
-                attribute.kind = kind;
-                attribute.name = name;
-                attribute.firstAccess = (*attributes)->NewAccess();
-                attribute.secondAccess = (*attributes)->NewAccess();
-                attribute.thirdAccess = (*attributes)->NewAccess();
-                (*attributes)->Append(attribute);
-            }
+        {
+            Append(**attributes, 0, key);
+            Append(**attributes, 2, otherKey);
+        }
+    }
+    static std::string_view NameFor(const VEXMELKParameter& parameter, int variant)
+    {
+        if (parameter.role == VEXMELKRole::Category)
+            return variant % 2 == 0 ? "default" : otherKey;
+        if (parameter.role == VEXMELKRole::Tag)
+            return "any";
+        if (parameter.element && parameter.element->key && !parameter.element->key->words.list.empty())
+            return parameter.element->key->words.list[0].text;
+        return parameter.role == VEXMELKRole::Key && variant >= 4 ? otherKey : key;
+    }
+    template <class Attributes> static void Append(Attributes& attributes, int kind, const char* name)
+    {
+        VEXMELKCFGAttributeStr attribute;
+        attribute.kind = kind;
+        attribute.name = name;
+        attribute.firstAccess = attributes.NewAccess();
+        attribute.secondAccess = attributes.NewAccess();
+        attribute.thirdAccess = attributes.NewAccess();
+        attributes.Append(attribute);
     }
 
-    // What the library looked for, since it was last taken: elements and rows as the descriptions have them.
+    // Asks all operations over documents with all the described elements, and with the way to each of them alone.
+    void AskOver(const VEXMELKConfigManager::Configuration& configuration)
+    {
+        const VEXMELKDescription& description = *configuration.description;
+        std::string file(description.file);
+        std::replace(file.begin(), file.end(), '\\', '/');
+        const bool isWindscreen = file.empty(); // its creator gives it a file
+        if (isWindscreen)
+            file = "Vision/Windscreen.xml";
+        Elements parts = AllElements(description);
+        parts.push_back(nullptr);
+        for (const VEXMELKElement* only : parts)
+        {
+            directory.Write(file, DocumentOf(description, only));
+            Release();
+            const auto windscreen = CATHandle<VEXMELKOpticalPropsOfWSConfig>::Create(
+                CATUnicodeString(directory.Path()), "Vision\\Windscreen.xml");
+            VEXMELKConfig& object = isWindscreen ? *windscreen.Get() : *configuration.get(Manager());
+            VEXMELKWatch::Install(this);
+            for (const VEXMELKDescription* level = &description; level; level = level->base)
+                for (const VEXMELKOperation& operation : level->operations)
+                    AskAll(object, operation);
+            VEXMELKWatch::Install(nullptr);
+        }
+        TakeBoxes(); // documents without any category are of the obsolete format
+    }
+
+    // What was read although no element with its tag describes it.
+    std::set<std::string> Undescribed(const Elements& all) const
+    {
+        std::set<std::string> undescribed;
+        for (const auto& [row, tag] : reads)
+        {
+            bool isDescribed = false;
+            const auto compare = [&, &wanted = row](const VEXMELKRow& described)
+            { isDescribed = isDescribed || FactsOf(described) == wanted; };
+            for (const VEXMELKElement* element : all)
+                // In the obsolete format a standard stands for its category.
+                if (element->tag == tag || element->tag == "*" || (element->tag == "category" && tag == "standard"))
+                {
+                    if (element->key)
+                        compare(*element->key);
+                    ForEachRow(*element, compare);
+                }
+            if (!isDescribed)
+                undescribed.insert(std::get<0>(row) + " of " + tag);
+        }
+        return undescribed;
+    }
+    // What is described although nothing looks for it.
+    std::set<std::string> Unread(const VEXMELKDescription& description) const
+    {
+        std::set<std::string> unread;
+        for (const VEXMELKElement* element : AllElements(description))
+        {
+            const auto isSame = [&](const VEXMELKElement* other) { return IsSame(*other, *element); };
+            if (std::none_of(elements.begin(), elements.end(), isSame) && element->tag != "standard" &&
+                element->tag != "category" && description.layout != VEXMELKLayout::Single)
+                unread.insert("<" + std::string(element->tag) + ">");
+            ForEachRow(*element,
+                [&](const VEXMELKRow& row)
+                {
+                    if (!rows.contains(FactsOf(row)))
+                        unread.insert(std::string(row.attribute) + " of " + std::string(element->tag));
+                });
+        }
+        return unread;
+    }
+
+    // Forgets what was looked for.
+    void Forget()
+    {
+        elements.clear();
+        rows.clear();
+        reads.clear();
+    }
+
+private:
+    // What the library looked for: elements and rows as the descriptions have them.
     std::set<const VEXMELKElement*> elements;
     std::set<Facts> rows;
     std::set<std::pair<Facts, std::string>> reads; // and the tag of the element that was read
 
-    void Watch(const std::function<void()>& run)
-    {
-        VEXMELKWatch::Install(this);
-        run();
-        VEXMELKWatch::Install(nullptr);
-    }
-
-private:
     void OnElements(const CATIDOMElement_var& /*parent*/, const VEXMELKElement& described) override
     {
         elements.insert(&described);
@@ -205,64 +291,9 @@ TEST_F(DescriptionTest, WhatIsReadIsDescribedAndWhatIsDescribedIsRead)
     {
         const VEXMELKDescription& description = *configuration.description;
         SCOPED_TRACE(description.name);
-        const Elements all = AllElements(description);
-        std::string file(description.file);
-        std::replace(file.begin(), file.end(), '\\', '/');
-        const bool isWindscreen = file.empty(); // its creator gives it a file
-        if (isWindscreen)
-            file = "Vision/Windscreen.xml";
-        elements.clear();
-        rows.clear();
-        reads.clear();
-        Elements parts = all;
-        parts.push_back(nullptr);
-        for (const VEXMELKElement* only : parts)
-        {
-            directory.Write(file, DocumentOf(description, only));
-            Release();
-            const auto windscreen = CATHandle<VEXMELKOpticalPropsOfWSConfig>::Create(
-                CATUnicodeString(directory.Path()), "Vision\\Windscreen.xml");
-            VEXMELKConfig& object = isWindscreen ? *windscreen.Get() : *configuration.get(Manager());
-            Watch(
-                [&]
-                {
-                    for (const VEXMELKDescription* level = &description; level; level = level->base)
-                        for (const VEXMELKOperation& operation : level->operations)
-                            AskAll(object, operation);
-                });
-        }
-        TakeBoxes(); // documents without any category are of the obsolete format
-
-        std::set<std::string> undescribed;
-        for (const auto& [row, tag] : reads)
-        {
-            bool isDescribed = false;
-            for (const VEXMELKElement* element : all)
-                // In the obsolete format a standard stands for its category.
-                if (element->tag == tag || element->tag == "*" || (element->tag == "category" && tag == "standard"))
-                {
-                    isDescribed = isDescribed || (element->key && FactsOf(*element->key) == row);
-                    for (const VEXMELKRows table : element->tables)
-                        for (const VEXMELKRow& described : table)
-                            isDescribed = isDescribed || FactsOf(described) == row;
-                }
-            if (!isDescribed)
-                undescribed.insert(std::get<0>(row) + " of " + tag);
-        }
-        EXPECT_THAT(undescribed, testing::IsEmpty());
-        std::set<std::string> unread;
-        for (const VEXMELKElement* element : all)
-        {
-            const auto isSame = [&](const VEXMELKElement* other) { return IsSame(*other, *element); };
-            const bool isFound = std::any_of(elements.begin(), elements.end(), isSame) || element->tag == "standard" ||
-                                 element->tag == "category" || description.layout == VEXMELKLayout::Single;
-            if (!isFound)
-                unread.insert("<" + std::string(element->tag) + ">");
-            for (const VEXMELKRows table : element->tables)
-                for (const VEXMELKRow& row : table)
-                    if (!rows.contains(FactsOf(row)))
-                        unread.insert(std::string(row.attribute) + " of " + std::string(element->tag));
-        }
-        EXPECT_THAT(unread, testing::IsEmpty());
+        Forget();
+        AskOver(configuration);
+        EXPECT_THAT(Undescribed(AllElements(description)), testing::IsEmpty());
+        EXPECT_THAT(Unread(description), testing::IsEmpty());
     }
 }

@@ -8,7 +8,7 @@ using testing::ElementsAre;
 namespace {
 
 // The builder is gone when the document is used.
-CATIDOMDocument_var Parse(std::string_view bytes)
+CATIDOMDocument_var Parsed(std::string_view bytes)
 {
     CATIXMLDOMDocumentBuilder_var builder;
     CATIDOMDocument_var document;
@@ -66,7 +66,7 @@ std::string AttributeOf(const CATIDOMElement_var& element, const std::string& na
 
 TEST(Dom, ShowsEveryKindOfNode)
 {
-    const CATIDOMDocument_var document = Parse(R"(<?xml version="1.0" encoding="UTF-8"?>
+    const CATIDOMDocument_var document = Parsed(R"(<?xml version="1.0" encoding="UTF-8"?>
 <!DOCTYPE m:config [
 <!-- of the document type --> <?app of the document type?>
 <!ENTITY text "ex&#38;amp;ample"> <!ENTITY tree "in <leaf kind='e'/> out"> <!ENTITY both "&text;&text;">
@@ -102,7 +102,7 @@ TEST(Dom, FindsAttributesByWholeName)
     std::string many = "<r><none/><e";
     for (std::size_t number = 0; number < 300; ++number)
         many += " a" + std::to_string(number * 7 % 300) + "='" + std::to_string(number) + "'";
-    const CATIDOMElement_var root = Parse(many + " p:n='1' n='2'/><o late='3'/></r>")->GetDocumentElement();
+    const CATIDOMElement_var root = Parsed(many + " p:n='1' n='2'/><o late='3'/></r>")->GetDocumentElement();
     const CATIDOMNodeList_var elements = root->GetElementsByTagName("*");
     const CATIDOMNamedNodeMap_var map = elements->Item(1)->GetAttributes();
     ASSERT_EQ(map->GetLength(), 302);
@@ -125,7 +125,7 @@ TEST(Dom, FindsAttributesByWholeName)
 TEST(Dom, ListsDescendantsByTag)
 {
     const CATIDOMElement_var root =
-        Parse("<a n='1'><b><a/>t<c><a><b/></a></c></b><!--<b/>--><b/><x:a/><a>t</a></a>")->GetDocumentElement();
+        Parsed("<a n='1'><b><a/>t<c><a><b/></a></c></b><!--<b/>--><b/><x:a/><a>t</a></a>")->GetDocumentElement();
     std::vector<CATIDOMElement_var> elements{root};
     Walk(root, "*", elements);
     // An element's number, and how many descendants it has of each tag, itself left out.
@@ -164,7 +164,7 @@ TEST(Dom, AgreesWithAWalkOfThousandsOfElements)
     for (; !open.empty(); open.pop_back())
         document += "</" + open.back() + ">";
 
-    const CATIDOMElement_var root = Parse(document)->GetDocumentElement();
+    const CATIDOMElement_var root = Parsed(document)->GetDocumentElement();
     std::vector<CATIDOMElement_var> all{root};
     Walk(root, "*", all);
     ASSERT_EQ(all.size(), 10001U);
@@ -195,7 +195,7 @@ TEST(Dom, KeepsLongTextsWhole)
         for (std::size_t at = 1; at + 1 < length; at += 2) // two bytes a letter, over whatever edges there are
             text.replace(at, 2, "\u00E4");
         const CATIDOMElement_var root =
-            Parse("<r a='" + text + "' b='next'>" + text + "<!--" + text + "--><?p " + text + "?></r>")
+            Parsed("<r a='" + text + "' b='next'>" + text + "<!--" + text + "--><?p " + text + "?></r>")
                 ->GetDocumentElement();
         EXPECT_TRUE(AttributeOf(root, "a") == text) << length;
         EXPECT_EQ(AttributeOf(root, "b"), "next") << length;
@@ -210,11 +210,11 @@ TEST(Dom, LivesAsLongAsAnyHandle)
 {
     const char* bytes = "<r><e name='a value of some length'/>a text of some length</r>";
     CATIDOMNode_var attribute =
-        Parse(bytes)->GetDocumentElement()->GetElementsByTagName("e")->Item(0)->GetAttributes()->Item(0);
+        Parsed(bytes)->GetDocumentElement()->GetElementsByTagName("e")->Item(0)->GetAttributes()->Item(0);
     CATIDOMNamedNodeMap_var map =
-        CATIDOMElement_var(Parse(bytes)->GetDocumentElement()->GetFirstChild())->GetAttributes();
-    CATIDOMNodeList_var list = Parse(bytes)->GetDocumentElement()->GetElementsByTagName("*");
-    CATIDOMNode_var text = Parse(bytes)->GetDocumentElement()->GetFirstChild()->GetNextSibling();
+        CATIDOMElement_var(Parsed(bytes)->GetDocumentElement()->GetFirstChild())->GetAttributes();
+    CATIDOMNodeList_var list = Parsed(bytes)->GetDocumentElement()->GetElementsByTagName("*");
+    CATIDOMNode_var text = Parsed(bytes)->GetDocumentElement()->GetFirstChild()->GetNextSibling();
     EXPECT_EQ(attribute->GetNodeValue(), "a value of some length");
     EXPECT_EQ(map->GetNamedItem("name")->GetNodeValue(), "a value of some length");
     EXPECT_EQ(AttributeOf(list->Item(0), "name"), "a value of some length");

@@ -33,7 +33,7 @@ private:
     }
 };
 
-struct Outcome
+struct ParseOutcome
 {
     std::string problems;
     CATIDOMDocument_var document;
@@ -75,7 +75,7 @@ const CATIXMLDOMDocumentBuilder_var& Builder()
 }
 
 // A document came back, or else one fatal error, which ended the parse.
-Outcome Checked(CATResult result, const CATHandle<Recorder>& recorder, const CATIDOMDocument_var& document)
+ParseOutcome Checked(CATResult result, const CATHandle<Recorder>& recorder, const CATIDOMDocument_var& document)
 {
     const std::string& problems = recorder->problems;
     EXPECT_EQ(SUCCEEDED(result), !(document == NULL_var));
@@ -86,7 +86,7 @@ Outcome Checked(CATResult result, const CATHandle<Recorder>& recorder, const CAT
     return {problems, document};
 }
 
-Outcome Parse(std::string_view bytes)
+ParseOutcome Parse(std::string_view bytes)
 {
     const auto recorder = CATHandle<Recorder>::Create();
     CATIDOMDocument_var document;
@@ -102,7 +102,7 @@ CATListValCATUnicodeString ListOf(const std::string& text)
 }
 
 // Document types come from the directory, or else from the folder of the document.
-Outcome ParseFile(
+ParseOutcome ParseFile(
     const std::string& path, const CATISAXEntityResolver_var& resolver = NULL_var, const std::string& directory = "")
 {
     const auto recorder = CATHandle<Recorder>::Create();
@@ -184,7 +184,7 @@ TEST_F(ParseProblem, IsPlacedByLineAndColumn)
             if (!element || !error)
                 continue;
             EXPECT_EQ(Parse(mark + *error).problems, "fatal " + lineHere + ":" + column) << shown;
-            const Outcome outcome = Parse(mark + *element);
+            const ParseOutcome outcome = Parse(mark + *element);
             ASSERT_EQ(outcome.problems, "") << shown;
             const CATIDOMElement_var found = outcome.document->GetDocumentElement()->GetElementsByTagName("x")->Item(0);
             EXPECT_EQ(std::to_string(found->GetLineNumber()), lineHere) << shown;
@@ -282,7 +282,7 @@ TEST_F(ParseProblem, OfEntitiesAndDocumentTypes)
             document = Replaced(Replaced(document, "GONE", "SYSTEM 'gone.dtd'"), "HERE", root + "/conf/doc");
             document = Replaced(document, "FILE[", "[<!ENTITY % f SYSTEM 'quoted'><!ENTITY % t SYSTEM 'token'>");
             directory.Write("conf/doc/file.xml", document);
-            const Outcome outcome = ParseFile(root + "\\conf\\doc\\file.xml", NULL_var, root + "/conf");
+            const ParseOutcome outcome = ParseFile(root + "\\conf\\doc\\file.xml", NULL_var, root + "/conf");
             EXPECT_THAT(outcome.problems, MatchesRegex(row[0])) << document;
             EXPECT_EQ(outcome.Contents(), row[1]) << document;
         }
@@ -295,7 +295,7 @@ TEST_F(ParseProblem, OfEntitiesAndDocumentTypes)
     {
         directory.Write("conf/doc/file.xml", "<!DOCTYPE r SYSTEM '" + name + "'><r>&zz;</r>");
         setenv("MELK_NO_EXTERNAL_DTD", setting.c_str(), 1);
-        const Outcome outcome = ParseFile(root + "\\conf\\doc\\file.xml");
+        const ParseOutcome outcome = ParseFile(root + "\\conf\\doc\\file.xml");
         unsetenv("MELK_NO_EXTERNAL_DTD");
         EXPECT_THAT(outcome.problems, MatchesRegex(problems)) << name;
         EXPECT_EQ(outcome.Contents(), contents) << name;
@@ -491,7 +491,7 @@ TEST_F(ParseProblem, IsSparedByTheSharedDocumentType)
         BaseData.dtd | warning 1:.+, fatal 1:.+ | none)"))
     {
         directory.Write("far/file.xml", Replaced(document, "NAME", name));
-        const Outcome outcome = ParseFile(directory.Path() + "\\far\\file.xml", tie);
+        const ParseOutcome outcome = ParseFile(directory.Path() + "\\far\\file.xml", tie);
         EXPECT_THAT(outcome.problems, MatchesRegex(problems)) << name;
         EXPECT_EQ(outcome.Contents(), contents) << name;
     }

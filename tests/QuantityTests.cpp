@@ -16,10 +16,10 @@ CATICkeParm_var Length() { return CATCkeGlobalFunctions::GetVolatileFactory()->C
 CATICkeParm_var Angle() { return CATCkeGlobalFunctions::GetVolatileFactory()->CreateAngle("angle", 7.0); }
 CATICkeParm_var Real() { return CATCkeGlobalFunctions::GetVolatileFactory()->CreateReal("real", 7.0); }
 
-using Reader = bool (*)(std::string_view, double&);
+using TextReader = bool (*)(std::string_view, double&);
 
 // The reader and the parameter must both give that value, or none.
-void ExpectValue(std::string_view text, Reader reader, CATICkeParm_var parameter, Value expected)
+void ExpectValue(std::string_view text, TextReader reader, CATICkeParm_var parameter, Value expected)
 {
     double value = 7.0; // stays where the text is no quantity
     EXPECT_EQ(reader(text, value), expected.has_value()) << '"' << text << '"';

@@ -9,14 +9,14 @@ using testing::HasSubstr;
 
 namespace {
 
-struct Outcome
+struct ToolOutcome
 {
     int status;
     std::string output;
 };
 
 // Runs melkcfg as a user does; both streams are caught.
-Outcome RunTool(const std::string& arguments)
+ToolOutcome RunTool(const std::string& arguments)
 {
     FILE* pipe = popen((std::string("(env -u MELK_CFG_PATH " MELKCFG " ") + arguments + ") 2>&1").c_str(), "r");
     std::string output;
@@ -161,7 +161,7 @@ TEST_F(ToolTest, CommandsAndTheirExitStatus)
     {
         const std::string arguments = Replaced(
             Replaced(Replaced(written, "TOOL ", Tool()), "DIRECTORY", directory.Path()), "EMPTY", empty.Path());
-        const Outcome outcome = RunTool(arguments);
+        const ToolOutcome outcome = RunTool(arguments);
         EXPECT_EQ(outcome.status, std::stoi(status)) << arguments << "\n" << outcome.output;
         EXPECT_THAT(outcome.output, HasSubstr(output)) << arguments;
     }
