@@ -5,10 +5,15 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
+current="installing packages"
+trap 'echo "check.sh: failed at: $current" >&2' ERR
+step() {
+    current=$*
+    printf '\n== %s\n' "$current"
+}
+
 ensure_packages "${build_packages[@]}" "${test_packages[@]}" \
     clang-14 clang-format-14 clang-tidy-14 git pkg-config
-
-step() { printf '\n== %s\n' "$*"; }
 
 step "formatting"
 git ls-files '*.h' '*.cpp' | xargs clang-format-14 --dry-run --Werror
@@ -20,7 +25,7 @@ cmake --build --preset release
 step "sanitized build and tests"
 cmake --preset asan >/dev/null
 cmake --build --preset asan
-ctest --preset asan -j "$(nproc)" | tail -n 4
+ctest --preset asan -j "$(nproc)" --progress
 
 step "clang-tidy"
 scripts/tidy.sh
@@ -34,8 +39,9 @@ cmake --build build/consumer >/dev/null
 build/consumer/consumer build/installed/share/VEXMELKConfiguration/configuration
 flags=$(PKG_CONFIG_PATH=build/installed/lib/pkgconfig:$(echo build/installed/lib/*/pkgconfig) \
     pkg-config --cflags --libs VEXMELKConfiguration)
+# The headers ask for no exceptions of whoever includes them.
 # shellcheck disable=SC2086
-g++ -std=c++20 tests/consumer/consumer.cpp $flags -o build/consumer/by-pkg-config
+g++ -std=c++20 -fno-exceptions tests/consumer/consumer.cpp $flags -o build/consumer/by-pkg-config
 
 step "release tests"
 ctest --preset release -j "$(nproc)"
