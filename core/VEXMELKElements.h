@@ -10,6 +10,7 @@
 #include "VEXArray.h"
 
 #include <optional>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -97,6 +98,44 @@ template <class Act> void ForEachChild(const CATIDOMElement_var& parent, std::st
             act(element);
             return false;
         });
+}
+
+// Calls act(element) for every descendant with the tag that does not lie below one of the nested elements for which
+// isLeftOut(nested) is true. A walk below each of many nested elements then costs no more than one below the outermost.
+template <class IsLeftOut, class Act>
+void ForEachElementOutside(
+    const CATIDOMElement_var& root, std::string_view tag, std::string_view nestedTag, IsLeftOut isLeftOut, Act act)
+{
+    const CATIDOMNodeList_var elements = root->GetElementsByTagName(tag);
+    const CATIDOMNodeList_var allNested = root->GetElementsByTagName(nestedTag);
+    int next = 0; // of the nested ones
+    const auto nextLeftOut = [&]
+    {
+        while (next < allNested->GetLength())
+        {
+            const CATIDOMElement_var nested = allNested->Item(next++);
+            if (!isLeftOut(nested))
+                continue;
+            next += nested->GetElementsByTagName(nestedTag)->GetLength();
+            const CATIDOMNodeList_var leftOut = nested->GetElementsByTagName(tag);
+            if (leftOut->GetLength() > 0)
+                return std::pair(leftOut->Item(0), leftOut->GetLength());
+        }
+        return std::pair(CATIDOMElement_var(), 0);
+    };
+    auto [first, count] = nextLeftOut();
+    for (int position = 0; position < elements->GetLength();)
+    {
+        const CATIDOMElement_var element = elements->Item(position);
+        if (element == first)
+        {
+            position += count;
+            std::tie(first, count) = nextLeftOut();
+            continue;
+        }
+        act(element);
+        ++position;
+    }
 }
 
 // The first descendant with the tag; null when there is none.

@@ -41,6 +41,15 @@ void ForEach(const CATIDOMElement_var& parent, const VEXMELKElement& described, 
     ForEachElement(parent, described.tag, records, act);
 }
 
+// Acts on the elements below the parent, except those below a nested parent for which replaces(nested) is true: it is
+// read later than the outer one, and then gives all that they give.
+template <class Replaces, class Act>
+void ForEachNotReplaced(const CATIDOMElement_var& parent, const VEXMELKElement& described, Replaces replaces, Act act)
+{
+    AnnounceLookUp(parent, described);
+    ForEachElementOutside(parent, described.tag, described.below->tag, replaces, act);
+}
+
 // The first, or the only one; null when there is none.
 inline CATIDOMElement_var Find(const CATIDOMElement_var& parent, const VEXMELKElement& described)
 {

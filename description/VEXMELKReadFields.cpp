@@ -105,6 +105,13 @@ bool ReadText(
     return reader.ReadText(row, text);
 }
 
+int ReadWord(VEXMELKDecimals decimals, const CATIDOMElement_var& element, const VEXMELKRow& row)
+{
+    CATUnicodeString text;
+    ReadText(decimals, element, row, text);
+    return ValueOfWord(row.words, text);
+}
+
 CATUnicodeString NormalizedValue(std::string_view unit, bool writesCommas, std::string_view text)
 {
     CATUnicodeString value;

@@ -139,6 +139,9 @@ inline bool ReadText(
     return ReadText(decimals, element->GetAttributes(), row, text);
 }
 
+// The value that belongs to the element's word; that of no word when it has none.
+int ReadWord(VEXMELKDecimals decimals, const CATIDOMElement_var& element, const VEXMELKRow& row);
+
 // The text without blanks at its ends, with "," for "." when the application writes commas, with the unit when it ends
 // in a digit, and without "%" when the unit is "%".
 CATUnicodeString NormalizedValue(std::string_view unit, bool writesCommas, std::string_view text);

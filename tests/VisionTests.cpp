@@ -81,6 +81,7 @@ TEST_F(VisionTest, FieldsOfDefaultFirstThenThoseOfTheCategory)
         S | unknown | 1 A5mm 0:1deg 1:2deg B7mm 4:3deg
         own | x | 1 C2mm 3:1deg
         own | unknown | 0
+        nested | x | 1 A3mm 0:2deg 1:4deg 2:5deg 3:7deg B2mm 0:2deg 1:4deg 2:5deg
         indices | x | 1 A 1:7deg 3:8deg
         obsolete | default | 0
         unknown | x | 0)"))
@@ -119,6 +120,7 @@ TEST_F(VisionTest, ReducedFieldsOfDefaultFirstThenThoseOfTheCategory)
         S | unknown | 1 5mm - - - - 0mm +6mm - +7mm -
         own | x | 1 - - - - - 0mm - - - +
         own | unknown | 0 - - - - - - - - - -
+        nested | x | 1 0mm - - - - 0mm +2mm - +4mm -
         obsolete | default | 0 - - - - - - - - - -
         unknown | x | 0 - - - - - - - - - -)"))
     {

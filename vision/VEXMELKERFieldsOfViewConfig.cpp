@@ -79,13 +79,6 @@ constexpr VEXMELKElement areaElements{.tag = "subtract",
 
 constexpr const VEXMELKElement* elements[] = {&categoryElements, &fieldElements, &areaElements};
 
-int TypeOf(VEXMELKDecimals decimals, const CATIDOMElement_var& element, const VEXMELKElement& described)
-{
-    CATUnicodeString type;
-    ReadText(decimals, element, *described.key, type);
-    return ValueOfWord(described.key->words, type);
-}
-
 void ReadArea(VEXMELKDecimals decimals, const CATIDOMElement_var& element, Field& field)
 {
     const auto read = [&](Area& area, const auto& table)
@@ -93,7 +86,7 @@ void ReadArea(VEXMELKDecimals decimals, const CATIDOMElement_var& element, Field
         area.present = 1;
         ReadFields(decimals, element, table, area);
     };
-    switch (TypeOf(decimals, element, areaElements))
+    switch (ReadWord(decimals, element, areaType))
     {
     case UpperArea:
         return read(field.upper_area, upperTable);
@@ -110,14 +103,17 @@ void ReadArea(VEXMELKDecimals decimals, const CATIDOMElement_var& element, Field
 
 void ReadField(VEXMELKDecimals decimals, const CATIDOMElement_var& element, Record& definition)
 {
-    const int type = TypeOf(decimals, element, fieldElements);
+    const int type = ReadWord(decimals, element, fieldType);
     if (type == NoField)
         return;
     Field& field = definition.fields[static_cast<std::size_t>(type)];
     field.present = 1;
     ReadFields(decimals, element, fieldTable, field);
     if (type == ReducedB)
-        ForEach(element, areaElements, [&](const CATIDOMElement_var& area) { ReadArea(decimals, area, field); });
+        ForEachNotReplaced(
+            element, areaElements,
+            [&](const CATIDOMElement_var& nested) { return ReadWord(decimals, nested, fieldType) == type; },
+            [&](const CATIDOMElement_var& area) { ReadArea(decimals, area, field); });
 }
 
 } // namespace

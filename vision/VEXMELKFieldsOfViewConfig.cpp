@@ -68,15 +68,15 @@ void ReadInterval(VEXMELKDecimals decimals, const CATIDOMElement_var& element, F
 
 void ReadField(VEXMELKDecimals decimals, const CATIDOMElement_var& element, Record& definition)
 {
-    CATUnicodeString typeText;
-    ReadText(decimals, element, fieldType, typeText);
-    const int type = ValueOfWord(fieldType.words, typeText);
+    const int type = ReadWord(decimals, element, fieldType);
     if (type == noField)
         return;
     Field& field = definition.fields[static_cast<std::size_t>(type)];
     field.present = 1;
     ReadFields(decimals, element, fieldTable, field);
-    ForEach(element, intervalElements,
+    ForEachNotReplaced(
+        element, intervalElements,
+        [&](const CATIDOMElement_var& nested) { return ReadWord(decimals, nested, fieldType) == type; },
         [&](const CATIDOMElement_var& interval) { ReadInterval(decimals, interval, field); });
 }
 
