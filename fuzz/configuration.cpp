@@ -3,15 +3,13 @@
 // The first line is a byte of settings ('1': with decimal commas) and the name of the file below the directory. Then
 // come the Default file, the Customer file and the document type definition, separated by lines "----"; what is not
 // there is not written.
+#include "Directory.h"
 #include "Host.h"
 #include "Questions.h"
 #include "Require.h"
 #include "VEXMELKUtilities.h"
 
-#include <array>
 #include <cmath>
-#include <filesystem>
-#include <fstream>
 
 namespace {
 
@@ -24,38 +22,6 @@ std::string_view Take(std::string_view& text, std::string_view separator)
     text.remove_prefix(std::min(end + separator.size(), text.size()));
     return taken;
 }
-
-// A directory of its own for each process, in memory where there is such a place.
-class Directory
-{
-public:
-    Directory()
-    {
-        const std::filesystem::path memory = "/dev/shm";
-        const bool inMemory = std::filesystem::is_directory(memory);
-        std::string name = (inMemory ? memory : std::filesystem::temp_directory_path()) / "melk-fuzz-XXXXXX";
-        m_Path = mkdtemp(name.data());
-    }
-    Directory(const Directory&) = delete;
-    Directory& operator=(const Directory&) = delete;
-    ~Directory() { std::filesystem::remove_all(m_Path); }
-
-    std::string Path() const { return m_Path; }
-    void Write(const std::filesystem::path& name, std::string_view contents) const
-    {
-        const std::filesystem::path path = m_Path / name;
-        if (contents.empty())
-        {
-            std::filesystem::remove(path);
-            return;
-        }
-        std::filesystem::create_directories(path.parent_path());
-        std::ofstream(path, std::ios::binary) << contents;
-    }
-
-private:
-    std::filesystem::path m_Path;
-};
 
 void RequireNumbers(const Json& json)
 {

@@ -125,7 +125,7 @@ constexpr const VEXMELKElement* elements[] = {&standardElements, &stripeElement,
     &cutOffElements, &radiiRows, &seatElements, &coefficientRows, &nonDriverRows, &anyNonDriver, &deltaRows,
     &clearanceElement, &tipAngles};
 
-constexpr VEXMELKParameter seatName{.name = "seatName", .role = VEXMELKRole::Key, .element = &seatElements};
+constexpr VEXMELKParameter seatNameArgument{.name = "seatName", .role = VEXMELKRole::Key, .element = &seatElements};
 
 } // namespace
 
@@ -144,14 +144,14 @@ static constexpr VEXMELKOperation operations[] = {
     VEXMELKDescribe<&VEXMELKHeadContourConfig::GetCutoffList>(
         "GetCutoffList", standardArgument, categoryArgument, Output("cutoffs")),
     VEXMELKDescribe<&VEXMELKHeadContourConfig::GetCurrentCutoffList>("GetCurrentCutoffList", Output("cutoffs")),
-    VEXMELKDescribe<&VEXMELKHeadContourConfig::GetCoeficients>(
-        "GetCoeficients", standardArgument, categoryArgument, seatName, Travel(coefficientRows), coefficientTable),
+    VEXMELKDescribe<&VEXMELKHeadContourConfig::GetCoeficients>("GetCoeficients", standardArgument, categoryArgument,
+        seatNameArgument, Travel(coefficientRows), coefficientTable),
     VEXMELKDescribe<&VEXMELKHeadContourConfig::Get2002NonDriverCoeficients>("Get2002NonDriverCoeficients",
-        standardArgument, categoryArgument, seatName, Travel(nonDriverRows), nonDriverTable),
+        standardArgument, categoryArgument, seatNameArgument, Travel(nonDriverRows), nonDriverTable),
     VEXMELKDescribe<&VEXMELKHeadContourConfig::GetDeltas>(
-        "GetDeltas", standardArgument, categoryArgument, seatName, Travel(deltaRows), deltaTable),
+        "GetDeltas", standardArgument, categoryArgument, seatNameArgument, Travel(deltaRows), deltaTable),
     VEXMELKDescribe<&VEXMELKHeadContourConfig::GetHeadClearance>(
-        "GetHeadClearance", standardArgument, categoryArgument, seatName, clearanceTable),
+        "GetHeadClearance", standardArgument, categoryArgument, seatNameArgument, clearanceTable),
     VEXMELKDescribe<&VEXMELKHeadContourConfig::GetTipAngles>(
         "GetTipAngles", standardArgument, categoryArgument, tipAngleTable),
     VEXMELKDescribe<&VEXMELKHeadContourConfig::IsStandard2002Used>(

@@ -8,7 +8,7 @@ namespace {
 
 using Bumper = VEXMELKBumpersDefinition;
 
-constexpr VEXMELKRow profileName = Text("name", "its name", AsWritten(), Skip);
+constexpr VEXMELKRow profileKey = Text("name", "its name", AsWritten(), Skip);
 constexpr VEXMELKTable profileTable{
     Length<&Bumper::NoseRadius>("NoseRadius", "radii"),
     Length<&Bumper::SideRadius>("SideRadius", "radii"),
@@ -30,7 +30,7 @@ constexpr VEXMELKTable repeatedTable{
 };
 constexpr VEXMELKElement profiles{.tag = "Profile",
     .choice = VEXMELKChoice::ByKey,
-    .key = &profileName,
+    .key = &profileKey,
     .tables = {profileTable.rows, repeatedTable.rows},
     .meaning = "a profile for all standards of both files; one of the Customer file comes first"};
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# scripts/fuzz.sh SECONDS [TARGET...]: runs each fuzzer (document, quantity, configuration; two at a time) for that long
+# scripts/fuzz.sh SECONDS [TARGET...]: runs each fuzzer (document, quantity, configuration, session; two at a time) for that long
 # and prints executions, coverage and finds. Finds stay in build/fuzz-run/TARGET.
 # scripts/fuzz.sh 0: only replays the committed corpora and the sample configuration.
 set -euo pipefail
@@ -8,7 +8,7 @@ cd "$(dirname "$0")/.."
 ensure_packages "${build_packages[@]}" clang-14 libclang-rt-14-dev
 seconds=${1:?usage: scripts/fuzz.sh SECONDS [TARGET...]}
 targets=("${@:2}")
-[ ${#targets[@]} -gt 0 ] || targets=(document quantity configuration)
+[ ${#targets[@]} -gt 0 ] || targets=(document quantity configuration session)
 bin=$PWD/build/fuzz/bin
 run=$PWD/build/fuzz-run
 

@@ -9,6 +9,8 @@ mkdir -p build/tidy
 
 includes=(-I. -Idescription -Icore -Ioccupant -Iinclude -Itests -Itools/melkcfg)
 for folder in platform/*/ siblings/*/; do includes+=("-I$folder"); done
+# Those of cmake/Compiler.cmake: what clang says more than GCC.
+warnings=(-Wall -Wextra -Wpedantic -Wshadow -Wconversion)
 defines=(-DMELKCFG=\"\" -DMELKCFG_VERSION=\"\" -DSAMPLE_CONFIGURATION=\"\" -DCASES=\"\")
 
 # as_one NAME PATTERN...: a file that includes all files of the patterns.
@@ -28,10 +30,10 @@ if [ $# -eq 0 ]; then
 fi
 # check FLAG...: the files on standard input, with those flags of the compiler.
 check() {
-    xargs -r -P "$(nproc)" -I{} clang-tidy-14 --quiet {} -- -std=c++20 "${includes[@]}" "${defines[@]}" "$@" \
+    xargs -r -P "$(nproc)" -I{} clang-tidy-14 --quiet {} -- -std=c++20 "${warnings[@]}" "${includes[@]}" "${defines[@]}" "$@" \
         2>>build/tidy/notes.txt
 }
 programs='^(build/tidy/)?(tests|tools)'
-printf '%s\n' "${files[@]}" | { grep -E "$programs" || true; } | check
+printf '%s\n' "${files[@]}" | { grep -E "$programs" || true; } | check -Wno-sign-conversion
 # In the library nothing may be destroyed when the process ends: the host still asks then.
 printf '%s\n' "${files[@]}" | { grep -vE "$programs" || true; } | check -Wexit-time-destructors

@@ -43,7 +43,7 @@ constexpr VEXMELKElement targetElement{.tag = "Target",
     .whenMissing = "all of it kept"};
 
 constexpr const VEXMELKElement* elements[] = {&categoryElements, &targetElement};
-constexpr VEXMELKParameter text{.name = "text", .role = VEXMELKRole::Word};
+constexpr VEXMELKParameter textArgument{.name = "text", .role = VEXMELKRole::Word};
 
 } // namespace
 
@@ -56,9 +56,9 @@ static constexpr VEXMELKOperation operations[] = {
     VEXMELKDescribe<&VEXMELKDirectView3DConfig::GetStandardData>(
         "GetStandardData", standardArgument, categoryArgument, Output("definition")),
     VEXMELKDescribe<&VEXMELKDirectView3DConfig::DirectionFromString>(
-        "DirectionFromString", text, Output("orientation")),
-    VEXMELKDescribe<&VEXMELKDirectView3DConfig::ComputationTypeFromString>("ComputationTypeFromString", text),
-    VEXMELKDescribe<&VEXMELKDirectView3DConfig::TargetTypeFromString>("TargetTypeFromString", text),
+        "DirectionFromString", textArgument, Output("orientation")),
+    VEXMELKDescribe<&VEXMELKDirectView3DConfig::ComputationTypeFromString>("ComputationTypeFromString", textArgument),
+    VEXMELKDescribe<&VEXMELKDirectView3DConfig::TargetTypeFromString>("TargetTypeFromString", textArgument),
 };
 
 constinit const VEXMELKDescription VEXMELKDirectView3DConfig::description{

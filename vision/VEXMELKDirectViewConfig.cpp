@@ -51,7 +51,6 @@ constexpr const VEXMELKElement* elements[] = {&categoryElements, &pointElements}
 
 } // namespace
 
-template <> constexpr auto VEXMELKFieldsOf<Point> = VEXMELKFieldList<Point>(pointTable);
 template <>
 constexpr auto VEXMELKFieldsOf<Record> = VEXMELKFieldList<Record>(table, VEXMELKNested<&Record::Points>(),
     VEXMELKNested<&Record::PointNames>(), VEXMELKNested<&Record::PointReferences>());

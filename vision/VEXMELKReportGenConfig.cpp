@@ -7,10 +7,10 @@ namespace {
 
 constexpr const char* defaultFeature = "default";
 
-constexpr VEXMELKRow templateName = Text("name", "its name", AsWritten(), Skip);
+constexpr VEXMELKRow templateKey = Text("name", "its name", AsWritten(), Skip);
 constexpr VEXMELKElement templates{.tag = "template",
     .choice = VEXMELKChoice::ByKey,
-    .key = &templateName,
+    .key = &templateKey,
     .meaning = "a template",
     .whenMissing = "fails"};
 constexpr VEXMELKElement TextOf(const char* tag)
@@ -24,11 +24,11 @@ constexpr VEXMELKElement TextOf(const char* tag)
 }
 constexpr VEXMELKElement header = TextOf("header");
 constexpr VEXMELKElement footer = TextOf("footer");
-constexpr VEXMELKRow featureType = Text("type", "the type", AsWritten(), Skip);
+constexpr VEXMELKRow featureKey = Text("type", "the type", AsWritten(), Skip);
 constexpr VEXMELKElement features{.tag = "feature",
     .below = &templates,
     .choice = VEXMELKChoice::ByKey,
-    .key = &featureType,
+    .key = &featureKey,
     .meaning = "the text for a type of feature; the first of a type counts",
     .whenMissing = "that of the type `default`, else fails",
     .hasText = true};
