@@ -334,4 +334,5 @@ def main(figures, output, *options):
         write(tables, results)
 
 
-main(*sys.argv[1:])
+if __name__ == "__main__":
+    main(*sys.argv[1:])

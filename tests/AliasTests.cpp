@@ -1,4 +1,5 @@
 // Names that are texts of what an operation fills, and every operation with each allocation failing in turn.
+#include "CATIXMLDOMDocumentBuilder.h"
 #include "LibraryTest.h"
 #include "Memory.h"
 #include "VEXMELKBaseDataConfig.h"
@@ -13,6 +14,11 @@
 #include "VEXMELKSRPLocationCurvesConfig.h"
 #include "VEXMELKUFCurbConfig.h"
 #include "VEXMELKUFInnerAngleConfig.h"
+#include "VEXMELKXMLEntityResolver.h"
+
+#include <map>
+#include <regex>
+#include <set>
 
 namespace {
 
@@ -22,7 +28,7 @@ class AliasTest : public LibraryTest
 {
 protected:
     // The one standard with the one category, both of that name.
-    void Write(const std::string& file, const std::string& contents, const std::string& attributes = "")
+    void WriteOne(const std::string& file, const std::string& contents, const std::string& attributes = "")
     {
         directory.Write("Default/" + file,
             Document(Standard(
@@ -34,7 +40,7 @@ protected:
 
 TEST_F(AliasTest, NamesMayBeTextsOfTheRecordsThatAreReplaced)
 {
-    Write("Manikin/SRPLocationCurves.xml", "<curve name='c' a='1'/>");
+    WriteOne("Manikin/SRPLocationCurves.xml", "<curve name='c' a='1'/>");
     VEXArray<VEXMELKSRPLocationCurveDefinition> curves;
     curves.setSize(1);
     curves[0].name = longName.c_str();
@@ -42,7 +48,7 @@ TEST_F(AliasTest, NamesMayBeTextsOfTheRecordsThatAreReplaced)
     EXPECT_EQ(curves.size(), 1);
     EXPECT_EQ(curves[0].name, "c");
 
-    Write("OVA/Bumpers.xml", "<MiddlePendulum><bumper loading='b'/></MiddlePendulum>");
+    WriteOne("OVA/Bumpers.xml", "<MiddlePendulum><bumper loading='b'/></MiddlePendulum>");
     VEXArray<VEXMELKBumpersDefinition> bumpers;
     bumpers.setSize(1);
     bumpers[0].loading = longName.c_str();
@@ -50,7 +56,7 @@ TEST_F(AliasTest, NamesMayBeTextsOfTheRecordsThatAreReplaced)
         Manager().GetBumpersConfig()->GetStandardData(bumpers[0].loading, bumpers[0].loading, MiddlePendulum, bumpers));
     EXPECT_EQ(bumpers[0].loading, "b");
 
-    Write("OVA/CrashBarriers.xml", "<barrier loading='b'/>");
+    WriteOne("OVA/CrashBarriers.xml", "<barrier loading='b'/>");
     VEXArray<VEXMELKBarrierDefinition> barriers;
     barriers.setSize(1);
     barriers[0].loading = longName.c_str();
@@ -58,14 +64,14 @@ TEST_F(AliasTest, NamesMayBeTextsOfTheRecordsThatAreReplaced)
         Manager().GetCrashBarriersConfig()->GetStandardData(barriers[0].loading, barriers[0].loading, barriers));
     EXPECT_EQ(barriers[0].loading, "b");
 
-    Write("OVA/LampPositions.xml", "<Lamp Abbr='l'/>");
+    WriteOne("OVA/LampPositions.xml", "<Lamp Abbr='l'/>");
     VEXArray<VEXMELKLampPositionsDefinition> lamps;
     lamps.setSize(1);
     lamps[0].Abbr = longName.c_str();
     EXPECT_TRUE(Manager().GetLampPositionsConfig()->GetStandardData(lamps[0].Abbr, lamps[0].Abbr, lamps));
     EXPECT_EQ(lamps[0].Abbr, "l");
 
-    Write("Manikin/EyePoints.xml", "<point name='p'/>");
+    WriteOne("Manikin/EyePoints.xml", "<point name='p'/>");
     VEXArray<VEXMELKEyePointDefinition> points;
     points.setSize(1);
     points[0].name = longName.c_str();
@@ -85,14 +91,14 @@ TEST_F(AliasTest, NamesMayBeTextsOfTheRecordsThatAreReplaced)
     Manager().GetBaseDataConfig()->GetSeatDataForBaseDataCategory(seats[0].name, seats);
     EXPECT_EQ(seats[0].name, "s");
 
-    Write("Manikin/ManikinTemplate.xml", "<percentil value='" + longName + "' torso_angle='5'/>");
+    WriteOne("Manikin/ManikinTemplate.xml", "<percentil value='" + longName + "' torso_angle='5'/>");
     VEXMELKManikinTemplateDefinition manikin;
     manikin.hip_angle = longName.c_str();
     EXPECT_TRUE(Manager().GetManikinTemplateConfig()->GetStandardData(
         manikin.hip_angle, manikin.hip_angle, manikin.hip_angle, "", MTDriverSeat, manikin));
     EXPECT_EQ(manikin.torso_angle, "5deg");
 
-    Write("Vision/Mirror.xml", "<InstructionField PositionType='" + longName + "' Plane='Road'/>");
+    WriteOne("Vision/Mirror.xml", "<InstructionField PositionType='" + longName + "' Plane='Road'/>");
     VEXMELKMirrorDefinition mirror;
     mirror.infinite_size = longName.c_str();
     EXPECT_TRUE(Manager().GetMirrorConfig()->GetStandardData(
@@ -102,7 +108,7 @@ TEST_F(AliasTest, NamesMayBeTextsOfTheRecordsThatAreReplaced)
 
 TEST_F(AliasTest, NamesMayBeTheOutputs)
 {
-    Write("OVA/UFInnerAngle.xml", "", "inner_angle='5' loading='curb'");
+    WriteOne("OVA/UFInnerAngle.xml", "", "inner_angle='5' loading='curb'");
     CATUnicodeString angle(longName);
     CATUnicodeString calculation(longName);
     EXPECT_TRUE(Manager().GetUFInnerAngleConfig()->GetStandardData(angle, calculation, angle, calculation));
@@ -166,58 +172,101 @@ TEST_F(AliasTest, OperationsThrowNothingWhenAnAllocationFails)
     }
 }
 
-TEST_F(AliasTest, OtherFunctionsThrowNothingWhenAnAllocationFails)
+static void ExpectNoThrow(const std::string& name, const std::function<void()>& function)
 {
-    struct Probe : VEXMELKUFCurbConfig
-    {
-        using VEXMELKCheckConfig::GetStandardWithCategoryList;
-        using VEXMELKConfig::GetRootDOMElements;
-        using VEXMELKUFCurbConfig::VEXMELKUFCurbConfig;
-    };
+    std::size_t number = 1;
+    EXPECT_NO_THROW(while (Memory::RunFailingAllocation(number, function))++ number) << name << " at " << number;
+}
+
+// The functions of the configurations, managers and handlers that the library exports, by their names.
+static std::set<std::string> ExportedFunctions()
+{
+    const std::string command = "nm -DC --defined-only '" + std::string(MELK_LIBRARY) + "'";
+    FILE* pipe = popen(command.c_str(), "r");
+    std::string symbols;
+    char buffer[4096];
+    for (std::size_t read = 1; read > 0; symbols.append(buffer, read))
+        read = fread(buffer, 1, sizeof buffer, pipe);
+    EXPECT_EQ(pclose(pipe), 0);
+    // Neither constructors, whose name stands twice, nor destructors and operators.
+    const std::regex function(
+        R"( [TW] (VEXMELK(?:\w*Config|ConfigManager|SAXErrorHandler|XMLEntityResolver)::(\w+))\()");
+    std::set<std::string> names;
+    for (std::sregex_iterator found(symbols.begin(), symbols.end(), function), end; found != end; ++found)
+        if (found->str(1) != found->str(2) + "::" + found->str(2))
+            names.insert(found->str(1));
+    return names;
+}
+
+// Whatever can be called throws nothing: no exported function is missing here.
+TEST_F(AliasTest, FunctionsThrowNothingWhenAnAllocationFails)
+{
     directory.Write("Default/OVA/UFCurb.xml", Document(Standard(longName, "<category name='default'/>")));
     testPath = longName;
     const CATUnicodeString text(longName);
-    Probe probe{CATUnicodeString(directory.Path())};
-    VEXMELKRootDOMElementsDefinition roots;
-    ASSERT_TRUE(probe.GetRootDOMElements(roots));
+    const auto probe = CATHandle<VEXMELKUFCurbConfig>::Create(CATUnicodeString(directory.Path()));
     const auto handler = CATHandle<VEXMELKSAXErrorHandler>::Create();
+    const auto resolver = CATHandle<VEXMELKXMLEntityResolver>::Create();
     const CATSAXParseException problem(text, 1, 1);
-    const std::vector<std::pair<const char*, std::function<void()>>> functions = {
-        {"GetCFGDir",
-            [&]
-            {
-                CATUnicodeString path;
-                if (VEXMELKConfigManager* manager = VEXMELKConfigManager::GetConfigManager())
-                    manager->GetCFGDir(path);
-            }},
-        {"GetTestPath", [] { VEXMELKConfigManager::GetTestPath(); }},
-        {"GetBaseDataDBPath",
-            [&]
-            {
-                CATUnicodeString path;
-                CATUnicodeString user;
-                VEXMELKConfigManager::GetBaseDataDBPath(path, user);
-            }},
-        {"SetXMLFilePath", [&] { probe.SetXMLFilePath(text); }},
-        {"SetXMLFileName", [&] { probe.SetXMLFileName(text); }},
-        {"BooleanFromString", [&] { VEXMELKConfig::BooleanFromString(text); }},
-        {"CompareStrings", [&] { VEXMELKConfig::CompareStrings(text, text); }},
-        {"GetStandardWithCategoryList",
-            [&]
-            {
-                CATListValCATUnicodeString names;
-                probe.GetStandardWithCategoryList(roots.DefaultRootElement, text, names);
-            }},
-        {"Warning", [&] { handler->Warning(&problem); }},
-        {"Error", [&] { handler->Error(&problem); }},
-        {"FatalError", [&] { handler->FatalError(&problem); }},
+    const auto ofManager = [](const auto& function)
+    {
+        if (VEXMELKConfigManager* manager = VEXMELKConfigManager::GetConfigManager())
+            function(*manager);
     };
+    CATUnicodeString path;
+    CATUnicodeString user;
+    CATListValCATUnicodeString names;
+    CATISAXInputSource_var source;
+    CATIDOMDocument_var document;
+    ASSERT_TRUE(SUCCEEDED(CATIXMLDOMDocumentBuilder().ParseMemory(Document(""), NULL_var, document)));
+    const CATIDOMElement_var root = document->GetDocumentElement();
+    std::map<std::string, std::function<void()>> functions = {
+        {"VEXMELKConfigManager::GetCFGDir",
+            [&] { ofManager([&](VEXMELKConfigManager& manager) { manager.GetCFGDir(path); }); }},
+        {"VEXMELKConfigManager::GetTestPath", [] { VEXMELKConfigManager::GetTestPath(); }},
+        {"VEXMELKConfigManager::GetBaseDataDBPath", [&] { VEXMELKConfigManager::GetBaseDataDBPath(path, user); }},
+        {"VEXMELKConfigManager::GetConfig",
+            [&] { ofManager([](VEXMELKConfigManager& manager) { manager.GetConfig("VEXMELKUFCurb"); }); }},
+        {"VEXMELKConfigManager::CommaDelimiter",
+            [&] { ofManager([](VEXMELKConfigManager& manager) { manager.CommaDelimiter(); }); }},
+        {"VEXMELKConfigManager::GetConfigManager", [] { VEXMELKConfigManager::GetConfigManager(); }},
+        {"VEXMELKConfigManager::GetConfigurations", [] { VEXMELKConfigManager::GetConfigurations(); }},
+        {"VEXMELKConfigManager::ReleaseConfigManager", [] { VEXMELKConfigManager::ReleaseConfigManager(); }},
+        {"VEXMELKConfigManager::WritesCommas", [] { VEXMELKConfigManager::WritesCommas(); }},
+        {"VEXMELKConfig::SetXMLFilePath", [&] { probe->SetXMLFilePath(text); }},
+        {"VEXMELKConfig::SetXMLFileName", [&] { probe->SetXMLFileName(text); }},
+        {"VEXMELKConfig::BooleanFromString", [&] { VEXMELKConfig::BooleanFromString(text); }},
+        {"VEXMELKConfig::CompareStrings", [&] { VEXMELKConfig::CompareStrings(text, text); }},
+        {"VEXMELKCheckConfig::GetStandardWithCategoryList",
+            [&] { probe->GetStandardWithCategoryList(root, text, names); }},
+        {"VEXMELKXMLEntityResolver::ResolveEntity", [&] { resolver->ResolveEntity(text, text, source); }},
+        {"VEXMELKSAXErrorHandler::Warning", [&] { handler->Warning(&problem); }},
+        {"VEXMELKSAXErrorHandler::Error", [&] { handler->Error(&problem); }},
+        {"VEXMELKSAXErrorHandler::FatalError", [&] { handler->FatalError(&problem); }},
+    };
+    for (const auto& configuration : VEXMELKConfigManager::GetConfigurations())
+        functions["VEXMELKConfigManager::Get" + std::string(configuration.description->name) + "Config"] = [&]
+        {
+            Release();
+            ofManager([&](VEXMELKConfigManager& manager) { configuration.get(manager); });
+        };
+    std::set<std::string> missing = ExportedFunctions();
+    EXPECT_GT(missing.size(), functions.size());
     for (const auto& [name, function] : functions)
     {
-        std::size_t number = 1;
-        EXPECT_NO_THROW(while (Memory::RunFailingAllocation(number, function))++ number) << name;
+        ExpectNoThrow(name, function);
+        EXPECT_EQ(missing.erase(name), 1U) << name << " is not exported";
     }
     TakeBoxes();
+    for (const auto& configuration : VEXMELKConfigManager::GetConfigurations())
+        for (const VEXMELKDescription* level = configuration.description; level; level = level->base)
+            for (const VEXMELKOperation& operation : level->operations)
+                for (const std::string_view name :
+                    {level->name, std::string_view("Check"), std::string_view("Underfloor")})
+                    missing.erase("VEXMELK" + std::string(name) + "Config::" + std::string(operation.Name()));
+    for (const std::string& name : Split(CaseFile("internalFunctions"), "\n"))
+        missing.erase(name);
+    EXPECT_THAT(missing, testing::IsEmpty());
 }
 
 // Elements need a default constructor and an assignment only.

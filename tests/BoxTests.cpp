@@ -39,7 +39,7 @@ protected:
     // Runs an action in every box, but not in boxes that come up inside of many others.
     void InEachBox(const std::function<void()>& action)
     {
-        inBox = [this, action, depth = std::make_shared<int>(0)]
+        inBox = [action, depth = std::make_shared<int>(0)]
         {
             if (++*depth <= 4)
                 action();

@@ -204,3 +204,29 @@ TEST_F(ManagerTest, CommaOfTheCurrentModeCountsWhateverObjectAnswers)
         EXPECT_EQ(FrontOffset(config), expected) << mode;
     }
 }
+
+static bool KnowsStandards()
+{
+    CATListValCATUnicodeString names;
+    VEXMELKConfigManager::GetConfigManager()->GetUFCurbConfig()->GetStandardNames(names, "default", 1, 3);
+    return names.Size() > 0;
+}
+
+// A handler that is registered before the library's first use runs after all that the library would destroy itself.
+TEST(AtExit, QueriesAreAnswered)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe"); // in a process of its own, where the library is not used yet
+    const auto askAndExit = []
+    {
+        setenv("MELK_CFG_PATH", SAMPLE_CONFIGURATION, 1);
+        std::atexit(
+            []
+            {
+                const bool fromLoaded = KnowsStandards();
+                VEXMELKConfigManager::ReleaseConfigManager();
+                _exit(fromLoaded && KnowsStandards() ? 0 : 1);
+            });
+        std::exit(KnowsStandards() ? 3 : 2);
+    };
+    EXPECT_EXIT(askAndExit(), testing::ExitedWithCode(0), "");
+}

@@ -445,10 +445,13 @@ TEST_F(ParseProblem, IsShownInABox)
                              "error MELK CFG: SAX Parse Error: " + text, "error MELK CFG: Parse Fatal Error: " + text));
     }
     directory.Write("catalogue", "ParseWarning.Title = \"Watch out\"\n");
-    setenv("MELK_MSG_CATALOG", (directory.Path() + "/catalogue").c_str(), 1);
-    handler->Warning(&exception);
-    unsetenv("MELK_MSG_CATALOG");
-    EXPECT_THAT(TakeBoxes(), ElementsAre("warning Watch out: what is wrong\n(line: 12, column: 5)"));
+    for (const char* separator : {"/", "\\"})
+    {
+        setenv("MELK_MSG_CATALOG", (directory.Path() + separator + "catalogue").c_str(), 1);
+        handler->Warning(&exception);
+        unsetenv("MELK_MSG_CATALOG");
+        EXPECT_THAT(TakeBoxes(), ElementsAre("warning Watch out: what is wrong\n(line: 12, column: 5)"));
+    }
 
     CATIDOMDocument_var document;
     Builder()->ParseMemory(Repeated(11, "<!---->\n") + "<r>\t\x01</r>", tie, document);
