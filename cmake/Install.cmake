@@ -7,11 +7,11 @@ if(MELK_TOOL)
 endif()
 
 set(header_directory ${CMAKE_INSTALL_INCLUDEDIR}/VEXMELKConfiguration)
-install(DIRECTORY include/ description/ DESTINATION ${header_directory} FILES_MATCHING PATTERN "*.h")
-# The interfaces, without what only the parser itself includes.
-file(GLOB interface_headers CONFIGURE_DEPENDS platform/*/*.h siblings/*/*.h)
-list(FILTER interface_headers EXCLUDE REGEX "/CATXML(Parse|Entities|Encoding|DocumentWriter)\\.h$")
-install(FILES ${interface_headers} DESTINATION ${header_directory})
+# All headers of these folders, without those of folders in them: the parser is nobody else's.
+foreach(folder include description host document)
+    file(GLOB headers CONFIGURE_DEPENDS ${folder}/*.h)
+    install(FILES ${headers} DESTINATION ${header_directory})
+endforeach()
 install(DIRECTORY configuration/ DESTINATION ${CMAKE_INSTALL_DATADIR}/VEXMELKConfiguration/configuration)
 
 set(package_directory ${CMAKE_INSTALL_LIBDIR}/cmake/VEXMELKConfiguration)

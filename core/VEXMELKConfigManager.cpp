@@ -68,7 +68,7 @@ template <class Component> void ReleaseAndClear(Component*& component)
 } // namespace
 
 // Every configuration, in the order in which they are released.
-class VEXMELKConfigManager::List
+class [[gnu::visibility("hidden")]] VEXMELKConfigManager::List
 {
     using Manager = VEXMELKConfigManager;
 

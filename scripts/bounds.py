@@ -24,7 +24,7 @@ def filled(size, unit, before="", behind=""):
 
 
 def nested(depth):
-    """The root is the first of the elements within each other."""
+    """The root is the outermost of the nested elements."""
     return BEGIN + "<e>" * (depth - 1) + "</e>" * (depth - 1) + END
 
 
@@ -49,9 +49,9 @@ CASES = [
     ("128 MiB of text", lambda: filled(DOCUMENT_BYTES, "text ", "<x>", "</x>")),
     ("128 MiB in one attribute", lambda: filled(DOCUMENT_BYTES, "value", "<x a='", "'/>")),
     ("one byte more", lambda: filled(DOCUMENT_BYTES + 1, "<e/>")),
-    ("10,000 elements within each other", lambda: nested(10000)),
+    ("10,000 levels of nested elements", lambda: nested(10000)),
     ("one more", lambda: nested(10001)),
-    ("64 entities within each other", lambda: chain(64)),
+    ("64 levels of nested entities", lambda: chain(64)),
     ("one more", lambda: chain(65)),
     ("2 MB of elements with 256 attributes declared", lambda: declared(256, 2000000)),
     ("one more", lambda: declared(257, 2000000)),

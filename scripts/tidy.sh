@@ -7,8 +7,7 @@ cd "$(dirname "$0")/.."
 rm -rf build/tidy
 mkdir -p build/tidy
 
-includes=(-I. -Idescription -Icore -Ioccupant -Iinclude -Itests -Itools/melkcfg)
-for folder in platform/*/ siblings/*/; do includes+=("-I$folder"); done
+includes=(-I. -Idocument -Idocument/parsing -Ihost -Idescription -Icore -Ioccupant -Iinclude -Itests -Itools/melkcfg)
 # Those of cmake/Compiler.cmake: what clang says more than GCC.
 warnings=(-Wall -Wextra -Wpedantic -Wshadow -Wconversion)
 defines=(-DMELKCFG=\"\" -DMELK_LIBRARY=\"\" -DMELKCFG_VERSION=\"\" -DSAMPLE_CONFIGURATION=\"\" -DCASES=\"\")
@@ -24,8 +23,8 @@ files=("$@")
 if [ $# -eq 0 ]; then
     as_one tests 'tests/*.cpp'
     as_one tools 'tools/melkcfg/*.cpp'
-    as_one platform 'platform/*.cpp'
-    as_one siblings 'siblings/*.cpp' 'description/*.cpp'
+    as_one document 'document/*.cpp'
+    as_one host 'host/*.cpp' 'description/*.cpp'
     mapfile -t -O "${#files[@]}" files < <(git ls-files 'occupant/*.cpp' 'vision/*.cpp' 'safety/*.cpp' 'core/*.cpp')
 fi
 # check FLAG...: the files on standard input, with those flags of the compiler.

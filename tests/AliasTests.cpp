@@ -178,8 +178,8 @@ static void ExpectNoThrow(const std::string& name, const std::function<void()>& 
     EXPECT_NO_THROW(while (Memory::RunFailingAllocation(number, function))++ number) << name << " at " << number;
 }
 
-// The functions of the configurations, managers and handlers that the library exports, by their names.
-static std::set<std::string> ExportedFunctions()
+// What the library exports, as nm shows it.
+static std::string ExportedSymbols()
 {
     const std::string command = "nm -DC --defined-only '" + std::string(MELK_LIBRARY) + "'";
     FILE* pipe = popen(command.c_str(), "r");
@@ -188,14 +188,40 @@ static std::set<std::string> ExportedFunctions()
     for (std::size_t read = 1; read > 0; symbols.append(buffer, read))
         read = fread(buffer, 1, sizeof buffer, pipe);
     EXPECT_EQ(pclose(pipe), 0);
+    return symbols;
+}
+
+static std::set<std::string> Found(const std::string& text, const std::regex& pattern)
+{
+    std::set<std::string> found;
+    for (std::sregex_iterator each(text.begin(), text.end(), pattern), end; each != end; ++each)
+        found.insert(each->str(1));
+    return found;
+}
+
+// The functions of the configurations, managers and handlers that the library exports, by their names.
+static std::set<std::string> ExportedFunctions()
+{
     // Neither constructors, whose name stands twice, nor destructors and operators.
-    const std::regex function(
-        R"( [TW] (VEXMELK(?:\w*Config|ConfigManager|SAXErrorHandler|XMLEntityResolver)::(\w+))\()");
-    std::set<std::string> names;
-    for (std::sregex_iterator found(symbols.begin(), symbols.end(), function), end; found != end; ++found)
-        if (found->str(1) != found->str(2) + "::" + found->str(2))
-            names.insert(found->str(1));
-    return names;
+    return Found(ExportedSymbols(),
+        std::regex(
+            R"( [TW] ((?:(VEXMELK(?:\w*Config|ConfigManager|SAXErrorHandler|XMLEntityResolver))::(?!\2\()(\w+)))\()"));
+}
+
+TEST(ExportedSymbols, AreWhatTheInstalledHeadersDeclare)
+{
+    std::string headers = "typeinfo vtable abi cxx11 ";
+    for (const char* folder : {"include", "description", "host", "document"})
+        for (const auto& entry : std::filesystem::directory_iterator(CASES "/../../" + std::string(folder)))
+            if (entry.path().extension() == ".h")
+                headers += TextOfFile(entry.path());
+    const std::regex word(R"((\w+))");
+    const std::set<std::string> declared = Found(std::regex_replace(headers, std::regex("//.*"), ""), word);
+    const std::set<std::string> exported = Found(ExportedSymbols(), std::regex(R"( [A-Zu] ~?(\w[^(\n]*))"));
+    EXPECT_GT(exported.size(), 400U);
+    for (const std::string& symbol : exported)
+        for (const std::string& name : Found(symbol, word))
+            EXPECT_TRUE(declared.contains(name)) << symbol;
 }
 
 // Whatever can be called throws nothing: no exported function is missing here.

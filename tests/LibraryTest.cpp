@@ -106,8 +106,13 @@ std::vector<std::string> Split(std::string_view text, std::string_view separator
 
 std::string CaseFile(const std::string& name)
 {
-    const std::ifstream file(CASES "/" + name + (name.ends_with(".xml") ? "" : ".txt"));
-    EXPECT_TRUE(file.is_open()) << name;
+    return TextOfFile(CASES "/" + name + (name.ends_with(".xml") ? "" : ".txt"));
+}
+
+std::string TextOfFile(const std::string& path)
+{
+    const std::ifstream file(path);
+    EXPECT_TRUE(file.is_open()) << path;
     std::ostringstream text;
     text << file.rdbuf();
     return text.str();

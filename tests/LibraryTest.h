@@ -88,6 +88,7 @@ std::vector<std::string> Split(std::string_view text, std::string_view separator
 
 // The contents of a file in cases/; ".txt" may be left out.
 std::string CaseFile(const std::string& name);
+std::string TextOfFile(const std::string& path);
 
 // The cells of a table of cases: a row on each line, "|" between its cells, blanks around them left out; a row goes on
 // in the next line after " \", and "//" begins a comment. \n, \r, \t, \s (a blank) and \xHH stand for a byte.

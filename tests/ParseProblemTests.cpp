@@ -345,7 +345,7 @@ TEST_F(ParseProblem, OnlyPastTheBounds)
     { EXPECT_THAT(Parse(document).problems, MatchesRegex(isWithin ? "" : "fatal .+")) << bound << isWithin; };
     for (const std::size_t extra : {0U, 1U})
     {
-        expect("elements within each other", nested(CATXMLBounds::elementDepth + extra), extra == 0);
+        expect("nested elements", nested(CATXMLBounds::elementDepth + extra), extra == 0);
         expect("entities, in text", chain(entities + extra, true, 1, "<r>&$;</r>"), extra == 0);
         expect("entities, in an attribute", chain(entities + extra, false, 1, "<r a='&$;'/>"), extra == 0);
         expect("parameter entities", parameterChain(entities + extra), extra == 0);

@@ -1,3 +1,4 @@
+#include "CATFiles.h"
 #include "CATListOf.h"
 #include "CATPath.h"
 #include "CATTextHash.h"
@@ -318,7 +319,8 @@ TEST(Path, NamesAFileOnlyWhenItIsRegular)
         const CATUnicodeString path = CATMakePath(CATUnicodeString(directory.Path()), name);
         EXPECT_EQ(VEXMELKUtilities::FileExists(path), 1) << name;
         EXPECT_FALSE(CATIsRegularFile(path)) << name;
-        EXPECT_STREQ(CATInputFile(path).Reason(), std::strerror(name[1] == 'o' ? ELOOP : ENOENT)) << name;
+        EXPECT_STREQ(CATInputFile(path.ConvertToChar()).Reason(), std::strerror(name[1] == 'o' ? ELOOP : ENOENT))
+            << name;
     }
     for (const auto& [isFile, names] : Table<2>(R"(
         yes | empty,sub dir/A.xml,sub dir\\A.xml,sub dir\\..\\empty,linkToFile,linkToLink,linkToDirectory\\A.xml
@@ -328,7 +330,7 @@ TEST(Path, NamesAFileOnlyWhenItIsRegular)
             const CATUnicodeString path = CATMakePath(CATUnicodeString(directory.Path()), CATUnicodeString(name));
             EXPECT_EQ(CATIsRegularFile(path), !isFile.empty()) << name;
             EXPECT_EQ(VEXMELKUtilities::FileExists(path), isFile.empty() ? 0 : 1) << name;
-            EXPECT_EQ(CATInputFile(path).IsOpen(), !isFile.empty()) << name;
+            EXPECT_EQ(CATInputFile(path.ConvertToChar()).IsOpen(), !isFile.empty()) << name;
         }
     EXPECT_FALSE(CATIsRegularFile(""));
 }

@@ -1,4 +1,4 @@
-// The platform's lists of values. Positions count from 1.
+// Lists of values. Positions count from 1.
 #ifndef CATListOf_H
 #define CATListOf_H
 

@@ -1,5 +1,6 @@
 #include "CATIXMLDOMDocumentBuilder.h"
 
+#include "CATFiles.h"
 #include "CATPath.h"
 #include "CATXMLParse.h"
 
@@ -21,12 +22,67 @@ bool AreSupported(const CATListValCATUnicodeString& names, const CATListValCATUn
     return true;
 }
 
-CATUnicodeString DocumentTypeDirectory(
+std::string DocumentTypeDirectory(
     const CATUnicodeString& path, const CATListValCATUnicodeString& names, const CATListValCATUnicodeString& values)
 {
     const int option = names.Locate(CATUnicodeString(directoryOption));
-    return option > 0 ? values[option] : CATFolderOf(path);
+    return option > 0 ? values[option].ConvertToChar() : CATFolderOfFile(path.ConvertToChar());
 }
+
+// Passes what a parse tells on to the handlers, which may be null.
+class Listener final : public CATXMLParseListener
+{
+public:
+    Listener(const CATISAXErrorHandler_var& errorHandler, const CATISAXEntityResolver_var& entityResolver)
+        : m_ErrorHandler(errorHandler), m_EntityResolver(entityResolver)
+    {
+    }
+
+    void OnWarning(const Problem& problem) override
+    {
+        if (m_ErrorHandler == NULL_var)
+            return;
+        const CATSAXParseException warning = ExceptionOf(problem);
+        m_ErrorHandler->Warning(&warning);
+    }
+
+    void OnFailure(const Problem& problem) override
+    {
+        if (m_ErrorHandler == NULL_var)
+            return;
+        const CATSAXParseException failure = FailureOf(problem);
+        m_ErrorHandler->FatalError(&failure);
+    }
+
+    std::optional<Source> FindExternal(const char* publicId, const char* systemId) override
+    {
+        CATISAXInputSource_var source;
+        if (m_EntityResolver == NULL_var || FAILED(m_EntityResolver->ResolveEntity(publicId, systemId, source)) ||
+            source == NULL_var || !CATMayBeFile(source->GetPath()))
+            return std::nullopt;
+        return Source{source->GetPath().ConvertToChar(), source->GetEncoding().ConvertToChar()};
+    }
+
+private:
+    static CATSAXParseException ExceptionOf(const Problem& problem)
+    {
+        return {CATUnicodeString(problem.message), problem.line, problem.column};
+    }
+    static CATSAXParseException FailureOf(const Problem& problem)
+    {
+        try
+        {
+            return ExceptionOf(problem);
+        }
+        catch (const std::bad_alloc&)
+        {
+            return {"out of memory", problem.line, problem.column}; // short enough to need no memory itself
+        }
+    }
+
+    CATISAXErrorHandler_var m_ErrorHandler;
+    CATISAXEntityResolver_var m_EntityResolver;
+};
 
 CATResult Finish(
     CATXMLParse& parse, const CATXMLParse::Reader& reader, std::size_t bytes, CATIDOMDocument_var& document)
@@ -54,8 +110,9 @@ CATResult CATIXMLDOMDocumentBuilder::Parse(const CATUnicodeString& path, const C
     document = NULL_var;
     if (!AreSupported(optionNames, optionValues))
         return E_FAIL;
-    CATInputFile file(path);
-    CATXMLParse parse(path, DocumentTypeDirectory(path, optionNames, optionValues), errorHandler, entityResolver);
+    CATInputFile file(path.ConvertToChar());
+    Listener listener(errorHandler, entityResolver);
+    CATXMLParse parse(path.ConvertToChar(), DocumentTypeDirectory(path, optionNames, optionValues), listener);
     if (file.IsOpen())
         return Finish(
             parse, [&](void* buffer, std::size_t size) { return file.Read(buffer, size); }, file.Size(), document);
@@ -67,7 +124,8 @@ CATResult CATIXMLDOMDocumentBuilder::ParseMemory(
     std::string_view bytes, const CATISAXErrorHandler_var& errorHandler, CATIDOMDocument_var& document) const
 {
     document = NULL_var;
-    CATXMLParse parse("", CATFolderOf(""), errorHandler, NULL_var);
+    Listener listener(errorHandler, NULL_var);
+    CATXMLParse parse("", CATFolderOfFile(""), listener);
     const auto read = [&](void* buffer, std::size_t size)
     {
         const std::size_t piece = std::min(size, bytes.size());

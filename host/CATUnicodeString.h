@@ -1,4 +1,4 @@
-// The platform's strings.
+// Strings.
 //
 // CATUnicodeString holds UTF-8: two strings are equal when their bytes are. A text of up to 23 bytes needs no
 // allocation. CATString is the 8-bit string of message-catalogue keys.

@@ -1,6 +1,6 @@
 #include "CATXMLEntities.h"
 
-#include "CATIXMLDOMDocumentBuilder.h"
+#include "CATXMLBounds.h"
 
 #include <algorithm>
 

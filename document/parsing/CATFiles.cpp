@@ -1,4 +1,4 @@
-#include "CATPath.h"
+#include "CATFiles.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -24,20 +24,6 @@ constexpr int forSearching = O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
 #else
 constexpr int forSearching = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
 #endif
-
-CATUnicodeString SystemPath(CATUnicodeString path)
-{
-    path.ReplaceAll('\\', '/');
-    return path;
-}
-
-std::string FolderOf(std::string_view path)
-{
-    const std::size_t separator = path.rfind('/');
-    if (separator == std::string_view::npos)
-        return ".";
-    return std::string(path.substr(0, separator == 0 ? 1 : separator));
-}
 
 // With every link and ".." followed, and without the "/" of the root; none, and errno, when that cannot be done.
 std::optional<std::string> RealPath(const std::string& path)
@@ -120,48 +106,24 @@ private:
     std::size_t behindLink = SIZE_MAX; // how many names are left when those of the links are done
 };
 
-// Whether nothing can bear that name: there is no such name, in a folder that is there.
-bool IsAbsent(const std::string& path)
-{
-    struct stat status = {};
-    const int error = lstat(path.c_str(), &status) == 0 ? 0 : errno;
-    if (error != ENOENT)
-        return error == ENOTDIR;
-    const std::string folder = FolderOf(path);
-    return path.empty() || folder == path || stat(folder.c_str(), &status) == 0 || IsAbsent(folder);
-}
-
 } // namespace
 
-CATUnicodeString CATMakePath(const CATUnicodeString& directory, const CATUnicodeString& name)
+std::string CATSystemPath(std::string_view path)
 {
-    return directory.IsEmpty() ? name : directory + "\\" + name;
+    std::string systemPath(path);
+    std::replace(systemPath.begin(), systemPath.end(), '\\', '/');
+    return systemPath;
 }
 
-CATUnicodeString CATFolderOf(const CATUnicodeString& path)
+std::string CATFolderOfFile(std::string_view path)
 {
-    return CATUnicodeString(FolderOf(SystemPath(path).ConvertToChar()));
+    const std::size_t separator = path.find_last_of("/\\");
+    if (separator == std::string_view::npos)
+        return ".";
+    return CATSystemPath(path.substr(0, separator == 0 ? 1 : separator));
 }
 
-bool CATIsRegularFile(const CATUnicodeString& path)
-{
-    struct stat status = {};
-    return stat(SystemPath(path).ConvertToChar(), &status) == 0 && S_ISREG(status.st_mode);
-}
-
-bool CATMayBeFile(const CATUnicodeString& path)
-{
-    const CATUnicodeString systemPath = SystemPath(path);
-    struct stat status = {};
-    if (stat(systemPath.ConvertToChar(), &status) == 0)
-        return S_ISREG(status.st_mode);
-    return !IsAbsent(systemPath.ConvertToChar());
-}
-
-CATInputFile::CATInputFile(const CATUnicodeString& path)
-    : CATInputFile(open(SystemPath(path).ConvertToChar(), forReading))
-{
-}
+CATInputFile::CATInputFile(const std::string& path) : CATInputFile(open(CATSystemPath(path).c_str(), forReading)) {}
 
 CATInputFile::CATInputFile(int descriptor) : m_Descriptor(descriptor), m_Error(descriptor < 0 ? errno : 0)
 {
@@ -193,9 +155,9 @@ long CATInputFile::Read(void* buffer, std::size_t size)
     return read;
 }
 
-CATFileArea::CATFileArea(const CATUnicodeString& directory) : m_Error(0)
+CATFileArea::CATFileArea(const std::string& directory) : m_Error(0)
 {
-    const std::optional<std::string> real = RealPath(SystemPath(directory).ConvertToChar());
+    const std::optional<std::string> real = RealPath(CATSystemPath(directory));
     if (real)
         m_Directory = *real;
     else
@@ -211,15 +173,15 @@ bool CATFileArea::IsOnTheWay(const std::string& path) const { return m_Error == 
 // folder by folder and without following a link: whatever has been put in the place of one meanwhile, nothing outside
 // is opened.
 std::unique_ptr<CATInputFile> CATFileArea::Open(
-    const CATUnicodeString& beside, std::string_view relativePath, CATUnicodeString& realPath) const
+    const std::string& beside, std::string_view relativePath, std::string& realPath) const
 {
     errno = 0;
-    const std::optional<std::string> folder = RealPath(FolderOf(SystemPath(beside).ConvertToChar()));
+    const std::optional<std::string> folder = RealPath(CATFolderOfFile(beside));
     const std::optional<std::string> found = folder ? Find(*folder, relativePath) : std::nullopt;
     if (!found && errno == 0)
         return nullptr;
     if (found)
-        realPath = CATUnicodeString(*found);
+        realPath = *found;
     return std::unique_ptr<CATInputFile>(new CATInputFile(found ? OpenFound(*found) : -1));
 }
 
@@ -227,7 +189,7 @@ std::unique_ptr<CATInputFile> CATFileArea::Open(
 // that cannot be told.
 std::optional<std::string> CATFileArea::Find(const std::string& folder, std::string_view relativePath) const
 {
-    Walk walk(folder, SystemPath(CATUnicodeString(relativePath)).ConvertToChar());
+    Walk walk(folder, CATSystemPath(relativePath));
     int error = 0;
     while (error == 0 && !walk.names.empty())
     {

@@ -2,7 +2,6 @@
 #ifndef CATXMLParse_H
 #define CATXMLParse_H
 
-#include "CATIXMLDOMDocumentBuilder.h"
 #include "CATXMLDocumentWriter.h"
 #include "CATXMLEntities.h"
 #include "CATXMLPlaceCounter.h"
@@ -24,19 +23,42 @@ enum class CATXMLByteOrderMark
     UTF16
 };
 
-class CATXMLParse
+// Whom a parse tells of problems, and asks where document type definitions lie.
+class [[gnu::visibility("hidden")]] CATXMLParseListener
 {
 public:
-    // Document type definitions are read from the directory.
-    CATXMLParse(const CATUnicodeString& path, CATUnicodeString documentTypeDirectory,
-        const CATISAXErrorHandler_var& errorHandler, const CATISAXEntityResolver_var& entityResolver);
+    struct Problem
+    {
+        std::string message;
+        int line; // from 1, as is the column
+        int column;
+    };
+    struct Source
+    {
+        std::string path;
+        std::string encoding; // empty when the file tells it
+    };
+
+    virtual ~CATXMLParseListener() = default;
+    virtual void OnWarning(const Problem& problem) = 0;
+    // Once at most: the parse gives no document. Throws nothing.
+    virtual void OnFailure(const Problem& problem) = 0;
+    // Where an external file lies; nothing leaves it to the parse.
+    virtual std::optional<Source> FindExternal(const char* publicId, const char* systemId) = 0;
+};
+
+class [[gnu::visibility("hidden")]] CATXMLParse
+{
+public:
+    // Document type definitions are read from the directory. The listener has to live as long as the parse.
+    CATXMLParse(std::string path, std::string documentTypeDirectory, CATXMLParseListener& listener);
 
     // Gives the next bytes of the document: how many it wrote, 0 at the end, -1 with errno set on a failure.
     using Reader = std::function<long(void* buffer, std::size_t size)>;
 
-    // The document, or null after it has reported one FatalError.
+    // The document, or null after the listener has heard of the failure.
     std::unique_ptr<const CATXMLDocument> Run(const Reader& reader, std::size_t expectedBytes);
-    // In place of Run, for a document that cannot be read: reports the FatalError.
+    // In place of Run, for a document that cannot be read: tells the listener of the failure.
     void Refuse(const char* reason);
 
 private:
@@ -102,15 +124,13 @@ private:
     void ReadExternalSubset(const XML_Char* base, const XML_Char* systemId, const XML_Char* publicId);
     bool IsInEntityValue() const;
     std::optional<External> FindExternal(const XML_Char* base, const XML_Char* systemId, const XML_Char* publicId);
-    std::optional<External> ReadExternal(
-        CATInputFile& file, const CATUnicodeString& path, const CATUnicodeString& encoding);
+    std::optional<External> ReadExternal(CATInputFile& file, std::string path, std::string encoding);
     void Warn(const char* message);
     void ParseExternal(const External& external);
 
-    CATUnicodeString m_Path;
-    CATUnicodeString m_DocumentTypeDirectory;
-    CATISAXErrorHandler_var m_ErrorHandler;
-    CATISAXEntityResolver_var m_EntityResolver;
+    std::string m_Path;
+    std::string m_DocumentTypeDirectory;
+    CATXMLParseListener& m_Listener;
     ParserOwner m_Root;
     XML_Parser m_Parser = nullptr; // the one whose events are coming in: the document's or an external subset's
     int m_ExternalNumber = 0;      // of the external file that they come from, 0 for the document
@@ -118,7 +138,7 @@ private:
     CATXMLDocumentWriter m_Writer;
     CATXMLEntities m_Entities;
     CATXMLPlaceCounter m_Places;
-    std::optional<CATSAXParseException> m_Failure;
+    std::optional<CATXMLParseListener::Problem> m_Failure;
     std::set<std::string> m_MissingExternals;
     std::string m_Markup;
     CATXMLNames m_DeclaredElements;                            // those with declared attributes

@@ -1,9 +1,9 @@
 #include "CATXMLEncoding.h"
 
-#include "CATUnicodeString.h"
-
+#include <algorithm>
 #include <charconv>
 #include <iconv.h>
+#include <string>
 
 namespace {
 
@@ -18,6 +18,11 @@ constexpr Family families[] = {
     {"ISO-8859-", 1, 16},
     {"WINDOWS-", 1250, 1258},
 };
+
+constexpr char UpperCase(char letter)
+{
+    return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+}
 
 bool IsKnown(std::string_view name)
 {
@@ -54,11 +59,11 @@ int Decode(iconv_t converter, char byte)
 
 bool CATXMLSingleByteMap(std::string_view encoding, int (&characters)[256])
 {
-    CATUnicodeString name(encoding);
-    name.ToUpper();
+    std::string name(encoding);
+    std::transform(name.begin(), name.end(), name.begin(), UpperCase);
     if (!IsKnown(name))
         return false;
-    iconv_t converter = iconv_open("UTF-32LE", name.ConvertToChar());
+    iconv_t converter = iconv_open("UTF-32LE", name.c_str());
     // NOLINTNEXTLINE(performance-no-int-to-ptr): a number in the range that stands for no encoding
     if (converter == reinterpret_cast<iconv_t>(-1))
         return false;

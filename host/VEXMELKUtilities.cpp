@@ -1,5 +1,6 @@
 #include "VEXMELKUtilities.h"
 
+#include "CATFiles.h"
 #include "CATPath.h"
 #include "CATQuantity.h"
 

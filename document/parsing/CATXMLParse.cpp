@@ -3,8 +3,9 @@
 
 #include "CATXMLParse.h"
 
+#include "CATFiles.h"
 #include "CATNumberText.h"
-#include "CATPath.h"
+#include "CATXMLBounds.h"
 #include "CATXMLEncoding.h"
 
 #include <algorithm>
@@ -13,6 +14,7 @@
 #include <cstring>
 #include <new>
 #include <strings.h>
+#include <utility>
 
 namespace {
 
@@ -97,12 +99,10 @@ private:
     CATXMLByteOrderMark m_Mark;
 };
 
-CATXMLParse::CATXMLParse(const CATUnicodeString& path, CATUnicodeString documentTypeDirectory,
-    const CATISAXErrorHandler_var& errorHandler, const CATISAXEntityResolver_var& entityResolver)
-    : m_Path(path),
+CATXMLParse::CATXMLParse(std::string path, std::string documentTypeDirectory, CATXMLParseListener& listener)
+    : m_Path(std::move(path)),
       m_DocumentTypeDirectory(std::move(documentTypeDirectory)),
-      m_ErrorHandler(errorHandler),
-      m_EntityResolver(entityResolver),
+      m_Listener(listener),
       m_Root(XML_ParserCreate(nullptr)),
       m_Parser(m_Root.get())
 {
@@ -115,7 +115,7 @@ void CATXMLParse::SetHandlers()
 {
     using Self = CATXMLParse;
     XML_SetUserData(m_Parser, this);
-    XML_SetBase(m_Parser, m_Path.ConvertToChar());
+    XML_SetBase(m_Parser, m_Path.c_str());
     XML_SetElementHandler(m_Parser, Guarded<&Self::OnStartElement>, Guarded<&Self::OnEndElement>);
     XML_SetCharacterDataHandler(m_Parser, Guarded<&Self::OnText>);
     XML_SetCommentHandler(m_Parser, Guarded<&Self::OnComment>);
@@ -153,11 +153,7 @@ void CATXMLParse::Refuse(const char* reason)
     Report();
 }
 
-void CATXMLParse::Report() const
-{
-    if (m_ErrorHandler != NULL_var)
-        m_ErrorHandler->FatalError(&*m_Failure);
-}
+void CATXMLParse::Report() const { m_Listener.OnFailure(*m_Failure); }
 
 void CATXMLParse::Feed(const Reader& reader, std::size_t expectedBytes)
 {
@@ -214,7 +210,7 @@ std::size_t CATXMLParse::Fill(const Reader& reader, char* buffer, std::size_t si
 // The document is named: its path comes from whoever asks for it. That of an external file is a text of a document.
 void CATXMLParse::FailToRead(const char* reason)
 {
-    const std::string name = m_ExternalDepth == 0 ? m_Path.ConvertToChar() : "";
+    const std::string name = m_ExternalDepth == 0 ? m_Path : "";
     Fail(name + (name.empty() ? "cannot be read: " : " cannot be read: ") + reason);
 }
 
@@ -228,7 +224,7 @@ void CATXMLParse::FailAt(Place place, const std::string& message)
 {
     if (m_Failure)
         return;
-    m_Failure = CATSAXParseException(CATUnicodeString(InFile(message)), place.line, place.column);
+    m_Failure = {InFile(message), place.line, place.column};
     XML_StopParser(m_Parser, XML_FALSE);
 }
 
@@ -238,7 +234,7 @@ void CATXMLParse::FailForMemory()
     if (!m_Failure)
     {
         const Place place = Here();
-        m_Failure = CATSAXParseException(CATUnicodeString("out of memory"), place.line, place.column);
+        m_Failure = {"out of memory", place.line, place.column};
     }
     XML_StopParser(m_Parser, XML_FALSE);
 }
@@ -268,7 +264,7 @@ void CATXMLParse::OnStartElement(const XML_Char* tag, const XML_Char** attribute
 {
     const Place place = ElementPlace();
     if (++m_Depth > CATXMLBounds::elementDepth)
-        return Fail(Bound(CATXMLBounds::elementDepth, "elements within each other"));
+        return Fail(Bound(CATXMLBounds::elementDepth, "levels of nested elements"));
     if (m_HasDoctype)
     {
         CheckReferences(place);
@@ -338,7 +334,7 @@ void CATXMLParse::OnEntityDeclaration(const XML_Char* name, int isParameter, con
         m_Entities.DeclareExternal(name);
     else if (value &&
              !m_Entities.DeclareInternal(isParameter != 0 ? '%' : '&', name, {value, static_cast<std::size_t>(length)}))
-        Fail(Bound(CATXMLBounds::entityDepth, "entities within each other"));
+        Fail(Bound(CATXMLBounds::entityDepth, "levels of nested entities"));
 }
 
 // Has the parser hand out the source of the current event, and looks where its references lead. The parser may then
@@ -411,7 +407,7 @@ void CATXMLParse::CheckGrowth()
         return;
     const std::size_t allowed = CATXMLBounds::expandedBytes + CATXMLBounds::expandedFactor * m_BytesRead;
     if (bytes > std::min(allowed, CATXMLBounds::expandedBytesAtMost))
-        Fail("the document grows too large by what it expands");
+        Fail("the document grows too large by expansion");
 }
 
 int CATXMLParse::OnUnknownEncoding(void* /*self*/, const XML_Char* name, XML_Encoding* encoding)
@@ -438,7 +434,7 @@ void CATXMLParse::ReadExternalSubset(const XML_Char* base, const XML_Char* syste
     if (++m_ExternalFiles > CATXMLBounds::externalFiles)
         return Fail(Bound(CATXMLBounds::externalFiles, "external files"));
     if (m_ExternalDepth >= CATXMLBounds::externalDepth)
-        return Fail(Bound(CATXMLBounds::externalDepth, "external files within each other"));
+        return Fail(Bound(CATXMLBounds::externalDepth, "levels of nested external files"));
     if (IsInEntityValue())
         return Fail("a parameter entity from a file stands inside an entity's value");
     const std::optional<External> external =
@@ -475,36 +471,31 @@ std::optional<CATXMLParse::External> CATXMLParse::FindExternal(
             Warn("document type definitions are turned off; the document is read without them");
         return std::nullopt;
     }
-    CATISAXInputSource_var source;
-    if (m_EntityResolver != NULL_var && SUCCEEDED(m_EntityResolver->ResolveEntity(publicId, systemId, source)) &&
-        source != NULL_var && CATMayBeFile(source->GetPath()))
+    if (const std::optional<CATXMLParseListener::Source> source = m_Listener.FindExternal(publicId, systemId))
     {
-        CATInputFile file(source->GetPath());
-        return ReadExternal(file, source->GetPath(), source->GetEncoding());
+        CATInputFile file(source->path);
+        return ReadExternal(file, source->path, source->encoding);
     }
-    CATUnicodeString path;
+    std::string path;
     const std::unique_ptr<CATInputFile> file =
         IsRelativePath(systemId) ? CATFileArea(m_DocumentTypeDirectory).Open(base, systemId, path) : nullptr;
     if (file)
         return ReadExternal(*file, path, "");
     if (m_MissingExternals.insert(systemId).second)
-        Warn("the document type definition cannot be had; the document is read without it");
+        Warn("the document type definition was not found; the document is read without it");
     return std::nullopt;
 }
 
 void CATXMLParse::Warn(const char* message)
 {
-    if (m_ErrorHandler == NULL_var)
-        return;
     const Place place = Here();
-    const CATSAXParseException warning(CATUnicodeString(InFile(message)), place.line, place.column);
-    m_ErrorHandler->Warning(&warning);
+    m_Listener.OnWarning({InFile(message), place.line, place.column});
 }
 
 std::optional<CATXMLParse::External> CATXMLParse::ReadExternal(
-    CATInputFile& file, const CATUnicodeString& path, const CATUnicodeString& encoding)
+    CATInputFile& file, std::string path, std::string encoding)
 {
-    External external{path.ConvertToChar(), encoding.ConvertToChar(), {}};
+    External external{std::move(path), std::move(encoding), {}};
     if (!file.IsOpen())
     {
         Fail(std::string("a document type definition cannot be read: ") + file.Reason());

@@ -1,33 +1,25 @@
-// Paths and files.
-//
-// Paths are formed with "\", as messages show them. The functions here turn "\" into "/" at the moment of opening.
-#ifndef CATPath_H
-#define CATPath_H
-
-#include "CATUnicodeString.h"
+// Reading files, and finding those that a document names without leaving its directory. Paths may be written with "\".
+#ifndef CATFiles_H
+#define CATFiles_H
 
 #include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
-// Joins directory and name with one "\"; an empty directory gives the name alone.
-CATUnicodeString CATMakePath(const CATUnicodeString& directory, const CATUnicodeString& name);
+// The path as the system takes it, with "/".
+std::string CATSystemPath(std::string_view path);
 
-// True for regular files only, through symbolic links; false also where that cannot be told.
-bool CATIsRegularFile(const CATUnicodeString& path);
-
-// False only for what certainly is no file: no such name in a folder that can be searched, or a name of something else
-// (a folder, a pipe, a device). True where that cannot be told: the folder may not be searched, or a link on the way
-// leads nowhere or in a circle.
-bool CATMayBeFile(const CATUnicodeString& path);
+// The folder that a file lies in: "." for a bare name.
+std::string CATFolderOfFile(std::string_view path);
 
 // A regular file opened for reading.
 class CATInputFile
 {
 public:
     // Not open when the path names no regular file or one that cannot be read.
-    explicit CATInputFile(const CATUnicodeString& path);
+    explicit CATInputFile(const std::string& path);
     CATInputFile(const CATInputFile&) = delete;
     CATInputFile& operator=(const CATInputFile&) = delete;
     ~CATInputFile();
@@ -55,12 +47,12 @@ class CATFileArea
 {
 public:
     // A directory that is not there has no files.
-    explicit CATFileArea(const CATUnicodeString& directory);
+    explicit CATFileArea(const std::string& directory);
 
     // Opens the file that a relative path names, as seen from the folder of another file, and gives its real path. Null
     // when the area has no file of that name. A file that is there and cannot be read is not open.
     std::unique_ptr<CATInputFile> Open(
-        const CATUnicodeString& beside, std::string_view relativePath, CATUnicodeString& realPath) const;
+        const std::string& beside, std::string_view relativePath, std::string& realPath) const;
 
 private:
     bool Contains(const std::string& path) const;
@@ -71,8 +63,5 @@ private:
     std::string m_Directory; // its real path, empty for the root
     int m_Error;
 };
-
-// The folder that a file lies in: "." for a bare name.
-CATUnicodeString CATFolderOf(const CATUnicodeString& path);
 
 #endif
