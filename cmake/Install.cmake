@@ -1,14 +1,14 @@
 # Headers, library, tool, sample configuration, a CMake package and a pkg-config file.
 include(CMakePackageConfigHelpers)
 
-install(TARGETS VEXMELKConfiguration EXPORT VEXMELKConfigurationTargets)
+install(TARGETS VEXMELKConfiguration VEXMELKInsight EXPORT VEXMELKConfigurationTargets)
 if(MELK_TOOL)
     install(TARGETS melkcfg)
 endif()
 
 set(header_directory ${CMAKE_INSTALL_INCLUDEDIR}/VEXMELKConfiguration)
 # All headers of these folders, without those of folders in them: the parser is nobody else's.
-foreach(folder include description host document)
+foreach(folder include description host document insight)
     file(GLOB headers CONFIGURE_DEPENDS ${folder}/*.h)
     install(FILES ${headers} DESTINATION ${header_directory})
 endforeach()

@@ -25,7 +25,8 @@ constexpr VEXMELKElement generation1997 = GenerationWith("coeficients1997");
 // A generation that is asked for by its tag, which may be any.
 constexpr VEXMELKElement anyGeneration = GenerationWith("*");
 
-constexpr VEXMELKRow cutOffValue = Integer("value", "integer; a text that is none is 0", AsWritten(), Skip);
+constexpr VEXMELKRow cutOffValue =
+    Integer("value", "the cut-off, an integer; a text that is none is 0", AsWritten(), Skip);
 constexpr VEXMELKElement CutOffsBelow(const VEXMELKElement& generation)
 {
     return {.tag = "cutOff",
@@ -58,7 +59,7 @@ constexpr VEXMELKElement Kind1997(const char* tag, const VEXMELKRow& value)
         .meaning = "1997: rows, chosen by H-point travel for each kind by itself",
         .whenMissing = "kept, and the query fails"};
 }
-constexpr VEXMELKRow Coefficient(const char* output) { return Number("value", "plain number", Keep, Fills{output}); }
+constexpr VEXMELKRow Coefficient(const char* output) { return Number("value", "the coefficient", Keep, Fills{output}); }
 using Coefficients = VEXMELKOutputTable<double, double, double, double, double, double, double>;
 constexpr Coefficients table2002{Coefficient("L1"), Coefficient("L6"), Coefficient("H30"), Coefficient("T"),
     Coefficient("x"), Coefficient("y"), Coefficient("z")};
@@ -120,13 +121,13 @@ constexpr VEXMELKElement categoryElements = CategoryWith(w7Table.rows, VEXMELKFa
 // Kept as texts; an operation hands out those that it names, as millimetres.
 constexpr VEXMELKTable hpointTable{
     Length<&HPoint::value>("value", "the row's travel"),
-    Length<&HPoint::xmean>("xmean", "centres of the ellipses"),
-    Length<&HPoint::zmean>("zmean", "centres of the ellipses"),
-    Length<&HPoint::ymean_left>("ymean_left", "centres of the ellipses"),
-    Length<&HPoint::ymean_right>("ymean_right", "centres of the ellipses"),
-    Length<&HPoint::cutoff90>("cutoff90", "length of the cut-off axis"),
-    Length<&HPoint::cutoff95>("cutoff95", "length of the cut-off axis"),
-    Length<&HPoint::cutoff99>("cutoff99", "length of the cut-off axis"),
+    Length<&HPoint::xmean>("xmean", "centres of the ellipses; empty counts as 0"),
+    Length<&HPoint::zmean>("zmean", "centres of the ellipses; empty counts as 0"),
+    Length<&HPoint::ymean_left>("ymean_left", "centres of the ellipses; empty counts as 0"),
+    Length<&HPoint::ymean_right>("ymean_right", "centres of the ellipses; empty counts as 0"),
+    Length<&HPoint::cutoff90>("cutoff90", "length of the cut-off axis; empty counts as 0"),
+    Length<&HPoint::cutoff95>("cutoff95", "length of the cut-off axis; empty counts as 0"),
+    Length<&HPoint::cutoff99>("cutoff99", "length of the cut-off axis; empty counts as 0"),
 };
 constexpr VEXMELKElement hpoints{.tag = "hpoint",
     .below = &categoryElements,
@@ -140,9 +141,9 @@ constexpr VEXMELKElement hpoints{.tag = "hpoint",
 
 using MinorAxis = VEXMELKOutputTable<CATUnicodeString, CATUnicodeString, CATUnicodeString>;
 constexpr MinorAxis axisTable{
-    Length("cutoff90", "the axis"),
-    Length("cutoff95", "the axis"),
-    Length("cutoff99", "the axis"),
+    Length("cutoff90", "the axis; empty counts as 0"),
+    Length("cutoff95", "the axis; empty counts as 0"),
+    Length("cutoff99", "the axis; empty counts as 0"),
 };
 constexpr VEXMELKElement AxesOf(const char* tag)
 {

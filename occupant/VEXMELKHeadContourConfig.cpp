@@ -72,23 +72,23 @@ constexpr VEXMELKElement RowsOfSeat(const char* tag, VEXMELKRows rows)
         .whenMissing = "those of `general`, else fails"};
 }
 constexpr VEXMELKOutputTable<double, double, double, double, double, double> coefficientTable{
-    Number("ax", "plain numbers", Fail),
-    Number("bx", "plain numbers", Fail),
-    Number("cx", "plain numbers", Fail),
-    Number("az", "plain numbers", Fail),
-    Number("bz", "plain numbers", Fail),
-    Number("cz", "plain numbers", Fail),
+    Number("ax", "coefficients", Fail),
+    Number("bx", "coefficients", Fail),
+    Number("cx", "coefficients", Fail),
+    Number("az", "coefficients", Fail),
+    Number("bz", "coefficients", Fail),
+    Number("cz", "coefficients", Fail),
 };
 constexpr VEXMELKElement coefficientRows = RowsOfSeat("coeficients", coefficientTable.rows);
 
 // In metres, unlike all other lengths of this class: the formula that takes them is in metres.
 constexpr VEXMELKOutputTable<double, double, double, double, double, double> nonDriverTable{
-    Metres("ax", "lengths, handed out in **metres**", Fail),
-    Metres("bx", "lengths, handed out in **metres**", Fail),
-    Metres("cx", "lengths, handed out in **metres**", Fail),
-    Metres("dx", "lengths, handed out in **metres**", Fail),
-    Metres("az", "lengths, handed out in **metres**", Fail),
-    Metres("bz", "lengths, handed out in **metres**", Fail),
+    Metres("ax", "lengths", Fail),
+    Metres("bx", "lengths", Fail),
+    Metres("cx", "lengths", Fail),
+    Metres("dx", "lengths", Fail),
+    Metres("az", "lengths", Fail),
+    Metres("bz", "lengths", Fail),
 };
 constexpr VEXMELKElement nonDriverRows = RowsOfSeat("coeficients2002nonDriver", nonDriverTable.rows);
 // The same tag anywhere below a category tells whether its standard is one of 2002.
@@ -108,8 +108,8 @@ constexpr VEXMELKElement deltaRows = RowsOfSeat("deltas", deltaTable.rows);
 
 constexpr VEXMELKOutputTable<double, double, double> clearanceTable{
     Radians("angle", "angle", Keep),
-    Metres("req_diagonal", "lengths, handed out in **metres**", Keep, Fills{"reqDiagonal"}),
-    Metres("req_vertical", "lengths, handed out in **metres**", Keep, Fills{"reqVertical"}),
+    Metres("req_diagonal", "lengths", Keep, Fills{"reqDiagonal"}),
+    Metres("req_vertical", "lengths", Keep, Fills{"reqVertical"}),
 };
 constexpr VEXMELKElement clearanceElement{.tag = "head_clearance",
     .below = &seatElements,

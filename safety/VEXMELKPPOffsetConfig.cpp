@@ -46,7 +46,7 @@ constexpr VEXMELKElement curveElements{.tag = "curve",
 
 constexpr VEXMELKTable regionTable{
     Text<&Region::measurement_type>("measurement_type", "how it is measured"),
-    Metres<&Region::param_x>("param_x", "parameter", Unit{""}),
+    Metres<&Region::param_x>("param_x", "parameter; a bare number counts as millimetres", Unit{""}),
 };
 constexpr VEXMELKElement regionElement{.tag = "outer_region",
     .below = &sectionElement,

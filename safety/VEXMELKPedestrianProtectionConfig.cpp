@@ -42,13 +42,13 @@ constexpr VEXMELKTable curveTable{
     Length<&Curve::radiusUpper>("radiusUpper", "radii, threshold"),
     Length<&Curve::threshold>("threshold", "radii, threshold"),
     Text<&Curve::tangent_selection>("tangent_selection", "which tangent", Else("lowest")),
-    Flag<&Curve::use_upper_end>("use_upper_end", "flags"),
-    Flag<&Curve::use_lower_end>("use_lower_end", "flags"),
-    Flag<&Curve::use_left>("use_left", "flags"),
-    Flag<&Curve::use_right>("use_right", "flags"),
+    Flag<&Curve::use_upper_end>("use_upper_end", "use this end"),
+    Flag<&Curve::use_lower_end>("use_lower_end", "use this end"),
+    Flag<&Curve::use_left>("use_left", "use this side"),
+    Flag<&Curve::use_right>("use_right", "use this side"),
     Text<&Curve::curve_offset_type>("curve_offset_type", "how the curve is offset", Else("WrapAround")),
     Length<&Curve::curve_offset>("curve_offset", "offset of the curve", Else("0.0mm")),
-    Flag<&Curve::warning>("warning", "flags"),
+    Flag<&Curve::warning>("warning", "warn"),
     Angle<&Curve::alternative_angle>("alternative_angle", "other angle", Else("40.0deg")),
 };
 constexpr VEXMELKElement curveElements{.tag = "curve",
@@ -62,9 +62,9 @@ constexpr VEXMELKElement curveElements{.tag = "curve",
 
 constexpr VEXMELKTable areaTable{
     Text<&Area::name>("name", "name of the area"),
-    Flag<&Area::detail>("detail", "flag"),
-    Integer<&Area::splitM>("splitM", "integers: divisions"),
-    Integer<&Area::splitN>("splitN", "integers: divisions"),
+    Flag<&Area::detail>("detail", "in detail"),
+    Integer<&Area::splitM>("splitM", "divisions"),
+    Integer<&Area::splitN>("splitN", "divisions"),
 };
 constexpr VEXMELKTable boundaryTable{
     Text<&Boundary::limit>("limit", "what bounds it"),

@@ -3,6 +3,7 @@
 #include "LibraryTest.h"
 #include "VEXMELKCheckConfig.h"
 #include "VEXMELKDescription.h"
+#include "VEXMELKFormatTable.h"
 #include "VEXMELKOpticalPropsOfWSConfig.h"
 #include "VEXMELKWatch.h"
 
@@ -295,5 +296,18 @@ TEST_F(DescriptionTest, WhatIsReadIsDescribedAndWhatIsDescribedIsRead)
         AskOver(configuration);
         EXPECT_THAT(Undescribed(AllElements(description)), testing::IsEmpty());
         EXPECT_THAT(Unread(description), testing::IsEmpty());
+    }
+}
+
+TEST(FormatReference, HasTheTablesOfTheDescriptions)
+{
+    const std::string document = TextOfFile(CASES "/../../docs/format.md");
+    for (const auto& configuration : VEXMELKConfigManager::GetConfigurations())
+    {
+        const VEXMELKDescription& description = *configuration.description;
+        const std::string table = "<!-- table " + std::string(description.name) + " -->\n" +
+                                  VEXMELKFormatTable(description) + "<!-- end of table -->\n";
+        EXPECT_NE(document.find(table), std::string::npos)
+            << description.name << ": scripts/format_tables.py writes the tables anew";
     }
 }

@@ -21,16 +21,15 @@ constexpr VEXMELKWords targetWords{targetTypes, DV3DPerpendicular};
 constexpr VEXMELKTable table{
     Word<&Record::ComputationTypeText>(
         "ComputationType", computationWords, "exactly `Ambinocular` (1); anything else is monocular (0)"),
-    Radians<&Record::ViewRange>("ViewRange", "angle, handed out as a number in radians"),
+    Radians<&Record::ViewRange>("ViewRange", "angle"),
     Word<&Record::DirectionText>("Direction", directionWords,
         "exactly `frontward` (0), `backward` (1), `left` (2) or `right` (3); any other text is an angle (4) in "
-        "degrees, "
-        "handed out in radians"),
+        "degrees, handed out in radians; a missing one is frontward"),
 };
 constexpr VEXMELKElement categoryElements = CategoryWith(table.rows);
 
 constexpr VEXMELKTable targetTable{
-    Millimetres<&Record::TargetDistance>("Distance", "handed out as a number in millimetres"),
+    Millimetres<&Record::TargetDistance>("Distance", "its distance"),
     Word<&Record::TargetTypeText>("type", targetWords,
         "exactly `Parallel` (0), `Perpendicular` (1) or `Spherical` (2); anything else is perpendicular"),
 };

@@ -28,8 +28,7 @@ struct Point
     CATUnicodeString name;
     int reference = 0;
 };
-constexpr const char* coordinateMeaning =
-    "Coordinates, handed out as numbers in millimetres. A bare number counts as metres.";
+constexpr const char* coordinateMeaning = "coordinates; a bare number counts as **metres**";
 constexpr VEXMELKTable pointTable{
     Millimetres<&Point::x>("X", coordinateMeaning, Unit{"m"}),
     Millimetres<&Point::y>("Y", coordinateMeaning, Unit{"m"}),

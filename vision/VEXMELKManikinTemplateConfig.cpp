@@ -50,7 +50,7 @@ constexpr VEXMELKTable table{
     Word<&Definition::floor_usage>("floor", roles, "role", Keep),
     Word<&Definition::interior_usage>("interior", roles, "role", Keep),
     Length<&Definition::interior_interval>("interior_interval", "value", Keep),
-    Flag<&Definition::foot_on_floor>("foot_on_floor", "flag", Keep),
+    Flag<&Definition::foot_on_floor>("foot_on_floor", "the foot is on the floor", Keep),
 };
 
 constexpr VEXMELKRow percentilValue = Text("value", "the percentile's name", AsWritten(), Skip);
@@ -87,7 +87,11 @@ constexpr VEXMELKElement percentilSeats[] = {SeatOf(percentilElements, "driver_s
 constexpr VEXMELKElement positioningSeats[] = {SeatOf(positioningElements, "driver_seat"),
     SeatOf(positioningElements, "front_seat"), SeatOf(positioningElements, "back_seat")};
 // Whether a positioning names any seat is told by any element in it.
-constexpr VEXMELKElement anyInPositioning{.tag = "*", .below = &positioningElements, .place = VEXMELKPlace::AnyDepth};
+constexpr VEXMELKElement anyInPositioning{.tag = "*",
+    .below = &positioningElements,
+    .place = VEXMELKPlace::AnyDepth,
+    .meaning = "with any element in it, a positioning supports only the seats that are named",
+    .whenMissing = "every seat"};
 
 constexpr const VEXMELKElement* elements[] = {&categoryElements, &percentilElements, &percentilSeats[0],
     &percentilSeats[1], &percentilSeats[2], &positioningElements, &positioningSeats[0], &positioningSeats[1],

@@ -33,7 +33,7 @@ constexpr VEXMELKElement instructionFields{.tag = "InstructionField",
     .tables = {fieldTable.rows},
     .meaning = "a mirror position; the first of a name counts"};
 
-constexpr VEXMELKRow targetOnRoad = Flag("TargetOnRoad", "exactly `true`: the point lies on the road");
+constexpr VEXMELKRow targetOnRoad = Flag("TargetOnRoad", "exactly `true` says that the point lies on the road");
 constexpr const char* onRoadMeaning = "coordinate and reference of a point **on the road**";
 constexpr const char* otherMeaning = "coordinate and reference of **any other** point";
 constexpr const char* lateralMeaning = "lateral coordinate and reference";

@@ -11,8 +11,7 @@ using Curve = VEXMELKSRPLocationCurveDefinition;
 
 constexpr VEXMELKElement categoryElements = CategoryWith({}, VEXMELKFallBack::WholeCategory);
 constexpr const char* coefficientMeaning =
-    "Coefficients. All three are read as lengths: a bare number is handed out as it stands, one with another unit in "
-    "millimetres.";
+    "coefficients, all read as lengths: a bare number is handed out as it stands";
 constexpr VEXMELKTable curveTable{
     Text<&Curve::name>("name", "name of the curve"),
     Millimetres<&Curve::a>("a", coefficientMeaning),

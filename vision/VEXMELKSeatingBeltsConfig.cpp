@@ -65,7 +65,7 @@ constexpr VEXMELKTable anchorTable{
     Length<&Anchor::ShA2>("ShA2", "a bare number gets `mm`"),
     Length<&Anchor::ShA2RearAlt>("ShA2RearAlt", "a bare number gets `mm`"),
 };
-constexpr const char* multiplierMeaning = "plain numbers, handed out as numbers";
+constexpr const char* multiplierMeaning = "multipliers";
 constexpr VEXMELKTable multiplierTable{
     Number<&Anchor::ShMulti1a>("ShMulti1a", multiplierMeaning),
     Number<&Anchor::ShMulti2a>("ShMulti2a", multiplierMeaning),

@@ -9,17 +9,11 @@ using Record = VEXMELKWipersDefinition;
 
 constexpr VEXMELKTable table{
     Number<&Record::a_field>("a_field",
-        "share of each field, handed out as a plain number; what follows the number (`98%`) is ignored, and a text "
-        "that is none is 0",
-        Else(-1.0)),
+        "share of each field; what follows the number (`98%`) is ignored, and a text that is none is 0", Else(-1.0)),
     Number<&Record::b_field>("b_field",
-        "share of each field, handed out as a plain number; what follows the number (`98%`) is ignored, and a text "
-        "that is none is 0",
-        Else(-1.0)),
+        "share of each field; what follows the number (`98%`) is ignored, and a text that is none is 0", Else(-1.0)),
     Number<&Record::c_field>("c_field",
-        "share of each field, handed out as a plain number; what follows the number (`98%`) is ignored, and a text "
-        "that is none is 0",
-        Else(-1.0)),
+        "share of each field; what follows the number (`98%`) is ignored, and a text that is none is 0", Else(-1.0)),
 };
 constexpr VEXMELKElement categories = CategoryWith(table.rows);
 constexpr const VEXMELKElement* elements[] = {&categories};

@@ -3,6 +3,7 @@
 #include "Batch.h"
 #include "Registry.h"
 #include "VEXMELKCheckConfig.h"
+#include "VEXMELKFormatTable.h"
 #include "VEXMELKUtilities.h"
 #include "Values.h"
 
@@ -279,6 +280,16 @@ ExitStatus RunOperations(const CommandOptions& options)
     }
     if (options.asJson)
         PrintJson(json);
+    return Done;
+}
+
+ExitStatus RunSchema(const CommandOptions& options)
+{
+    const std::string only = options.configuration.empty() ? "" : FindConfiguration(options.configuration).name;
+    for (const auto& configuration : VEXMELKConfigManager::GetConfigurations())
+        if (only.empty() || configuration.description->name == only)
+            std::cout << "## " << configuration.description->name << "\n\n"
+                      << VEXMELKFormatTable(*configuration.description) << '\n';
     return Done;
 }
 

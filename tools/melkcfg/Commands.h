@@ -32,6 +32,7 @@ ExitStatus RunList(const CommandOptions& options, const Host& host);
 ExitStatus RunStandards(const CommandOptions& options, const Host& host);
 ExitStatus RunCategories(const CommandOptions& options, const Host& host);
 ExitStatus RunOperations(const CommandOptions& options);
+ExitStatus RunSchema(const CommandOptions& options);
 ExitStatus RunCall(const CommandOptions& options, const Host& host);
 
 #endif

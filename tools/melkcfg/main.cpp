@@ -88,6 +88,9 @@ ExitStatus Run(int argc, char** argv)
     CLI::App* operations = app.add_subcommand("operations", "Every query operation, with its arguments and outputs");
     operations->add_option("CONFIG", options.configuration, "Only those of this configuration");
 
+    CLI::App* schema = app.add_subcommand("schema", "The elements and attributes of each file, as tables in Markdown");
+    schema->add_option("CONFIG", options.configuration, "Only those of this configuration");
+
     CLI::App* call = app.add_subcommand("call", "Run one query operation, or a batch of them");
     call->add_option("CONFIG", options.configuration, "The configuration");
     call->add_option("OPERATION", options.operation, "The operation");
@@ -115,6 +118,8 @@ ExitStatus Run(int argc, char** argv)
         return RunCategories(options, host);
     if (operations->parsed())
         return RunOperations(options);
+    if (schema->parsed())
+        return RunSchema(options);
     if (settings.batch)
     {
         if (!options.configuration.empty())
