@@ -1,3 +1,4 @@
+// Look-ups over pugixml by a plan that says in text what to read. Reading the plan is not timed.
 #include "ByHand.h"
 
 #include "Peers.h"

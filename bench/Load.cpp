@@ -1,3 +1,4 @@
+// Loading a document with each of the parsers, as far as its tree can be asked.
 #include "Load.h"
 
 #include "Peers.h"

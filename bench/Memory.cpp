@@ -1,3 +1,4 @@
+// Stands in for malloc and its kin, and counts what they give out.
 #include "Memory.h"
 
 #include <algorithm>

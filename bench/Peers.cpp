@@ -1,3 +1,4 @@
+// The typical look-up by hand over each of the parsers.
 #include "Peers.h"
 
 #include <stdexcept>

@@ -1,3 +1,4 @@
+// Generated configuration directories. A tree of the same size always has the same bytes.
 #include "Trees.h"
 
 #include <algorithm>

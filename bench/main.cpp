@@ -1,3 +1,4 @@
+// Runs the benchmarks. A wrong answer ends the run, because its time would say nothing.
 #include "Bench.h"
 #include "VEXMELKConfigManager.h"
 #include "VEXMELKUtilities.h"

@@ -115,7 +115,7 @@ void VEXMELKConfig::CFGAttributeSetSimpleValue(
     Trace(attribute.name + " value = " + value);
 }
 
-// The values of lists are deliberately not supported.
+// Files have no form for the values of a list (docs/format.md, Default settings).
 void VEXMELKConfig::CFGAttributeSetListValues(
     VEXMELKCFGAttributeStr& attribute, const CATIDOMNamedNodeMap_var& /*parameter*/)
 {

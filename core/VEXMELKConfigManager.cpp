@@ -75,14 +75,14 @@ class [[gnu::visibility("hidden")]] VEXMELKConfigManager::List
     // The properties of the windscreen are neither created nor released here: whoever sets them keeps them.
     template <auto Member> static constexpr bool isOwned = true;
 
-    template <auto Member> static auto* Get(Manager& manager)
+    template <auto Member> static auto* Get(Manager & manager)
     {
         if constexpr (isOwned<Member>)
             return manager.Obtain(Member);
         else
             return manager.*Member;
     }
-    template <auto Member> static void Release(Manager& manager)
+    template <auto Member> static void Release(Manager & manager)
     {
         if constexpr (isOwned<Member>)
             ReleaseAndClear(manager.*Member);
@@ -161,7 +161,7 @@ VEXMELKConfigManager& VEXMELKConfigManager::operator=(const VEXMELKConfigManager
 VEXMELKConfigManager::~VEXMELKConfigManager()
 {
     ReleaseConfigManager(this);
-    m_OpticalPropsOfWSConfig = nullptr; // not released, on purpose
+    m_OpticalPropsOfWSConfig = nullptr; // not released: it belongs to whoever has set it
 }
 
 VEXMELKConfigManager* VEXMELKConfigManager::GetConfigManager()

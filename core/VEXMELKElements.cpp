@@ -1,3 +1,4 @@
+// The walks that are too long for the header.
 #include "VEXMELKElements.h"
 
 #include <algorithm>

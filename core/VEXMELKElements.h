@@ -1,6 +1,7 @@
 // Walking the elements of a document.
 //
-// A child here is a descendant whose parent has the node name of the element searched: on purpose, also a deeper one.
+// A child here is a descendant whose parent has the tag of the element searched, so it may lie deeper. Files rely on
+// that rule (docs/format.md, Children).
 #ifndef VEXMELKElements_H
 #define VEXMELKElements_H
 

@@ -1,3 +1,4 @@
+// Shows what the parser reports as a message box. A warning leaves the document as it is.
 #include "VEXMELKSAXErrorHandler.h"
 
 #include "VEXMELKAnswer.h"

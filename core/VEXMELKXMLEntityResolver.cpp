@@ -1,3 +1,4 @@
+// Finds the one document type that all files share, in the configuration directory. All others are left to the parser.
 #include "VEXMELKXMLEntityResolver.h"
 
 #include "VEXMELKAnswer.h"

@@ -1,3 +1,4 @@
+// Reading decimal numbers, correctly rounded and whatever the locale. Hexadecimal numbers, "nan" and "inf" are none.
 #include "CATNumberText.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// What a text does when it outgrows its storage.
 #include "CATShortText.h"
 
 #include <algorithm>

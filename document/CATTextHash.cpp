@@ -1,3 +1,4 @@
+// The secret of the process that makes hashes unforeseeable.
 #include "CATTextHash.h"
 
 #include <chrono>

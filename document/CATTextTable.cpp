@@ -1,3 +1,4 @@
+// The table doubles before more than half of it is in use, so that a search soon meets an empty slot.
 #include "CATTextTable.h"
 
 #include <algorithm>

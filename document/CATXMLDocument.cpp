@@ -1,3 +1,4 @@
+// Numbering names, and finding the elements of a tag below a node.
 #include "CATXMLDocument.h"
 
 #include <algorithm>

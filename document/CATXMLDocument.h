@@ -22,9 +22,9 @@
 // Throws std::bad_alloc: apart, so that programs without exceptions may include this.
 [[noreturn]] void CATOutOfMemory();
 
-// A growing array of plain values that never holds two copies of a large block while it grows, and can give back what
-// it has not used. It can begin in storage of somebody else: most documents are small, and so are written without
-// asking for memory before it is known how much they need.
+// A growing array of plain values. It never holds two copies of a large block while it grows, and gives back what it
+// has not used. It can start in storage that its owner provides: a small document is then written there first, and
+// memory is allocated once its size is known.
 template <class Value> class CATXMLBuffer
 {
     static_assert(std::is_trivially_copyable_v<Value>);

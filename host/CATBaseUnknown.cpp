@@ -1,3 +1,4 @@
+// The dictionary of external components. It is never destroyed, because callers may still ask at exit.
 #include "CATBaseUnknown.h"
 
 #include <cstring>

@@ -1,3 +1,4 @@
+// The factory of volatile parameters.
 #include "CATCkeGlobalFunctions.h"
 
 #include "CATQuantity.h"

@@ -1,3 +1,4 @@
+// The host's side of the parser: options, handlers and results. The parsing itself is in document/parsing.
 #include "CATIXMLDOMDocumentBuilder.h"
 
 #include "CATFiles.h"

@@ -1,3 +1,4 @@
+// Paths, and whether there may be a file. When that cannot be told, the answer is yes, so that the failure is reported.
 #include "CATPath.h"
 
 #include "CATFiles.h"

@@ -1,3 +1,4 @@
+// Reading numbers with units. Each unit converts in one rounded operation, so equal texts give equal numbers.
 #include "CATQuantity.h"
 
 #include "CATMathDef.h"

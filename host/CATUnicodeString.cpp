@@ -1,3 +1,4 @@
+// Strings: case change by utf8proc, and numbers as scanf and printf treat them, whatever the locale.
 #include "CATUnicodeString.h"
 
 #include "CATNumberText.h"

@@ -1,3 +1,4 @@
+// The portable access object: a text and a list of colour ranges.
 #include "VEXMELKAttrAccessBase.h"
 
 #include <algorithm>

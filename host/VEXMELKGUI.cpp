@@ -1,3 +1,4 @@
+// Hands boxes to the presenter. An exception of the host's does not get past it.
 #include "VEXMELKGUI.h"
 
 #include <iostream>

@@ -1,3 +1,4 @@
+// The settings that are read from the environment, unless the host has put its own in their place.
 #include "VEXMELKGetAdminAccess.h"
 
 #include <cstddef>

@@ -1,3 +1,4 @@
+// Hands lines to the sink. An exception of the host's does not get past it.
 #include "VEXMELKLog.h"
 
 #include <iostream>

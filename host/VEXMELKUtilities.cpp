@@ -1,3 +1,4 @@
+// The state of the application, the message texts, and the palette of sixteen colours.
 #include "VEXMELKUtilities.h"
 
 #include "CATFiles.h"

@@ -3,10 +3,10 @@
 // An object stands for one XML file NAME below a configuration directory DIR, in one of two layouts:
 //   split   DIR\Default\NAME, and optionally DIR\Customer\NAME, whose standards and settings take precedence;
 //   single  DIR\NAME, used only when DIR\Default\NAME does not exist.
-// The first look-up loads the documents; they live as long as the object. A message box tells of a missing
-// file once, and of a file that cannot be parsed at each attempt; queries then answer false, and the next one tries
-// again. A box may run the host's own code: whatever that asks, reloads or releases, the query outside of the box goes
-// on from the state that it has seen.
+// The first look-up loads the documents, which live as long as the object. When a file is missing or cannot be parsed,
+// the query answers false and the next one tries again. The message box for a missing file is shown once, the one for a
+// parse error at each attempt. A box may run the host's own code: whatever that asks, reloads or releases, the query
+// that showed the box goes on from the state that it has seen.
 //
 // A file holds elements "standard" with a "name" below its root; inside a standard, elements "category" with a "name"
 // carry the data. The category "default" supplies what a specific category leaves out.
@@ -59,8 +59,8 @@ public:
     unsigned char GetLoading(const CATUnicodeString& standard, CATUnicodeString& loading,
         const CATUnicodeString& category, unsigned char rear);
 
-    // The name of the standard's default settings. False when it has none, or more than one; the caller's own text
-    // counts as one where an element was found to look in.
+    // The name of the standard's default settings. False when it has none, or more than one. Where an entry or a
+    // standard was found without such a name, a text that the caller's variable holds is kept and counts as the name.
     unsigned char GetDefaultSettingsName(const CATUnicodeString& standard, CATUnicodeString& name);
 
     // The priority level of a standard: 1, 2 or 3, or 0 when it is in no list.
@@ -124,7 +124,8 @@ protected:
         const CATUnicodeString& standard, const CATUnicodeString& category, CATIDOMNamedNodeMap_var& defaultMap);
 
     // Children ----------------------------------------------------------------------
-    // A child is a descendant whose parent has the node name of the element searched: on purpose, also a deeper one.
+    // A child is a descendant whose parent has the tag of the element searched, so it may lie deeper. Files rely on
+    // that rule (docs/format.md, Children).
 
     // The first child with the tag and with that attribute value.
     unsigned char GetChildElementWithAtrributeValue(const CATIDOMElement_var& parent, const CATUnicodeString& tag,

@@ -123,7 +123,7 @@ public:
     VEXMELKPedestrianProtectionConfig* GetPedestrianProtectionConfig();
     VEXMELKHeadImpactConfig* GetHeadImpactConfig();
     VEXMELKPPOffsetConfig* GetPPOffsetConfig();
-    // Never created here, on purpose: null unless it was set by other means.
+    // Never created here, because its class is the base of two configurations: null unless a derived manager sets it.
     VEXMELKOpticalPropsOfWSConfig* GetOpticalPropsOfWSConfig();
     VEXMELKOpticalDistortionConfig* GetOpticalDistortionConfig();
     VEXMELKMultipleReflectionConfig* GetMultipleReflectionConfig();

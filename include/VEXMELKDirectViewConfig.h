@@ -15,7 +15,7 @@
 // The lists run in parallel: the i-th entries describe the i-th "Point".
 struct VEXMELKDirectViewCFG
 {
-    // Texts; empty when missing. A bare number comes back with "mm": on purpose.
+    // Texts; empty when missing. A bare number comes back with "mm", as existing files expect: write "deg".
     CATUnicodeString MaxTopAngle;
     CATUnicodeString MaxBottomAngle;
     CATUnicodeString MPAzimuth;

@@ -77,8 +77,9 @@ public:
     unsigned char GetBackAngleCorrection(const CATUnicodeString& standard, const CATUnicodeString& category,
         double backAngle, double& horizontal, double& vertical);
 
-    // The correction of the "hpoint_travel" with the largest value not above the travel. The travel comes in as metres,
-    // unlike all other travels: on purpose. False, with the output untouched, when there is none.
+    // The correction of the "hpoint_travel" with the largest value not above the travel. The travel is in metres,
+    // unlike all other travels, because the check that asks holds it so. False, with the output untouched, when there
+    // is none.
     unsigned char GetHPointTravelCorrection(
         const CATUnicodeString& standard, const CATUnicodeString& category, double hPointTravel, double& horizontal);
 

@@ -96,7 +96,7 @@ public:
         const CATUnicodeString& positioning, const VEXMELKManikinTemplateSeatEnum& seat);
 
     // Resets the record, then applies the percentile, its seat, the positioning and its seat, each over the ones before
-    // it. Always true: a missing template is one of defaults, on purpose.
+    // it. Always true: a missing template leaves the defaults.
     unsigned char GetStandardData(const CATUnicodeString& standard, const CATUnicodeString& category,
         const CATUnicodeString& percentil, const CATUnicodeString& positioning,
         const VEXMELKManikinTemplateSeatEnum& seat, VEXMELKManikinTemplateDefinition& definition);

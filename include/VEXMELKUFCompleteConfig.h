@@ -4,8 +4,8 @@
 //         Curb="..." DynCurb="..." InnerAngle="..." OilTub="..." SlopeAngle="..."
 //         SpaceToRoad="..." WheelFixing="..."/></standard>
 //
-// Values are texts with their unit ("120mm", "30deg"). A value is taken from the category, else from the category
-// "default" of the same standard.
+// Values are names of standards in the files of the seven checks. A name is taken from the category, else from the
+// category "default" of the same standard. Whether a standard of that name exists is not checked.
 #ifndef VEXMELKUFCompleteConfig_H
 #define VEXMELKUFCompleteConfig_H
 

@@ -17,7 +17,7 @@ struct VEXMELKWheelCoveringDefinition
     CATUnicodeString FrontBeta;       // angle
     CATUnicodeString BackAlpha;       // angle
     CATUnicodeString BackBeta;        // angle
-    CATUnicodeString BottomOffset;    // length; left as the caller had it when missing, on purpose
+    CATUnicodeString BottomOffset;    // length; a missing one keeps the caller's, so that a check can have a default
     CATUnicodeString TriangleHeight;  // length
     CATUnicodeString LineHeight;      // length
     unsigned char HasSpecialBack = 0; // false when missing

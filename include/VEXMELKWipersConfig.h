@@ -3,8 +3,7 @@
 //     <standard name="..."><category name="default"
 //         a_field="98" b_field="80" c_field="100"/></standard>
 //
-// Values are texts with their unit ("120mm", "30deg") unless stated. A value is taken from the category, else from the
-// category "default" of the same standard.
+// Values are plain numbers. A value is taken from the category, else from the category "default" of the same standard.
 #ifndef VEXMELKWipersConfig_H
 #define VEXMELKWipersConfig_H
 

@@ -229,7 +229,7 @@ VEXMELKEyeEllipsesConfig::VEXMELKEyeEllipsesConfig(const CATUnicodeString& confi
 {
 }
 
-// A pair whose category is missing keeps the data of the pair before it, on purpose.
+// A pair whose category is missing keeps the data of the pair before it (docs/format.md, EyeEllipses).
 unsigned char VEXMELKEyeEllipsesConfig::Init(const CATUnicodeString& standard, const CATUnicodeString& category)
 {
     if (standard == m_Standard && category == m_Category)

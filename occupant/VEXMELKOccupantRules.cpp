@@ -1,5 +1,5 @@
 // The rules by which rows are chosen, and what several occupant readers read alike. The rules of the generations differ
-// on purpose: each standard was written for its own (docs/format.md, EyeEllipses).
+// because each standard was written for its own (docs/format.md, EyeEllipses).
 #include "VEXMELKOccupantRules.h"
 
 #include <utility>

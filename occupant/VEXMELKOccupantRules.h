@@ -5,9 +5,9 @@
 #include "VEXMELKReader.h"
 
 // Chooses a row of a table by H-point travel. Rows and travel are in millimetres; the rows are shown in document order.
-// The rules differ on purpose:
+// The rules differ because each standard was written for its own:
 //
-//     rule             rows are meant    the row chosen                     else           below the last row
+//     rule             rows are written  the row chosen                     else           below the last row
 //     Coeficients1997  decreasing        first below the travel - 1e-10     the last row   fails (less than it - 1e-10)
 //     Radii1997        decreasing        first below the travel             the last row   fails (less than it - 1e-10)
 //     Radii2002        decreasing        first not above the travel         the last row   fails (less than it)

@@ -1,3 +1,4 @@
+// Default settings: which of them a standard uses, and what they make of a check's attributes.
 #include "Attributes.h"
 #include "LibraryTest.h"
 #include "VEXMELKUFCurbConfig.h"

@@ -1,3 +1,4 @@
+// What all configurations share: layouts, loading, standards, categories, loadings, priorities, eyes.
 #include "LibraryTest.h"
 #include "VEXMELKUnderfloorConfig.h"
 

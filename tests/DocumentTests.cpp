@@ -1,3 +1,4 @@
+// The DOM handles over documents of every kind of node.
 #include "CATIXMLDOMDocumentBuilder.h"
 #include "LibraryTest.h"
 

@@ -1,3 +1,4 @@
+// The fixture of all tests: a directory, the caught boxes and log lines, and tables of cases.
 #include "LibraryTest.h"
 
 #include <cstdlib>

@@ -1,3 +1,4 @@
+// The managers: one for each mode, creation, keys, reload, release, and queries while the process ends.
 #include "LibraryTest.h"
 #include "Memory.h"
 #include "Registry.h"

@@ -1,3 +1,4 @@
+// In place of the program's allocation functions: counts them and lets one of them fail.
 #include "Memory.h"
 
 #include <array>

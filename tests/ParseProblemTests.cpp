@@ -1,3 +1,4 @@
+// What is wrong with a document: which box comes up, with which text and place, and what is never read.
 #include "CATIXMLDOMDocumentBuilder.h"
 #include "LibraryTest.h"
 #include "VEXMELKSAXErrorHandler.h"

@@ -1,3 +1,4 @@
+// Numbers with units, against what the units are defined as.
 #include "CATCkeGlobalFunctions.h"
 #include "CATMathDef.h"
 #include "CATQuantity.h"

@@ -1,3 +1,4 @@
+// Strings, lists, paths, hashes, and the application's utilities.
 #include "CATFiles.h"
 #include "CATListOf.h"
 #include "CATPath.h"

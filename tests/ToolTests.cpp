@@ -1,3 +1,4 @@
+// melkcfg as its users run it: requests in a batch, commands, exit statuses.
 #include "Batch.h"
 #include "LibraryTest.h"
 

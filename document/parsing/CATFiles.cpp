@@ -1,3 +1,4 @@
+// Opens files so that neither a link nor "..", nor a folder that is swapped meanwhile, leads out of a directory.
 #include "CATFiles.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Builds the arena while the parser reports its events, and sorts the elements by tag when the document ends.
 #include "CATXMLDocumentWriter.h"
 
 #include <algorithm>

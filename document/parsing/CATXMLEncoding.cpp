@@ -1,3 +1,4 @@
+// Asks iconv for the character of each byte. An encoding whose bytes combine would need more than a table.
 #include "CATXMLEncoding.h"
 
 #include <algorithm>

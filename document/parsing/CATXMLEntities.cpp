@@ -1,3 +1,4 @@
+// Follows references without recursion, so that no chain of entities can exhaust the stack.
 #include "CATXMLEntities.h"
 
 #include "CATXMLBounds.h"

@@ -1,3 +1,4 @@
+// Searches for line ends and counts first bytes of characters. Gives up where the parser underneath counts otherwise.
 #include "CATXMLPlaceCounter.h"
 
 #include <strings.h>

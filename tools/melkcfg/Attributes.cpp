@@ -1,3 +1,4 @@
+// Editable attributes as JSON. The access objects that JSON describes live as long as the request.
 #include "Attributes.h"
 
 #include "Values.h"

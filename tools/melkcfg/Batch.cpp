@@ -1,3 +1,4 @@
+// One request, one answer: a line that is not understood is answered with an error, and the next one goes on.
 #include "Batch.h"
 
 #include "VEXMELKUtilities.h"

@@ -1,3 +1,4 @@
+// Each command: what it asks the library, and how it prints the answer as text or JSON.
 #include "Commands.h"
 
 #include "Batch.h"

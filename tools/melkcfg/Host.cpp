@@ -1,3 +1,4 @@
+// The application around the library: settings, caught boxes and log lines.
 #include "Host.h"
 
 #include <iostream>

@@ -149,7 +149,7 @@ xmlParserInputPtr LoadLocally(const char* name, const char* id, xmlParserCtxtPtr
     return name && std::strstr(name, "://") == nullptr ? loadAnything(name, id, context) : nullptr;
 }
 
-// What libxml2 takes and the library does not, on purpose: encodings of several bytes, contents from other files, and
+// What libxml2 takes and the library refuses for safety: encodings of several bytes, contents from other files, and
 // entities that nothing at hand declares.
 bool IsRefused(std::string_view message)
 {
@@ -211,6 +211,6 @@ int main()
         }
     }
     std::cout << same << " documents are the same, " << rejected << " are rejected by both, " << refused
-              << " are refused on purpose, " << different << " differ\n";
+              << " are refused for safety, " << different << " differ\n";
     return different > 0 ? 1 : 0;
 }
