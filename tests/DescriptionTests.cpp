@@ -209,10 +209,17 @@ protected:
         TakeBoxes(); // documents without any category are of the obsolete format
     }
 
-    // What was read although no element with its tag describes it.
+    // What was read although no element with its tag describes it, and elements that were looked for likewise.
     std::set<std::string> Undescribed(const Elements& all) const
     {
         std::set<std::string> undescribed;
+        for (const VEXMELKElement* element : elements)
+        {
+            const auto describes = [&](const VEXMELKElement* other)
+            { return IsSame(*other, *element) && other->place == element->place && other->choice == element->choice; };
+            if (std::none_of(all.begin(), all.end(), describes))
+                undescribed.insert("<" + std::string(element->tag) + ">");
+        }
         for (const auto& [row, tag] : reads)
         {
             bool isDescribed = false;
