@@ -5,39 +5,10 @@
 
 #include <cstdlib>
 #include <cstring>
-#include <numbers>
-#include <sstream>
 #include <stdexcept>
 #include <strings.h>
 
 namespace {
-
-Wanted AttributeFrom(std::string text)
-{
-    Wanted wanted;
-    const std::size_t equals = text.find('=');
-    if (equals != std::string::npos)
-    {
-        wanted.whenMissing = text.substr(equals + 1);
-        text.resize(equals);
-    }
-    const std::size_t colon = text.find(':');
-    wanted.attribute = text.substr(0, colon);
-    const std::string kind = colon == std::string::npos ? "" : text.substr(colon + 1);
-    if (kind == "flag")
-        wanted.kind = Kind::Flag;
-    else if (kind == "code")
-        wanted.kind = Kind::Code;
-    else if (kind == "num" || kind == "millimetres")
-        wanted.kind = Kind::Number;
-    else if (kind == "metres")
-        wanted = {wanted.attribute, Kind::Number, "", 0.001, ""};
-    else if (kind == "radians")
-        wanted = {wanted.attribute, Kind::Number, "", std::numbers::pi / 180.0, ""};
-    else
-        wanted.unit = kind;
-    return wanted;
-}
 
 // Lengths in millimetres, all else as it is written.
 double NumberOf(const char* text)
@@ -104,15 +75,6 @@ pugi::xml_node FindFirst(pugi::xml_node parent, const Elements& elements)
 }
 
 } // namespace
-
-std::vector<Wanted> Attributes(const std::string& text)
-{
-    std::vector<Wanted> attributes;
-    std::istringstream words(text);
-    for (std::string word; words >> word;)
-        attributes.push_back(AttributeFrom(word));
-    return attributes;
-}
 
 ByHand::ByHand(Plan plan) : m_Plan(std::move(plan)) { Load(); }
 

@@ -21,14 +21,10 @@ struct Wanted
 {
     std::string attribute = {}; // "." is the element's own text
     Kind kind = Kind::Text;
-    std::string unit;
+    std::string unit = {};
     double factor = 1.0;
-    std::string whenMissing;
+    std::string whenMissing = {};
 };
-
-// "front_offset:mm WholeLength:flag offset:mm=0mm": units are mm, deg, %; kinds are flag, code, and for numbers num,
-// millimetres, metres, radians.
-std::vector<Wanted> Attributes(const std::string& text);
 
 struct Value
 {

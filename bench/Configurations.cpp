@@ -50,6 +50,7 @@
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cmath>
+#include <numbers>
 #include <set>
 
 namespace {
@@ -107,22 +108,83 @@ Case Main(const char* operation, Result (Config::*query)(Arguments...), Plan pla
     return main;
 }
 
-Elements All(std::string tag, const std::string& attributes, std::vector<Elements> inner = {})
+Wanted WantedOf(const VEXMELKRow& row)
 {
-    return {std::move(tag), Attributes(attributes), Which::All, "", "", 0.0, std::move(inner)};
+    const std::string attribute(row.attribute);
+    switch (row.form)
+    {
+    case VEXMELKForm::Text:
+        return {attribute, Kind::Text, std::string(row.unit), 1.0, std::string(row.whenMissing.text)};
+    case VEXMELKForm::Flag:
+        return {attribute, Kind::Flag};
+    case VEXMELKForm::Number:
+        return {attribute, Kind::Number};
+    case VEXMELKForm::Millimetres:
+        return {attribute, row.unit == "m" ? Kind::Code : Kind::Number};
+    case VEXMELKForm::Metres:
+        return {attribute, Kind::Number, "", 0.001};
+    case VEXMELKForm::Radians:
+        return {attribute, Kind::Number, "", std::numbers::pi / 180.0};
+    default:
+        return {attribute, Kind::Code};
+    }
 }
 
-Elements First(std::string tag, const std::string& attributes, std::vector<Elements> inner = {})
+void Append(std::vector<Wanted>& attributes, const VEXMELKRow& row)
 {
-    return {std::move(tag), Attributes(attributes), Which::First, "", "", 0.0, std::move(inner)};
+    const auto isSame = [&](const Wanted& other) { return other.attribute == row.attribute; };
+    if (std::none_of(attributes.begin(), attributes.end(), isSame))
+        attributes.push_back(WantedOf(row));
 }
 
-Elements Keyed(
-    std::string tag, std::string attribute, std::string key, const std::string& attributes, std::vector<Elements> inner)
+// The plans of a configuration: elements and attributes are those of its description.
+class Planner
 {
-    return {std::move(tag), Attributes(attributes), Which::First, std::move(attribute), std::move(key), 0.0,
-        std::move(inner)};
-}
+public:
+    explicit Planner(const VEXMELKDescription& description) : m_Description(description) {}
+
+    std::string File() const
+    {
+        std::string file(m_Description.file);
+        std::replace(file.begin(), file.end(), '\\', '/');
+        return file;
+    }
+    std::vector<Wanted> Attributes(std::string_view tag, bool withKey = false) const
+    {
+        std::vector<Wanted> attributes;
+        for (const VEXMELKElement* element : m_Description.elements)
+            if (element->tag == tag && attributes.empty())
+            {
+                if (withKey && element->key)
+                    attributes.push_back({std::string(element->key->attribute), Kind::Code});
+                if (element->hasText)
+                    attributes.push_back({"."});
+                for (const VEXMELKRows rows : element->tables)
+                    for (const VEXMELKRow& row : rows)
+                        Append(attributes, row);
+            }
+        return attributes;
+    }
+    Elements All(const char* tag, std::vector<Elements> inner = {}) const
+    {
+        return {tag, Attributes(tag, true), Which::All, "", "", 0.0, std::move(inner)};
+    }
+    Elements First(const char* tag, std::vector<Elements> inner = {}) const
+    {
+        return {tag, Attributes(tag), Which::First, "", "", 0.0, std::move(inner)};
+    }
+    Elements Keyed(const char* tag, const char* attribute, const char* key, std::vector<Elements> inner) const
+    {
+        return {tag, Attributes(tag), Which::First, attribute, key, 0.0, std::move(inner)};
+    }
+    Elements Row(const char* tag, const char* attribute, Which which, double travel) const
+    {
+        return {tag, Attributes(tag), which, attribute, "", travel};
+    }
+
+private:
+    const VEXMELKDescription& m_Description;
+};
 
 Elements Over(Elements elements)
 {
@@ -133,155 +195,133 @@ Elements Over(Elements elements)
 constexpr const char* sample = "EU Passenger Car";
 constexpr const char* asked = "suv";
 
-template <auto Getter, class Query>
-Case Table(const char* file, const char* attributes, Query query, const char* category = asked)
+template <auto Getter> const VEXMELKDescription& DescriptionOf()
 {
-    return Main<Getter>(
-        "GetStandardData", query, {file, sample, category, Attributes(attributes), {}}, sample, category);
+    using Owner = std::remove_pointer_t<decltype((std::declval<VEXMELKConfigManager&>().*Getter)())>;
+    return Owner::description;
+}
+
+// The attributes of a category, asked for by standard and category.
+template <auto Getter, class Query> Case Table(Query query, const char* category = asked)
+{
+    const Planner planner(DescriptionOf<Getter>());
+    return Main<Getter>("GetStandardData", query,
+        {planner.File(), sample, category, planner.Attributes("category"), {}}, sample, category);
 }
 
 Plan BumpersPlan()
 {
-    Elements bumper = All("bumper", "loading Limit:mm Position:code Offset:mm Angle:deg=30.0deg");
+    const Planner planner(VEXMELKBumpersConfig::description);
+    Elements bumper = planner.All("bumper");
+    std::erase_if(bumper.wanted, [](const Wanted& wanted) { return wanted.attribute == "Profile"; });
     bumper.reference = "Profile";
     bumper.referencedTag = "Profile";
-    bumper.referencedWanted =
-        Attributes("NoseRadius:mm SideRadius:mm NoseAngle:deg SideAngle:deg NoseHeight:mm NoseLength:mm Width:mm "
-                   "Height:mm Extension:mm Depth:mm FilletRadius:mm RenderDepth:mm RenderHeight:mm RenderDistance:mm "
-                   "CenterLineLength:mm");
-    return {"OVA/Bumpers.xml", sample, asked, {}, {First("MiddlePendulum", "", {bumper})}, Plan::WholeCategory};
+    bumper.referencedWanted = planner.Attributes("Profile");
+    return {planner.File(), sample, asked, {}, {planner.First("MiddlePendulum", {bumper})}, Plan::WholeCategory};
 }
 
 Plan PedestrianPlan()
 {
-    Plan plan{"Safety/PedestrianProtection.xml", sample, asked,
-        Attributes("CuttingStep:mm WrapAroundUseWindshield:flag"), {}, Plan::ElementByElement};
+    const Planner planner(VEXMELKPedestrianProtectionConfig::description);
+    Plan plan{planner.File(), sample, asked, planner.Attributes("category"), {}, Plan::ElementByElement};
     for (const char* type : {"UpperBumper", "LowerBumper", "CornerOfBumper", "BonnetLeadingEdge", "BonnetSide",
              "WrapAround1", "WrapAround2", "WrapAround3", "BonnetRear"})
-        plan.elements.push_back(Keyed("curve", "type", type,
-            "angle:deg length:mm offset:mm=0.0mm radiusLower:mm radiusUpper:mm threshold:mm tangent_selection=lowest "
-            "use_upper_end:flag use_lower_end:flag use_left:flag use_right:flag curve_offset_type=WrapAround "
-            "curve_offset:mm=0.0mm warning:flag alternative_angle:deg=40.0deg",
-            {}));
+        plan.elements.push_back(planner.Keyed("curve", "type", type, {}));
     for (const char* area : {"bonnetTop1", "bonnetTop2"})
-        plan.elements.push_back(First(area, "name detail:flag splitM:num splitN:num",
-            {First("side", "limit offset:mm offset_type"),
-                First("front", "limit checkDist:mm limit2 offset:mm offset_type"),
-                First("rear", "limit offset:mm offset_type")}));
-    plan.elements.push_back(First("bonnetRearTemplate", "startradius step"));
+        plan.elements.push_back(
+            planner.First(area, {planner.First("side"), planner.First("front"), planner.First("rear")}));
+    plan.elements.push_back(planner.First("bonnetRearTemplate"));
     return plan;
 }
 
 Plan HeadImpactPlan()
 {
-    Plan plan{"Safety/HeadImpact.xml", "US Passenger Car", "", {}, {}};
-    plan.elements = {
-        First("HeadGravityCenter", "CG_FX_Offset:mm CG_FZ_Offset:mm CG_RX_Offset:mm CG_RZ_Offset:mm"),
-        First("UpperRoof", "RoofSectionOffset:mm ActiveRoofRatio MinVAngle:deg MaxVAngle:deg"),
-        First("APillar",
-            "AP2_Offset:mm PT1_Offset:mm PT2_Offset:mm MaxHLeftAngle:deg MaxHRightAngle:deg MaxVAngle:deg "
-            "MinHLeftAngle:deg MinHRightAngle:deg MinVAngle:deg MeasurementMethod:code MaxMeasurementDeviation:code"),
-        First("BPillar", "MinHLeftAngle:deg MaxHLeftAngle:deg MinHRightAngle:deg MaxHRightAngle:deg MinVAngle:deg "
-                         "MaxVAngle:deg"),
-        First("RearmostPillar", "RP2_Offset:mm RP1_Ratio MinVAngle:deg MaxVAngle:deg MinHLeftAngle:deg "
-                                "MaxHLeftAngle:deg MinHRightAngle:deg MaxHRightAngle:deg"),
-        First("OtherPillar", "HLeftAngle:deg HRightAngle:deg MinVAngle:deg MaxVAngle:deg"),
-        First("FrontHeader", "FH1_Offset:mm FH2_Offset:mm MinVAngle:deg MaxVAngle:deg HAngle:deg"),
-        First("RearHeader", "RH_Offset:mm MinVAngle:deg MaxVAngle:deg HAngle:deg"),
-        First("SideRail", "SR1_Offset:mm SR2_Offset:mm SR3_Offset:mm HLeftAngle:deg HRightAngle:deg MinVAngle:deg "
-                          "MaxVAngle:deg"),
-        First("SlidingDoorTrack", "HLeftAngle:deg HRightAngle:deg MinVAngle:deg MaxVAngle:deg"),
-        First("RollBar", "HAngle:deg MinVAngle:deg MaxVAngle:deg"),
-        First("StiffenerBrace", "HLeftAngle:deg HRightAngle:deg MinVAngle:deg MaxVAngle:deg"),
-    };
+    const Planner planner(VEXMELKHeadImpactConfig::description);
+    Plan plan{planner.File(), "US Passenger Car", "", {}, {}};
+    for (const VEXMELKElement* zone : VEXMELKHeadImpactConfig::description.elements)
+        plan.elements.push_back(planner.First(zone->tag.data()));
     return plan;
 }
 
 Plan ManikinPlan()
 {
-    const std::string rows = "torso_length:mm torso_angle:deg seat_point:code hip_angle:deg rump_length:mm "
-                             "knee_angle:deg leg_room:mm leg_length:mm foot_angle:deg max_foot_angle:deg "
-                             "min_foot_angle:deg foot_length:mm foot_flesh_angle:deg foot_hoffset:mm foot_voffset:mm "
-                             "bof_point:code ankle_point:code lift:mm heel_point:code pedal:code floor:code "
-                             "interior:code interior_interval:mm foot_on_floor:flag";
-    const Elements seat = Over(First("driver_seat", rows));
-    return {"Manikin/ManikinTemplate.xml", "Two-dimensional Template", asked, {},
-        {Keyed("percentil", "value", "95", rows, {seat}),
-            Over(Keyed("positioning", "name", "heel point", rows, {seat}))},
+    const Planner planner(VEXMELKManikinTemplateConfig::description);
+    const Elements seat = Over(planner.First("driver_seat"));
+    return {planner.File(), "Two-dimensional Template", asked, {},
+        {planner.Keyed("percentil", "value", "95", {seat}),
+            Over(planner.Keyed("positioning", "name", "heel point", {seat}))},
         Plan::WholeCategory};
+}
+
+Plan RadiiPlan()
+{
+    const Planner planner(VEXMELKEyeEllipsesConfig::description);
+    Elements radii = planner.Row("radii", "h_point_travel", Which::FirstNotAbove, 110.0);
+    std::erase_if(radii.wanted, [](const Wanted& wanted) { return !wanted.attribute.ends_with("_95"); });
+    return {planner.File(), "Eye Ellipses 2002", "", {}, {planner.First("coeficients2002", {radii})}};
+}
+
+Plan MirrorPlan()
+{
+    const Planner planner(VEXMELKMirrorConfig::description);
+    Elements point = planner.All("Point");
+    std::erase_if(point.wanted, [](const Wanted& wanted) { return wanted.attribute.starts_with("Z"); }); // on the road
+    point.wanted.front().kind = Kind::Code; // says so, and is not handed out
+    return {planner.File(), sample, asked, {}, {planner.Keyed("InstructionField", "PositionType", "Interior", {point})},
+        Plan::WholeCategory, "standard", planner.Attributes("standard")};
 }
 
 std::vector<Case> UnderfloorCases()
 {
     using M = VEXMELKConfigManager;
     return {
-        Table<&M::GetUFSlopeAngleConfig>(
-            "OVA/UFSlopeAngle.xml", "front_angle:deg back_angle:deg", &VEXMELKUFSlopeAngleConfig::GetStandardData),
-        Table<&M::GetUFInnerAngleConfig>(
-            "OVA/UFInnerAngle.xml", "inner_angle:deg calculation", &VEXMELKUFInnerAngleConfig::GetStandardData),
-        Table<&M::GetUFCurbConfig>("OVA/UFCurb.xml", "front_offset:mm front_angle:deg back_angle:deg back_offset:mm",
-            &VEXMELKUFCurbConfig::GetStandardData),
-        Table<&M::GetUFDynamicCurbConfig>("OVA/UFDynamicCurb.xml",
-            "out_offset:mm in_offset:mm in_length:mm calculation", &VEXMELKUFDynamicCurbConfig::GetStandardData),
-        Table<&M::GetUFSpaceToRoadConfig>("OVA/UFSpaceToRoad.xml",
-            "offset:mm WholeLength:flag CalcUnderAxis:flag OffsetUnderAxes:mm CircUnderAxis:flag extension:mm "
-            "WheelRadius:flag GeneralSurface:flag",
-            &VEXMELKUFSpaceToRoadConfig::GetStandardData),
-        Table<&M::GetUFOilTubConfig>("OVA/UFOilTub.xml", "out_offset:mm out_angle:deg in_offset:mm in_angle:deg",
-            &VEXMELKUFOilTubConfig::GetStandardData),
-        Table<&M::GetUFWheelFixingConfig>(
-            "OVA/UFWheelFixing.xml", "radius:mm offset:mm", &VEXMELKUFWheelFixingConfig::GetStandardData),
-        Table<&M::GetUFCompleteConfig>("OVA/UFComplete.xml",
-            "Curb DynCurb InnerAngle OilTub SlopeAngle SpaceToRoad WheelFixing",
-            &VEXMELKUFCompleteConfig::GetStandardData),
+        Table<&M::GetUFSlopeAngleConfig>(&VEXMELKUFSlopeAngleConfig::GetStandardData),
+        Table<&M::GetUFInnerAngleConfig>(&VEXMELKUFInnerAngleConfig::GetStandardData),
+        Table<&M::GetUFCurbConfig>(&VEXMELKUFCurbConfig::GetStandardData),
+        Table<&M::GetUFDynamicCurbConfig>(&VEXMELKUFDynamicCurbConfig::GetStandardData),
+        Table<&M::GetUFSpaceToRoadConfig>(&VEXMELKUFSpaceToRoadConfig::GetStandardData),
+        Table<&M::GetUFOilTubConfig>(&VEXMELKUFOilTubConfig::GetStandardData),
+        Table<&M::GetUFWheelFixingConfig>(&VEXMELKUFWheelFixingConfig::GetStandardData),
+        Table<&M::GetUFCompleteConfig>(&VEXMELKUFCompleteConfig::GetStandardData),
     };
 }
 
 std::vector<Case> OccupantCases()
 {
     using M = VEXMELKConfigManager;
-    const std::string offsets = "dx:millimetres dy:millimetres dz:millimetres";
-    const std::string bounds = "min:millimetres max:millimetres";
-    Elements radii2002{"radii", Attributes("radiusX_95:millimetres radiusY_95:millimetres radiusZ_95:millimetres"),
-        Which::FirstNotAbove, "h_point_travel", "", 110.0};
-    Elements radiiRow{"h_point_travel", Attributes("x_radius:millimetres y_radius:millimetres z_radius:millimetres"),
-        Which::LastBelow, "value", "", 110.0};
+    const Planner baseData(VEXMELKBaseDataConfig::description);
+    const Planner eyePoints(VEXMELKEyePointsConfig::description);
+    const Planner extended(VEXMELKExtendedEyePointsConfig::description);
+    const Planner headContour(VEXMELKHeadContourConfig::description);
+    const Planner curves(VEXMELKSRPLocationCurvesConfig::description);
+    const Elements radii = headContour.Row("h_point_travel", "value", Which::LastBelow, 110.0);
     return {
         Main<&M::GetBaseDataConfig>("GetSeatDataForBaseDataCategory",
             &VEXMELKBaseDataConfig::GetSeatDataForBaseDataCategory,
-            {"OVA/BaseData.xml", "default", "", {},
-                {All("seat",
-                    "name IsFront:flag BackAngle:deg HPointTravel:mm RefPointX:mm RefPointY:mm RefPointZ:mm "
-                    "HeelRPX:mm HeelRPY:mm HeelRPZ:mm PedalRPX:mm PedalRPY:mm PedalRPZ:mm SteerRPX:mm SteerRPY:mm "
-                    "SteerRPZ:mm")},
-                Plan::WholeCategory, "category"},
-            "default"),
-        Main<&M::GetEyeEllipsesConfig>("GetRadii2002", &VEXMELKEyeEllipsesConfig::GetRadii2002,
-            {"Manikin/EyeEllipses.xml", "Eye Ellipses 2002", "", {}, {First("coeficients2002", "", {radii2002})}},
-            "Eye Ellipses 2002", 110.0, 95),
+            {baseData.File(), "default", "", {}, {baseData.All("seat")}, Plan::WholeCategory, "category"}, "default"),
+        Main<&M::GetEyeEllipsesConfig>(
+            "GetRadii2002", &VEXMELKEyeEllipsesConfig::GetRadii2002, RadiiPlan(), "Eye Ellipses 2002", 110.0, 95),
         Main<&M::GetEyePointsConfig>("GetEyePoints", &VEXMELKEyePointsConfig::GetEyePoints,
-            {"Manikin/EyePoints.xml", "V and P Points", asked, {}, {All("point", "name dx:mm dy:mm dz:mm")},
-                Plan::WholeCategory},
+            {eyePoints.File(), "V and P Points", asked, {}, {eyePoints.All("point")}, Plan::WholeCategory},
             "V and P Points", asked),
         Main<&M::GetExtendedEyePointsConfig>("GetExtendedEyePointMovements",
             &VEXMELKExtendedEyePointsConfig::GetExtendedEyePointMovements,
-            {"Manikin/ExtendedEyePoints.xml", "In-house Extended Eyes", asked, {},
-                {First("movements", "type"),
-                    First("standard_movements", "used_eye_position:code",
-                        {First("ext_up", offsets), First("ext_front", offsets), First("ext_side", offsets)}),
-                    First("free_movements", "",
-                        {First("down_up", bounds), First("left_right", bounds), First("forward_backward", bounds)})},
+            {extended.File(), "In-house Extended Eyes", asked, {},
+                {extended.First("movements"),
+                    extended.First("standard_movements",
+                        {extended.First("ext_up"), extended.First("ext_front"), extended.First("ext_side")}),
+                    extended.First("free_movements",
+                        {extended.First("down_up"), extended.First("left_right"), extended.First("forward_backward")})},
                 Plan::ElementByElement},
             "In-house Extended Eyes", asked),
         Main<&M::GetHeadContourConfig>("GetRadii", &VEXMELKHeadContourConfig::GetRadii,
-            {"Manikin/HeadContour.xml", "Head Contour 2002", asked, {},
-                {First("radii", "", {Keyed("cutoff", "value", "95", "", {radiiRow})})}, Plan::WholeCategory},
+            {headContour.File(), "Head Contour 2002", asked, {},
+                {headContour.First("radii", {headContour.Keyed("cutoff", "value", "95", {radii})})},
+                Plan::WholeCategory},
             "Head Contour 2002", asked, 110.0, 95),
         Main<&M::GetSRPLocationCurvesConfig>("GetStandardData", &VEXMELKSRPLocationCurvesConfig::GetStandardData,
-            {"Manikin/SRPLocationCurves.xml", "Seat Location", asked, {},
-                {All("curve", "name a:millimetres b:millimetres c:millimetres z_max:millimetres z_min:millimetres")},
-                Plan::WholeCategory},
-            "Seat Location", asked),
+            {curves.File(), "Seat Location", asked, {}, {curves.All("curve")}, Plan::WholeCategory}, "Seat Location",
+            asked),
         Main<&M::GetManikinTemplateConfig>("GetStandardData", &VEXMELKManikinTemplateConfig::GetStandardData,
             ManikinPlan(), "Two-dimensional Template", asked, "95", "heel point", MTDriverSeat),
     };
@@ -290,71 +330,48 @@ std::vector<Case> OccupantCases()
 std::vector<Case> VisionCases()
 {
     using M = VEXMELKConfigManager;
+    const Planner fields(VEXMELKFieldsOfViewConfig::description);
+    const Planner otherFields(VEXMELKERFieldsOfViewConfig::description);
+    const Planner closeRange(VEXMELKCRVConfig::description);
+    const Planner directView(VEXMELKDirectViewConfig::description);
+    const Planner directView3D(VEXMELKDirectView3DConfig::description);
+    const Planner access(VEXMELKDBAccessConfig::description);
+    const Planner reports(VEXMELKReportGenConfig::description);
     return {
-        Table<&M::GetSeatingBeltsConfig>("OVA/SeatingBelts.xml",
-            "EUApproach:flag BackAngleEditAble:flag Trans1IsSpecial:flag Trans2IsSpecial:flag Trans3IsSpecial:flag "
-            "USLowShiftThreshold:mm USLowXShift:mm USLowZShift:mm PlaneDistP:mm PlaneDistQ:mm PlaneDistR:mm",
-            &VEXMELKSeatingBeltsConfig::GetStandardData, "van"),
+        Table<&M::GetSeatingBeltsConfig>(&VEXMELKSeatingBeltsConfig::GetStandardData, "van"),
         Main<&M::GetFieldsOfViewConfig>("GetStandardData", &VEXMELKFieldsOfViewConfig::GetStandardData,
-            {"Vision/FieldsOfView.xml", sample, asked,
-                Attributes("threshold1:mm threshold2:mm threshold3:mm threshold4:mm"),
-                {All("field", "type:code offset:mm",
-                    {All("interval",
-                        "index:code top_angle:deg bottom_angle:deg driver_angle:deg passenger_angle:deg")})},
-                Plan::Overlay},
+            {fields.File(), sample, asked, fields.Attributes("category"),
+                {fields.All("field", {fields.All("interval")})}, Plan::Overlay},
             sample, asked),
         Main<&M::GetERFieldsOfViewConfig>("GetStandardData", &VEXMELKERFieldsOfViewConfig::GetStandardData,
-            {"Vision/ERFieldsOfView.xml", sample, asked, {},
-                {All("field", "type:code top_angle:deg bottom_angle:deg driver_angle:deg offset:mm=0mm",
-                    {All("subtract", "type:code upper_area_default side_area_default lower_area_default "
-                                     "extended_a_field_default bottom_angle:deg A1_driver_angle:deg A2_area_width:mm "
-                                     "driver_angle:deg cut_out_width:mm")})},
+            {otherFields.File(), sample, asked, {}, {otherFields.All("field", {otherFields.All("subtract")})},
                 Plan::Overlay},
             sample, asked),
         Main<&M::GetCRVConfig>("GetStandardData", &VEXMELKCRVConfig::GetStandardData,
-            {"Vision/CloseRangeVisibility.xml", sample, asked, {},
-                {First("cylinder", "radius height visibleRayCount"),
-                    First("area", "type front_offset:mm driver_side_extension:mm passenger_side_extension:mm"),
-                    First("death_zone", "param1 param2")},
+            {closeRange.File(), sample, asked, {},
+                {closeRange.First("cylinder"), closeRange.First("area"), closeRange.First("death_zone")},
                 Plan::ElementByElement},
             sample, asked),
-        Table<&M::GetVisionPointsConfig>("Vision/VisionPoints.xml",
-            "top_angle:deg bottom_angle:deg horizontal_angle:deg", &VEXMELKVisionPointsConfig::GetStandardData, "van"),
-        Table<&M::GetVisionConeConfig>("Vision/VisionCone.xml",
-            "cone_angle:deg horizontal_axis_angle:deg vertical_axis_angle:deg cone_length:mm",
-            &VEXMELKVisionConeConfig::GetStandardData, "van"),
-        Table<&M::GetPyramidConfig>("Vision/VisionPlanes.xml",
-            "front_angle:deg driver_angle:deg passenger_angle:deg middle_plane_angle:deg",
-            &VEXMELKPyramidConfig::GetStandardData, "van"),
-        Table<&M::GetAPillarConfig>("Vision/APillar.xml",
-            "top_angle:deg bottom_angle:deg driver_angle:deg passenger_angle:deg eye_triangle_side:mm "
-            "eye_triangle_base:mm touch_line_angle:deg",
-            &VEXMELKAPillarConfig::GetStandardData, "van"),
-        Main<&M::GetMirrorConfig>("GetStandardData", &VEXMELKMirrorConfig::GetStandardData,
-            {"Vision/Mirror.xml", sample, asked, {},
-                {Keyed("InstructionField", "PositionType", "Interior", "Plane PositionType X:mm XREL ReqTotalCoverage",
-                    {All("Point", "TargetOnRoad:code X:mm XREL Y:mm YREL R:mm")})},
-                Plan::WholeCategory, "standard", Attributes("infinite_size:mm USBackLineDistance:mm USAngle:deg")},
-            sample, asked, "Interior"),
-        Table<&M::GetOpticalDistortionConfig>("Vision/OpticalDistortion.xml", "dcRadius:mm dcDensity",
-            &VEXMELKOpticalDistortionConfig::GetStandardData, "van"),
-        Table<&M::GetMultipleReflectionConfig>("Vision/MultipleReflection.xml", "rayDirection:code",
-            &VEXMELKMultipleReflectionConfig::GetStandardData, "van"),
+        Table<&M::GetVisionPointsConfig>(&VEXMELKVisionPointsConfig::GetStandardData, "van"),
+        Table<&M::GetVisionConeConfig>(&VEXMELKVisionConeConfig::GetStandardData, "van"),
+        Table<&M::GetPyramidConfig>(&VEXMELKPyramidConfig::GetStandardData, "van"),
+        Table<&M::GetAPillarConfig>(&VEXMELKAPillarConfig::GetStandardData, "van"),
+        Main<&M::GetMirrorConfig>(
+            "GetStandardData", &VEXMELKMirrorConfig::GetStandardData, MirrorPlan(), sample, asked, "Interior"),
+        Table<&M::GetOpticalDistortionConfig>(&VEXMELKOpticalDistortionConfig::GetStandardData, "van"),
+        Table<&M::GetMultipleReflectionConfig>(&VEXMELKMultipleReflectionConfig::GetStandardData, "van"),
         Main<&M::GetDirectViewConfig>("GetStandardData", &VEXMELKDirectViewConfig::GetStandardData,
-            {"Vision/DirectView.xml", sample, asked,
-                Attributes("MaxTopAngle:mm MaxBottomAngle:mm MPAzimuth:mm MPElevation:mm"),
-                {All("Point", "X:code Y:code Z:code name reference:code")}, Plan::WholeCategory},
+            {directView.File(), sample, asked, directView.Attributes("category"), {directView.All("Point")},
+                Plan::WholeCategory},
             sample, asked),
         Main<&M::GetDirectView3DConfig>("GetStandardData", &VEXMELKDirectView3DConfig::GetStandardData,
-            {"Vision/DirectView3D.xml", sample, asked, Attributes("ComputationType ViewRange:radians Direction"),
-                {First("Target", "Distance:millimetres type")}},
+            {directView3D.File(), sample, asked, directView3D.Attributes("category"), {directView3D.First("Target")}},
             sample, asked),
-        Table<&M::GetWipersConfig>(
-            "Toolbox/Wipers.xml", "a_field:num b_field:num c_field:num", &VEXMELKWipersConfig::GetStandardData),
+        Table<&M::GetWipersConfig>(&VEXMELKWipersConfig::GetStandardData),
         Main<&M::GetDBAccessConfig>("GetDBAccessParameters", &VEXMELKDBAccessConfig::GetDBAccessParameters,
-            {"DBAccess.xml", "", "", Attributes("host user password db_name"), {}, Plan::WholeCategory, "", {}, true}),
+            {access.File(), "", "", access.Attributes("*"), {}, Plan::WholeCategory, "", {}, true}),
         Main<&M::GetReportGenConfig>("GetTemplateHeaderData", &VEXMELKReportGenConfig::GetTemplateHeaderData,
-            {"ReportTemplates.xml", "Standard", "", {}, {First("header", ".")}, Plan::WholeCategory, "template"},
+            {reports.File(), "Standard", "", {}, {reports.First("header")}, Plan::WholeCategory, "template"},
             "Standard"),
     };
 }
@@ -362,40 +379,20 @@ std::vector<Case> VisionCases()
 std::vector<Case> SafetyCases()
 {
     using M = VEXMELKConfigManager;
-    std::string freeSpace;
-    for (const Field& field : freeSpaceFields)
-        freeSpace += std::string(field.attribute) + ":" + field.unit + " ";
+    const Planner lamps(VEXMELKLampPositionsConfig::description);
+    const Planner barriers(VEXMELKCrashBarriersConfig::description);
+    const Planner offsets(VEXMELKPPOffsetConfig::description);
     return {
-        Table<&M::GetNumberPlatesConfig>("OVA/NumberPlates.xml",
-            "FrontLowerLimit:mm FrontUpperLimit:mm FrontRightLimit:mm FrontLeftLimit:mm BackLowerLimit:mm "
-            "BackUpperLimit:mm BackRightLimit:mm BackLeftLimit:mm",
-            &VEXMELKNumberPlatesConfig::GetStandardData),
+        Table<&M::GetNumberPlatesConfig>(&VEXMELKNumberPlatesConfig::GetStandardData),
         Main<&M::GetLampPositionsConfig>("GetStandardData", &VEXMELKLampPositionsConfig::GetStandardData,
-            {"OVA/LampPositions.xml", sample, asked, {},
-                {All("Lamp", "Abbr Descr IsFront:flag IsBack:flag IsSide:flag MinVerticalSpace:mm MaxVerticalSpace:mm "
-                             "MinInnerSpace:mm MinInnerSpace2:mm MaxOuterSpace:mm MaxOuterSpace2:mm MaxFrontSpace:mm "
-                             "MaxFrontSpace2:mm MaxBackSpace:mm MaxBackSpace2:mm LampColor LampVisibility "
-                             "WidthThreshold:mm LengthThreshold:mm")},
-                Plan::WholeCategory},
-            sample, asked),
+            {lamps.File(), sample, asked, {}, {lamps.All("Lamp")}, Plan::WholeCategory}, sample, asked),
         Main<&M::GetBumpersConfig>(
             "GetStandardData", &VEXMELKBumpersConfig::GetStandardData, BumpersPlan(), sample, asked, MiddlePendulum),
-        Table<&M::GetWheelCoveringConfig>("OVA/WheelCovering.xml",
-            "FrontAlpha:deg FrontBeta:deg BackAlpha:deg BackBeta:deg BottomOffset:mm TriangleHeight:mm LineHeight:mm "
-            "HasSpecialBack:flag AlgorithmType Tolerance=0.0m",
-            &VEXMELKWheelCoveringConfig::GetStandardData),
-        Table<&M::GetChildProtectionConfig>("OVA/ChildProtection.xml",
-            "CPShDist:mm CPShRadius:mm CPBackDist:mm CPTopAngle:deg CPShCShift:mm CPVolVertAngle:deg "
-            "CPVolHorizAngle:deg CPVolHorizOffset:mm CPUseCShift:flag CPAustralianNormOffset:mm CPAustralianNorm:flag",
-            &VEXMELKChildProtectionConfig::GetStandardData, "van"),
-        Table<&M::GetFreeSpaceConfig>("OVA/FreeSpace.xml", freeSpace.c_str(), &VEXMELKFreeSpaceConfig::GetStandardData),
+        Table<&M::GetWheelCoveringConfig>(&VEXMELKWheelCoveringConfig::GetStandardData),
+        Table<&M::GetChildProtectionConfig>(&VEXMELKChildProtectionConfig::GetStandardData, "van"),
+        Table<&M::GetFreeSpaceConfig>(&VEXMELKFreeSpaceConfig::GetStandardData),
         Main<&M::GetCrashBarriersConfig>("GetStandardData", &VEXMELKCrashBarriersConfig::GetStandardData,
-            {"OVA/CrashBarriers.xml", "In-house 2024", asked, {},
-                {All("barrier", "AllowMovingAroundX:flag DeltaZLeft=0mm DeltaZRight=0mm shape:code loading "
-                                "Position:code Rotation:deg=0deg OverlappingSide:code PositionToGeometry:flag "
-                                "EnableAdditionalShift:flag AdditionalShift:mm=0mm ReferencePart:flag "
-                                "HeightAboveRoad:mm Overlapping:code")},
-                Plan::WholeCategory},
+            {barriers.File(), "In-house 2024", asked, {}, {barriers.All("barrier")}, Plan::WholeCategory},
             "In-house 2024", asked),
         Main<&M::GetPedestrianProtectionConfig>(
             "GetStandardData", &VEXMELKPedestrianProtectionConfig::GetStandardData, PedestrianPlan(), sample, asked),
@@ -404,10 +401,8 @@ std::vector<Case> SafetyCases()
                 const CATUnicodeString&, VEXMELKHeadImpactDefinition&)>(&VEXMELKHeadImpactConfig::GetStandardData),
             HeadImpactPlan(), "US Passenger Car"),
         Main<&M::GetPPOffsetConfig>("GetStandardData", &VEXMELKPPOffsetConfig::GetStandardData,
-            {"Safety/PedestrianProtectionOffset.xml", sample, asked, Attributes("calculation_type offset:metres"),
-                {First("section_based", "definition_type profile_type x_step:metres y_step:metres ref_part",
-                    {All("curve", "type inner_offset:metres outer_offset:metres"),
-                        First("outer_region", "measurement_type param_x:metres")})},
+            {offsets.File(), sample, asked, offsets.Attributes("category"),
+                {offsets.First("section_based", {offsets.All("curve"), offsets.First("outer_region")})},
                 Plan::ElementByElement},
             sample, asked),
     };

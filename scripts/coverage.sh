@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# scripts/coverage.sh: prints which lines and branches of core, occupant, vision and safety the tests do not reach, and
+# scripts/coverage.sh: prints which lines and branches of the library, insight and the tool the tests do not reach, and
 # how many they do. Branches that only an exception takes, and those that the compiler made, are not counted.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -14,7 +14,7 @@ ctest --test-dir "$build" --output-on-failure -j "$(nproc)" | tail -n 3
 
 report() {
     gcovr --root . "$build" --exclude-throw-branches --exclude-unreachable-branches \
-        --filter 'core/' --filter 'occupant/' --filter 'vision/' --filter 'safety/' "$@"
+        --filter '(document|host|description|include|core|occupant|vision|safety|insight|tools/melkcfg)/' "$@"
 }
 report --txt | grep -vE ' (100|--)% *$'
 report --branches --txt --print-summary | grep -vE ' (100|--)% *$'

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Tests the tests: changes one place of core, occupant, vision or safety at a time and runs the tests against it.
+"""Tests the tests: changes one place of the library, insight or the tool at a time and runs the tests against it.
 
     scripts/mutate.py [--count N] [--seed S] [--jobs J] [--file PART]
 
-Needs the release build (cmake --preset release && cmake --build --preset release). A mutant is caught when a test fails,
-crashes or hangs; one that does not compile does not count. Prints the survivors and the share that was caught."""
+Builds copies of the project below build/mutate. A mutant is caught when a test fails, crashes or hangs; one that does
+not compile does not count. Prints the survivors and the share that was caught, for each folder and in all."""
 import argparse
 import concurrent.futures
 import os
@@ -16,8 +16,7 @@ import shutil
 import subprocess
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-FOLDERS = ("core", "occupant", "vision", "safety")
-TESTS = ROOT / "build/release/bin/melk_tests"
+FOLDERS = ("document", "document/parsing", "host", "description", "core", "occupant", "vision", "safety", "insight", "tools/melkcfg")
 
 # What is changed: a name for the kind, what to look for in a line, and what to put there.
 SWAPS = [
@@ -30,22 +29,26 @@ SWAPS = [
     ("condition", r" && ", " || "),
     ("condition", r" \|\| ", " && "),
     ("condition", r"\bif \(!", "if ("),
-    ("unit", r'", "mm", ', '", "deg", '),
-    ("unit", r'", "deg", ', '", "mm", '),
-    # Flags and plain numbers do not look at their unit, and a length without one is in millimetres anyway.
-    ("unit", r'(\{"\w+"), "", (?!.*\b(?:AsFlag|AsNumber|InMetres|InMillimetres|ByLengthParameter)\b)', r'\1, "mm", '),
-    ("default", r", (Keep|true|false)\}", {"Keep": ", 77.0}", "true": ", false}", "false": ", true}"}),
-    ("default", r', "[^"]+"\},', "},"),
-    ("default", r", 0\.0\}", ", 77.0}"),
+    ("kind", r"\bLength(?=[<(])", "Angle"),
+    ("kind", r"\bAngle(?=[<(])", "Length"),
+    ("kind", r"\bMillimetres(?=[<(])", "Metres"),
+    ("kind", r"\bMetres(?=[<(])", "Millimetres"),
+    ("unit", r'"mm"', '"cm"'),
+    ("unit", r'"deg"', '"rad"'),
+    ("default", r", (?:Keep|Skip|Repeat|Fail)(?=[,)])", ""),
+    ("default", r", Else\([^()]*\)", ""),
+    ("default", r" = true\b", " = false"),
+    ("default", r" = false\b", " = true"),
+    ("place", r"VEXMELKPlace::AnyDepth", "VEXMELKPlace::Child"),
     ("result", r"\breturn 1;", "return 0;"),
     ("result", r"\breturn 0;", "return 1;"),
     ("result", r"\breturn true;", "return false;"),
     ("result", r"\breturn false;", "return true;"),
     ("number", r"\b100\.0\b", "10.0"),
+    ("number", r"\b0x[0-9A-F]{6}\b", "0x123456"),
 ]
-# What is taken out: a row of a table, a statement.
+# What is taken out: a statement.
 REMOVALS = [
-    ("row", re.compile(r'^\s+\{"\w+", .*\},$')),
     ("statement", re.compile(r"^\s+[\w.\->\[\]]+ = [^{}]*;(\s*//.*)?$")),
     ("statement", re.compile(r"^\s+[\w.\->]+\([^{}]*\);(\s*//.*)?$")),
 ]
@@ -67,19 +70,19 @@ def mutants_of(path):
 
 
 def chosen(count, seed, part):
-    """The same number from every kind as far as there are so many, spread over the files."""
-    by_kind = {}
+    """The same number from every folder as far as there are so many."""
+    by_folder = {}
     for folder in FOLDERS:
         for path in sorted((ROOT / folder).glob("*.cpp")):
             if part in str(path):
-                for kind, number, line in mutants_of(path):
-                    by_kind.setdefault(kind, []).append((path.relative_to(ROOT), kind, number, line))
+                mutants = [(path.relative_to(ROOT), *mutant) for mutant in mutants_of(path)]
+                by_folder.setdefault(folder, []).extend(mutants)
     generator = random.Random(seed)
-    for mutants in by_kind.values():
+    for mutants in by_folder.values():
         generator.shuffle(mutants)
     picked = []
-    while len(picked) < count and any(by_kind.values()):
-        picked += [mutants.pop() for mutants in by_kind.values() if mutants]
+    while len(picked) < count and any(by_folder.values()):
+        picked += [mutants.pop() for mutants in by_folder.values() if mutants]
     return picked[:count]
 
 
@@ -90,23 +93,23 @@ class Worker:
         shutil.rmtree(self.source.parent, ignore_errors=True)
         files = subprocess.run(["git", "ls-files"], cwd=ROOT, check=True, capture_output=True, text=True).stdout.split("\n")
         for file in filter(None, files):
-            if not file.startswith("tests/") and (ROOT / file).exists():
+            if (ROOT / file).exists():
                 (self.source / file).parent.mkdir(parents=True, exist_ok=True)
                 shutil.copy2(ROOT / file, self.source / file)
-        options = ["-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DMELK_TOOL=OFF", "-DMELK_TESTS=OFF"]
+        options = ["-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_FLAGS_DEBUG=-O1", "-DCMAKE_UNITY_BUILD=ON"]
         subprocess.run(["cmake", "-S", self.source, "-B", self.build, *options], check=True, stdout=subprocess.DEVNULL)
         if not self.compiles():
-            raise SystemExit("the library itself does not build")
+            raise SystemExit("the project itself does not build")
         if self.fails():
             raise SystemExit("the tests fail without any mutant")
 
     def compiles(self):
-        return subprocess.run(["ninja", "-C", self.build], capture_output=True).returncode == 0
+        return subprocess.run(["ninja", "-C", self.build, "melk_tests", "melkcfg"], capture_output=True).returncode == 0
 
     def fails(self):
-        environment = dict(os.environ, LD_LIBRARY_PATH=str(self.build / "lib"), GTEST_FAIL_FAST="1")
+        environment = dict(os.environ, GTEST_FAIL_FAST="1")
         try:
-            command = [TESTS, "--gtest_brief=1", "--gtest_filter=-ToolTest*"]
+            command = [self.build / "bin/melk_tests", "--gtest_brief=1"]
             return subprocess.run(command, env=environment, capture_output=True, timeout=120).returncode != 0
         except subprocess.TimeoutExpired:
             return True
@@ -121,7 +124,7 @@ class Worker:
         result = "invalid" if not compiles else "caught" if self.fails() else "survived"
         (self.source / path).write_text(original)
         if not compiles and not self.compiles():
-            raise SystemExit("the unchanged library no longer builds")
+            raise SystemExit("the unchanged project no longer builds")
         return result
 
 
@@ -148,14 +151,14 @@ def main():
     with concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
         for mutant, result in zip(mutants, pool.map(run, mutants)):
             path, kind, number, line = mutant
-            totals.setdefault(kind, {"caught": 0, "survived": 0, "invalid": 0})[result] += 1
+            totals.setdefault(str(path.parent), {"caught": 0, "survived": 0, "invalid": 0})[result] += 1
             if result == "survived":
                 print(f"survived: {path}:{number + 1} ({kind}): {line.strip() or '(removed)'}", flush=True)
-    print(f"\n{'kind':12}{'caught':>8}{'survived':>10}{'invalid':>9}")
-    for kind, of_kind in sorted(totals.items()):
-        print(f"{kind:12}{of_kind['caught']:8}{of_kind['survived']:10}{of_kind['invalid']:9}")
-    caught = sum(of_kind["caught"] for of_kind in totals.values())
-    survived = sum(of_kind["survived"] for of_kind in totals.values())
+    print(f"\n{'folder':18}{'caught':>8}{'survived':>10}{'invalid':>9}")
+    for folder, counts in sorted(totals.items()):
+        print(f"{folder:18}{counts['caught']:8}{counts['survived']:10}{counts['invalid']:9}")
+    caught = sum(counts["caught"] for counts in totals.values())
+    survived = sum(counts["survived"] for counts in totals.values())
     print(f"{caught} of {caught + survived} mutants caught: {100.0 * caught / max(caught + survived, 1):.1f} %")
 
 
