@@ -5,6 +5,7 @@
 
 #include "LibraryTest.h"
 #include "Registry.h"
+#include "VEXMELKConfig.h"
 
 #include <map>
 #include <numbers>
@@ -158,6 +159,11 @@ protected:
     }
 
 private:
+    struct Units : VEXMELKConfig
+    {
+        using VEXMELKConfig::AddUnits;
+        using VEXMELKConfig::VEXMELKConfig;
+    };
     struct Field
     {
         std::string attribute;
@@ -179,14 +185,14 @@ private:
             return IsText() ? Json("before") : Json(before);
         }
         // What a text gives; null: the attribute is missing.
-        Json Value(const std::string* text, bool comma) const
+        Json Value(const std::string* text) const
         {
             if ((!text || kind == "unread") && whenMissing == "keep")
                 return Before();
             if (kind == "flag")
-                return text ? *text == "True" : whenMissing == "true";
+                return text ? VEXMELKConfig::BooleanFromString(text->c_str()) != 0 : whenMissing == "true";
             if (IsText())
-                return text && kind != "unread" ? WithUnit(*text, comma) : whenMissing;
+                return text && kind != "unread" ? WithUnit(*text) : whenMissing;
             if (!text)
                 return whenMissing.empty() ? 0.0 : std::stod(whenMissing);
             if (kind == "usage")
@@ -197,12 +203,12 @@ private:
             const double number = std::stod(*text);
             return kind == "integer" ? std::trunc(number) : number * (factor == factors.end() ? 1.0 : factor->second);
         }
-        std::string WithUnit(const std::string& text, bool comma) const
+        std::string WithUnit(const std::string& text) const
         {
-            if (kind == "written")
-                return text;
-            const bool isNumber = std::isdigit(static_cast<unsigned char>(text.back())) != 0;
-            return (comma ? Replaced(text, ".", ",") : text) + (isNumber ? kind : "");
+            CATUnicodeString value(text);
+            if (kind != "written")
+                Units("", "").AddUnits(kind.c_str(), value);
+            return value.ConvertToChar();
         }
     };
 
@@ -280,9 +286,13 @@ private:
             for (const Field& field : FieldsIn(reader))
             {
                 const auto text = texts.find(field.attribute);
-                const Json value = field.Value(text == texts.end() ? nullptr : &text->second, comma);
-                expected += field.name + "=" + Described(value) + "\n";
-                actual += field.name + "=" + Described(answered.outputs.at(pointer).at(field.name)) + "\n";
+                const Json value = field.Value(text == texts.end() ? nullptr : &text->second);
+                const std::string wanted = Described(value);
+                const std::string found = Described(answered.outputs.at(pointer).at(field.name));
+                if (found == wanted)
+                    continue;
+                expected += field.name + "=" + wanted + "\n";
+                actual += field.name + "=" + found + "\n";
             }
             const std::string asked = reader.configuration + "." + reader.operation + (comma ? " with commas: " : ": ");
             EXPECT_EQ(actual, expected) << asked << document;

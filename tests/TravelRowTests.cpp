@@ -4,7 +4,9 @@
 #include "VEXMELKEyePointsConfig.h"
 #include "VEXMELKHeadContourConfig.h"
 
+#include <algorithm>
 #include <iomanip>
+#include <iterator>
 
 namespace {
 
@@ -29,60 +31,67 @@ using TravelRowTest = ReaderTest;
 
 TEST_F(TravelRowTest, ChosenByTheRuleOfEachOperation)
 {
-    // The inputs, the number of outputs (each the row's number, in the unit that makes it one), the rule.
+    // The inputs, the number of outputs (each the row's number, in the unit that makes it one), the column.
     const auto operations = Table<5>(R"(
-        EyeEllipses | GetCoeficients1997          | S, @             | 7 | 0
-        EyeEllipses | GetRadii1997                | S, @, 95         | 3 | 1
-        EyeEllipses | GetRadii2002                | S, @, 99         | 3 | 2
-        HeadContour | GetRadii                    | S, x, @, 95      | 3 | 3
-        HeadContour | GetDeltas                   | S, x, driver, @  | 3 | 3
-        HeadContour | GetCoeficients              | S, x, driver, @  | 6 | 4
-        HeadContour | Get2002NonDriverCoeficients | S, x, driver, @  | 6 | 4
-        EyeEllipses | GetHPointTravelData         | S, x, @, 99      | 5 | 5
-        EyePoints   | GetHPointTravelCorrection   | S, x, @          | 1 | 6)");
+        EyeEllipses | GetCoeficients1997          | S, @             | 7 | 1997coef
+        EyeEllipses | GetRadii1997                | S, @, 95         | 3 | 1997radii
+        EyeEllipses | GetRadii2002                | S, @, 99         | 3 | 2002radii
+        HeadContour | GetRadii                    | S, x, @, 95      | 3 | contour
+        HeadContour | GetDeltas                   | S, x, driver, @  | 3 | contour
+        HeadContour | GetCoeficients              | S, x, driver, @  | 6 | contcoef
+        HeadContour | Get2002NonDriverCoeficients | S, x, driver, @  | 6 | contcoef
+        EyeEllipses | GetHPointTravelData         | S, x, @, 99      | 5 | hpoint
+        EyePoints   | GetHPointTravelCorrection   | S, x, @          | 1 | eyepoint)");
     // Beside the tolerance of 1997.
     const std::pair<const char*, double> offsets[] = {
         {"+less", 0.5e-10}, {"-less", -0.5e-10}, {"+just", 1e-10}, {"+more", 1.5e-10}, {"-more", -1.5e-10}};
-    for (const std::vector<std::string>& row : Cells(CaseFile("travelRows")))
+    std::vector<std::string> columns;
+    for (const auto& [rows, asked, numbers] : Table<3>(CaseFile("travelRows")))
     {
+        std::istringstream words(numbers);
+        const std::vector<std::string> chosen{std::istream_iterator<std::string>(words), {}};
+        if (columns.empty())
+        {
+            columns = chosen;
+            continue;
+        }
         std::string coeficients;
         for (const std::string kind : {"L40X", "L40XP2", "L40Z", "L40ZP2", "x", "y", "z"})
-            coeficients += Rows(row[0], "<coef_" + kind + " h_point_travel=@ value='#'/>");
-        const std::string radii = Rows(row[0], "<radii h_point_travel=@ radiusX_%='#' radiusY_%='#' radiusZ_%='#'/>");
+            coeficients += Rows(rows, "<coef_" + kind + " h_point_travel=@ value='#'/>");
+        const std::string radii = Rows(rows, "<radii h_point_travel=@ radiusX_%='#' radiusY_%='#' radiusZ_%='#'/>");
         WriteDefault("Manikin/EyeEllipses.xml",
-            Document(Standard("S",
-                "<coeficients1997>" + coeficients + Replaced(radii, "%", "95") + "</coeficients1997><coeficients2002>" +
-                    Replaced(radii, "%", "99") + "</coeficients2002>" +
-                    Category("x", Rows(row[0], "<hpoint value=@ xmean='#' ymean_left='#' ymean_right='#' zmean='#' "
-                                               "cutoff99='#'/>")))));
+            Document(Standard(
+                "S", "<coeficients1997>" + coeficients + Replaced(radii, "%", "95") +
+                         "</coeficients1997><coeficients2002>" + Replaced(radii, "%", "99") + "</coeficients2002>" +
+                         Category("x", Rows(rows, "<hpoint value=@ xmean='#' ymean_left='#' ymean_right='#' zmean='#' "
+                                                  "cutoff99='#'/>")))));
         WriteDefault("Manikin/HeadContour.xml",
-            OneCategory("",
-                "<radii><cutoff value='95'>" +
-                    Rows(row[0], "<h_point_travel value=@ x_radius='#' y_radius='#' z_radius='#'/>") +
-                    "</cutoff></radii><seat position='driver'>" +
-                    Rows(row[0], "<coeficients h_point_travel=@ ax='#' bx='#' cx='#' az='#' bz='#' cz='#'/>") +
-                    Rows(row[0], "<coeficients2002nonDriver h_point_travel=@ ax='#m' bx='#m' cx='#m' dx='#m' az='#m' "
-                                 "bz='#m'/>") +
-                    Rows(row[0], "<deltas h_point_travel=@ delta_x='#' delta_y='#' delta_z='#'/>") + "</seat>"));
-        WriteDefault("Manikin/EyePoints.xml", OneCategory("", Rows(row[0], "<hpoint_travel value=@ horizontal='#'/>")));
-        for (std::size_t question = 2; question < 2 * row.size(); ++question) // each of them in both settings
+            OneCategory(
+                "", "<radii><cutoff value='95'>" +
+                        Rows(rows, "<h_point_travel value=@ x_radius='#' y_radius='#' z_radius='#'/>") +
+                        "</cutoff></radii><seat position='driver'>" +
+                        Rows(rows, "<coeficients h_point_travel=@ ax='#' bx='#' cx='#' az='#' bz='#' cz='#'/>") +
+                        Rows(rows, "<coeficients2002nonDriver h_point_travel=@ ax='#m' bx='#m' cx='#m' dx='#m' az='#m' "
+                                   "bz='#m'/>") +
+                        Rows(rows, "<deltas h_point_travel=@ delta_x='#' delta_y='#' delta_z='#'/>") + "</seat>"));
+        WriteDefault("Manikin/EyePoints.xml", OneCategory("", Rows(rows, "<hpoint_travel value=@ horizontal='#'/>")));
+        for (const bool comma : {false, true})
         {
-            const bool comma = question % 2 == 1;
             VEXMELKUtilities::SetCommaDelimeter(comma);
             Release();
-            const std::vector<std::string> asked = Split(row[question / 2], " ");
-            double travel = std::stod(asked[0]);
+            double travel = std::stod(asked);
             for (const auto& [name, offset] : offsets)
-                travel += asked[0].ends_with(name) ? offset : 0.0;
-            for (const auto& [configuration, operation, inputs, outputs, rule] : operations)
+                travel += asked.ends_with(name) ? offset : 0.0;
+            for (const auto& [configuration, operation, inputs, outputs, column] : operations)
             {
                 std::ostringstream length;
                 length << std::setprecision(17) << (configuration == "EyePoints" ? travel / 1000.0 : travel);
-                const std::string chosen(1, asked[1][std::stoul(rule)]);
-                const std::string output = chosen == "0" ? " ~" : " " + chosen;
+                const auto place = std::find(columns.begin(), columns.end(), column) - columns.begin();
+                const std::string& number = chosen.at(static_cast<std::size_t>(place));
+                const std::string output = number == "-" ? " ~" : " " + number;
                 EXPECT_EQ(Ask(configuration, operation, Replaced(inputs, "@", length.str())),
-                    (chosen == "0" ? "0" : "1") + Repeated(std::stoul(outputs), output))
-                    << operation << " of " << row[0] << " at " << asked[0] << (comma ? " with commas" : "");
+                    (number == "-" ? "0" : "1") + Repeated(std::stoul(outputs), output))
+                    << operation << " of " << rows << " at " << asked << (comma ? " with commas" : "");
             }
         }
     }
