@@ -56,11 +56,11 @@ private:
 
 TEST_F(ToolTest, BatchAnswersWithResultOutputsMessagesAndLog)
 {
-    EXPECT_EQ(Ask(R"({"id":"a","config":"UFCurb","operation":"GetStandardData",)"
-                  R"("arguments":{"standard":"S","category":"x"},"outputs":{"definition":{"BackOffset":"mine"}}})")
+    EXPECT_EQ(Ask(R"({"id":"a","config":"UFCurb","operation":"GetEyes","arguments":{"standard":"S"},)"
+                  R"("outputs":{"eyes":{"Standard":"mine"}}})")
                   .dump(),
-        R"({"id":"a","result":true,"outputs":{"definition":{"FrontOffset":"25mm","FrontAngle":"","BackAngle":"7deg",)"
-        R"("BackOffset":""}},"messages":[],"log":[]})");
+        R"({"id":"a","result":true,"outputs":{"eyes":{"EyesType":2,"Standard":"mine","Percentil":""}},)"
+        R"("messages":[],"log":[]})");
     const Json unknown = Ask(R"({"config":"VEXMELKUFCurb","operation":"GetStandardData","arguments":{"standard":"T"},)"
                              R"("outputs":{"definition":{"BackOffset":"mine"}}})");
     EXPECT_EQ(unknown["result"], false);
@@ -135,10 +135,9 @@ TEST_F(ToolTest, PasswordStaysHidden)
 
 TEST_F(ToolTest, EveryConfigurationOffersItsOperations)
 {
-    std::size_t operations = 0;
+    ASSERT_EQ(AllConfigurations().size(), VEXMELKConfigManager::GetConfigurations().size());
     for (const Configuration& configuration : AllConfigurations())
     {
-        operations += configuration.operations.size();
         const auto offers = [&](const char* name)
         {
             return std::any_of(configuration.operations.begin(), configuration.operations.end(),
@@ -151,8 +150,6 @@ TEST_F(ToolTest, EveryConfigurationOffersItsOperations)
             for (const Parameter& parameter : operation.Parameters())
                 EXPECT_FALSE(parameter.name.empty() || parameter.type.empty()) << configuration.name << operation.name;
     }
-    EXPECT_EQ(AllConfigurations().size(), 42U);
-    EXPECT_EQ(operations, 434U);
 }
 
 TEST_F(ToolTest, CommandsAndTheirExitStatus)
