@@ -96,6 +96,9 @@ public:
         configuration.description = &Config::description;
         configuration.keys = {std::string_view(keys)...};
         configuration.get = [](Manager& manager) -> VEXMELKConfig* { return Get<Member>(manager); };
+        if constexpr (std::is_constructible_v<Config, const CATUnicodeString&>)
+            configuration.create = [](const CATUnicodeString& directory) -> VEXMELKConfig*
+            { return OrElse<VEXMELKConfig*>(nullptr, [&] { return new Config(directory); }); };
         configuration.m_Release = Release<Member>;
         if constexpr (std::is_base_of_v<VEXMELKCheckConfig, Config>)
             configuration.m_GetCheck = [](Manager& manager) -> VEXMELKCheckConfig* { return Get<Member>(manager); };

@@ -36,7 +36,7 @@ struct VEXMELKParameter
     std::string_view unit = {}; // of a number
     const VEXMELKElement* element =
         nullptr;           // of a key, a tag, a travel, a back angle or a cut-off: what it chooses among
-    int choices = 0;       // how many there are
+    int choices = 0;       // how many there are; of an output, for its first integer, which is read too
     bool isSecret = false; // never shown without being asked for
 
     constexpr bool IsOutput() const { return role == VEXMELKRole::Output; }

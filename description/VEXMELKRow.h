@@ -88,7 +88,7 @@ struct VEXMELKRow
     std::string_view unit = {}; // what a bare number gets
     VEXMELKWhenMissing whenMissing = {};
     std::string_view names = {}; // of a name: what it is the name of
-    VEXMELKWords words = {};     // of a word
+    VEXMELKWords words = {};     // of a word; of another kind, texts that mean something else there
     std::string_view field = {}; // what it fills, by name; empty when nothing
     bool isAsWritten = false;    // the text is taken as it stands, not adapted as NormalizedValue does
     bool isSecret = false;       // never shown without being asked for
@@ -242,6 +242,10 @@ struct Fills // an output whose name is not the attribute's
 {
     std::string_view output;
 };
+struct Or // words that mean something else there
+{
+    VEXMELKWords words = {};
+};
 struct AsWritten // nothing is done to the text
 {
 };
@@ -252,6 +256,7 @@ struct Secret
 constexpr void Apply(VEXMELKRow& row, const Else& option) { row.whenMissing = option.whenMissing; }
 constexpr void Apply(VEXMELKRow& row, const Unit& option) { row.unit = option.unit; }
 constexpr void Apply(VEXMELKRow& row, const Fills& option) { row.field = option.output; }
+constexpr void Apply(VEXMELKRow& row, const Or& option) { row.words = option.words; }
 constexpr void Apply(VEXMELKRow& row, AsWritten /*option*/) { row.isAsWritten = true; }
 constexpr void Apply(VEXMELKRow& row, Secret /*option*/) { row.isSecret = true; }
 

@@ -53,6 +53,7 @@ public:
     virtual ~VEXMELKIntegerView() = default;
     virtual long Get() const = 0;
     virtual void Set(int number) = 0;
+    virtual const void* Address() const = 0;
 };
 
 class VEXMELKRecordView
@@ -104,6 +105,7 @@ public:
     explicit VEXMELKIntegerViewOf(Integer& integer) : m_Integer(integer) {}
     long Get() const override { return static_cast<long>(m_Integer); }
     void Set(int number) override { m_Integer = static_cast<Integer>(number); }
+    const void* Address() const override { return &m_Integer; }
 
 private:
     Integer& m_Integer;

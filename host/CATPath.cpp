@@ -28,14 +28,17 @@ CATUnicodeString CATMakePath(const CATUnicodeString& directory, const CATUnicode
 
 bool CATIsRegularFile(const CATUnicodeString& path)
 {
+    const std::string systemPath = CATSystemPath(path.ConvertToChar());
     struct stat status = {};
-    return stat(CATSystemPath(path.ConvertToChar()).c_str(), &status) == 0 && S_ISREG(status.st_mode);
+    return CATMemoryFiles::Find(systemPath) || (stat(systemPath.c_str(), &status) == 0 && S_ISREG(status.st_mode));
 }
 
 bool CATMayBeFile(const CATUnicodeString& path)
 {
     const std::string systemPath = CATSystemPath(path.ConvertToChar());
     struct stat status = {};
+    if (systemPath.starts_with(CATMemoryFiles::firstCharacter))
+        return CATMemoryFiles::Find(systemPath);
     if (stat(systemPath.c_str(), &status) == 0)
         return S_ISREG(status.st_mode);
     return !IsAbsent(systemPath);

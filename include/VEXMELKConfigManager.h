@@ -140,6 +140,9 @@ public:
         const VEXMELKDescription* description = nullptr;                // its file and operations
         std::array<std::string_view, 4> keys;                           // of GetConfig; empty ones are none
         VEXMELKConfig* (*get)(VEXMELKConfigManager& manager) = nullptr; // as the getter of its class
+        // A new object over a directory, of no manager, with one reference, the caller's. Null for a class whose
+        // creator gives it a file.
+        VEXMELKConfig* (*create)(const CATUnicodeString& directory) = nullptr;
 
     private:
         friend class VEXMELKConfigManager;

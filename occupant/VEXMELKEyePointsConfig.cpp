@@ -22,11 +22,12 @@ constexpr VEXMELKElement pointTypeElement{.tag = "eye_points_type",
 
 constexpr const char* offsetMeaning =
     "Offset, as a text. Exactly `steering_wheel_center` places this coordinate at the centre of the steering wheel.";
+constexpr VEXMELKWord centre[] = {{"steering_wheel_center"}};
 constexpr VEXMELKTable pointTable{
     Text<&Point::name>("name", "its name"),
-    Length<&Point::dx>("dx", offsetMeaning),
-    Length<&Point::dy>("dy", offsetMeaning),
-    Length<&Point::dz>("dz", offsetMeaning),
+    Length<&Point::dx>("dx", offsetMeaning, Or{{centre}}),
+    Length<&Point::dy>("dy", offsetMeaning, Or{{centre}}),
+    Length<&Point::dz>("dz", offsetMeaning, Or{{centre}}),
 };
 constexpr VEXMELKElement pointElements{.tag = "point",
     .below = &categoryElements,
@@ -126,10 +127,7 @@ VEXMELKEyePointsConfig::VEXMELKEyePointsConfig(const CATUnicodeString& configura
 {
 }
 
-unsigned char VEXMELKEyePointsConfig::IsKeyWord(const CATUnicodeString& text)
-{
-    return text == "steering_wheel_center";
-}
+unsigned char VEXMELKEyePointsConfig::IsKeyWord(const CATUnicodeString& text) { return text == centre[0].text; }
 
 VEXIMELKEyePoints::PointCoordType VEXMELKEyePointsConfig::GetPointCoordType(const CATUnicodeString& text)
 {

@@ -52,13 +52,14 @@ constexpr VEXMELKElement shapeElements{.tag = "shape",
     .whenMissing = "fails"};
 
 constexpr VEXMELKElement categoryElements = CategoryWith({}, VEXMELKFallBack::WholeCategory);
-constexpr const char* middlePosition = "mid_position";
+constexpr VEXMELKWord middlePosition[] = {{"mid_position"}};
 constexpr VEXMELKRow overlapping{.attribute = "Overlapping",
     .meaning = "Percentage of the vehicle's width, with or without `%`; handed out as a fraction (`40` as 0.4). "
                "`mid_position` is the middle position, with the fraction 1. A text that is no number is 0.",
     .kind = VEXMELKKind::Percentage,
     .form = VEXMELKForm::Fraction,
     .whenMissing = {.rule = VEXMELKWhenMissing::Repeats},
+    .words = {middlePosition},
     .field = "Overlapping"};
 constexpr VEXMELKTable barrierTable{
     Flag<&Barrier::AllowMovingAroundX>("AllowMovingAroundX", "may move around X"),
@@ -99,7 +100,8 @@ constexpr auto VEXMELKFieldsOf<Shape> = VEXMELKFieldList<Shape>(shapeTable, VEXM
 static constexpr VEXMELKOperation operations[] = {
     VEXMELKDescribe<&VEXMELKCrashBarriersConfig::GetStandardData>(
         "GetStandardData", standardArgument, categoryArgument, Output("barriers")),
-    VEXMELKDescribe<&VEXMELKCrashBarriersConfig::GetShapeData>("GetShapeData", Output("shape")),
+    VEXMELKDescribe<&VEXMELKCrashBarriersConfig::GetShapeData>(
+        "GetShapeData", VEXMELKParameter{.name = "shape", .choices = 3}),
 };
 
 constinit const VEXMELKDescription VEXMELKCrashBarriersConfig::description{
@@ -145,7 +147,7 @@ void VEXMELKCrashBarriersConfig::ReadBarrier(const CATIDOMElement_var& element, 
     ReadFields(Decimals(), element, barrierTable, barrier);
     CATUnicodeString text;
     const bool overlaps = ReadText(Decimals(), element, overlapping, text);
-    barrier.midPosition = text == middlePosition;
+    barrier.midPosition = text == middlePosition[0].text;
     if (overlaps)
         barrier.Overlapping = barrier.midPosition ? 1.0 : NumberFromText(text) / 100.0;
 }

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <map>
 #include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -46,6 +47,13 @@ void PushNames(std::string_view path, std::vector<std::string>& names)
         names.emplace_back(path.substr(begin, end - begin));
         end = separator;
     }
+}
+
+// Never destroyed: files may still be asked for while the process ends.
+std::map<std::string, std::string>& AllMemoryFiles()
+{
+    static auto* const files = new std::map<std::string, std::string>;
+    return *files;
 }
 
 bool IsWithin(const std::string& path, const std::string& folder) { return (path + "/").starts_with(folder + "/"); }
@@ -124,12 +132,42 @@ std::string CATFolderOfFile(std::string_view path)
     return CATSystemPath(path.substr(0, separator == 0 ? 1 : separator));
 }
 
-CATInputFile::CATInputFile(const std::string& path) : CATInputFile(open(CATSystemPath(path).c_str(), forReading)) {}
-
-CATInputFile::CATInputFile(int descriptor) : m_Descriptor(descriptor), m_Error(descriptor < 0 ? errno : 0)
+void CATMemoryFiles::Write(const std::string& systemPath, std::string bytes)
 {
+    AllMemoryFiles()[systemPath] = std::move(bytes);
+}
+
+void CATMemoryFiles::RemoveBelow(const std::string& systemDirectory)
+{
+    std::erase_if(AllMemoryFiles(), [&](const auto& file) { return file.first.starts_with(systemDirectory + "/"); });
+}
+
+const std::string* CATMemoryFiles::Find(const std::string& systemPath)
+{
+    if (!systemPath.starts_with(firstCharacter))
+        return nullptr;
+    const auto found = AllMemoryFiles().find(systemPath);
+    return found == AllMemoryFiles().end() ? nullptr : &found->second;
+}
+
+CATInputFile::CATInputFile(const std::string& path)
+{
+    const std::string systemPath = CATSystemPath(path);
+    m_Memory = CATMemoryFiles::Find(systemPath);
+    if (m_Memory)
+        m_Size = m_Memory->size();
+    else
+        Open(open(systemPath.c_str(), forReading));
+}
+
+CATInputFile::CATInputFile(int descriptor) { Open(descriptor); }
+
+void CATInputFile::Open(int descriptor)
+{
+    m_Descriptor = descriptor;
+    m_Error = descriptor < 0 ? errno : 0;
     struct stat status = {};
-    if (!IsOpen())
+    if (descriptor < 0)
         return;
     if (fstat(m_Descriptor, &status) != 0)
         m_Error = errno;
@@ -140,15 +178,20 @@ CATInputFile::CATInputFile(int descriptor) : m_Descriptor(descriptor), m_Error(d
 
 CATInputFile::~CATInputFile()
 {
-    if (IsOpen())
+    if (m_Descriptor >= 0)
         close(m_Descriptor);
 }
 
 const char* CATInputFile::Reason() const { return m_Error == 0 ? "not a regular file" : std::strerror(m_Error); }
 
-// NOLINTNEXTLINE(readability-make-member-function-const): it moves on in the file
 long CATInputFile::Read(void* buffer, std::size_t size)
 {
+    if (m_Memory)
+    {
+        const std::size_t copied = m_Memory->copy(static_cast<char*>(buffer), size, m_Place);
+        m_Place += copied;
+        return static_cast<long>(copied);
+    }
     ssize_t read = 0;
     do
         read = ::read(m_Descriptor, buffer, size);

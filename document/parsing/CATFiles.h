@@ -14,6 +14,18 @@ std::string CATSystemPath(std::string_view path);
 // The folder that a file lies in: "." for a bare name.
 std::string CATFolderOfFile(std::string_view path);
 
+// Files that are in memory only. Their paths begin with a character that paths of the system's files do not begin with.
+namespace CATMemoryFiles {
+
+constexpr char firstCharacter = '\1';
+
+void Write(const std::string& systemPath, std::string bytes);
+void RemoveBelow(const std::string& systemDirectory);
+// Null for a path that is no file in memory. What it points to lives until the file is written again or removed.
+const std::string* Find(const std::string& systemPath);
+
+} // namespace CATMemoryFiles
+
 // A regular file opened for reading.
 class CATInputFile
 {
@@ -24,7 +36,7 @@ public:
     CATInputFile& operator=(const CATInputFile&) = delete;
     ~CATInputFile();
 
-    bool IsOpen() const { return m_Descriptor >= 0; }
+    bool IsOpen() const { return m_Descriptor >= 0 || m_Memory; }
     std::size_t Size() const { return m_Size; } // bytes, when it was opened
     // Why it is not open, in the system's words.
     const char* Reason() const;
@@ -35,10 +47,13 @@ public:
 private:
     friend class CATFileArea;
     explicit CATInputFile(int descriptor);
+    void Open(int descriptor);
 
     int m_Descriptor = -1;
+    const std::string* m_Memory = nullptr; // in place of a descriptor
     int m_Error = 0;
     std::size_t m_Size = 0;
+    std::size_t m_Place = 0; // in memory
 };
 
 // The files of one directory and of the folders below it, wherever links and ".." lead: what lies outside is never

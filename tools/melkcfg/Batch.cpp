@@ -1,6 +1,7 @@
 // One request, one answer: a line that is not understood is answered with an error, and the next one goes on.
 #include "Batch.h"
 
+#include "Explain.h"
 #include "VEXMELKUtilities.h"
 #include "Values.h"
 
@@ -29,18 +30,27 @@ const Json& Text(const Json& request, const char* name)
     return *found;
 }
 
+template <class Value> Value Setting(const Json& settings, const char* name)
+{
+    return ValueFromJson<Value>(settings.at(name), name);
+}
+
 Json Ask(const Json& request, bool showSecrets)
 {
     const Configuration& configuration = FindConfiguration(Text(request, "config").get<std::string>());
     const Operation& operation = configuration.FindOperation(Text(request, "operation").get<std::string>());
-    const Answered answered = RunOperation(configuration, operation, request.value("arguments", Json::object()),
-        request.value("outputs", Json::object()), showSecrets);
-    return {{"result", answered.result}, {"outputs", answered.outputs}};
-}
-
-template <class Value> Value Setting(const Json& settings, const char* name)
-{
-    return ValueFromJson<Value>(settings.at(name), name);
+    const Json arguments = request.value("arguments", Json::object());
+    const Json outputs = request.value("outputs", Json::object());
+    const Answered answered = RunOperation(configuration, operation, arguments, outputs, showSecrets);
+    Json answer = {{"result", answered.result}, {"outputs", answered.outputs}};
+    if (request.contains("explain") && Setting<unsigned char>(request, "explain") != 0)
+    {
+        const AskedByJson askable(operation, arguments, outputs);
+        const VEXMELKExplanation explanation = VEXMELKExplain(*configuration.entry, askable, CurrentDirectory());
+        answer["reason"] = explanation.reason.empty() ? Json() : Json(explanation.reason);
+        answer["origins"] = FieldsToJson(explanation, showSecrets);
+    }
+    return answer;
 }
 
 void Apply(const Json& settings, Host& host)
@@ -73,7 +83,8 @@ void Manage(const Json& command)
 
 Json Answer(const Json& request, Host& host, bool showSecrets)
 {
-    CheckNames("request member", request, {"id", "config", "operation", "arguments", "outputs", "settings", "manager"});
+    CheckNames("request member", request,
+        {"id", "config", "operation", "arguments", "outputs", "explain", "settings", "manager"});
     if (!request.contains("settings") && !request.contains("manager"))
         return Ask(request, showSecrets);
     const char* kind = request.contains("settings") ? "settings" : "manager";

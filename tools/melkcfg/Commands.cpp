@@ -1,15 +1,14 @@
 // Each command: what it asks the library, and how it prints the answer as text or JSON.
 #include "Commands.h"
 
-#include "Batch.h"
-#include "Registry.h"
+#include "Explain.h"
+#include "Table.h"
 #include "VEXMELKCheckConfig.h"
 #include "VEXMELKFormatTable.h"
 #include "VEXMELKUtilities.h"
 #include "Values.h"
 
 #include <algorithm>
-#include <iomanip>
 #include <iostream>
 #include <unordered_set>
 
@@ -76,15 +75,6 @@ private:
     CATUnicodeString m_Directory;
 };
 
-CATUnicodeString CurrentDirectory()
-{
-    if (VEXMELKUtilities::GetAppMode() == VEXMELKTestMode)
-        return VEXMELKConfigManager::GetTestPath() + "\\Configuration";
-    CATUnicodeString directory;
-    VEXMELKConfigManager::GetConfigManager()->GetCFGDir(directory);
-    return directory;
-}
-
 // What a command that has run amounts to, given the answer of its query.
 ExitStatus StatusOf(const Configuration& configuration, const Host& host, bool answeredFalse)
 {
@@ -101,26 +91,6 @@ std::string Joined(const std::vector<std::string>& texts)
     for (const std::string& text : texts)
         joined += (joined.empty() ? "" : ", ") + text;
     return joined;
-}
-
-void PrintJson(const Json& json) { std::cout << json.dump(2, ' ', false, Json::error_handler_t::replace) << std::endl; }
-
-// Prints rows as columns, each as wide as its widest cell.
-void PrintTable(const std::vector<std::vector<std::string>>& rows)
-{
-    std::vector<std::size_t> widths;
-    for (const auto& row : rows)
-    {
-        widths.resize(std::max(widths.size(), row.size()));
-        for (std::size_t column = 0; column < row.size(); ++column)
-            widths[column] = std::max(widths[column], row[column].size());
-    }
-    for (const auto& row : rows)
-    {
-        for (std::size_t column = 0; column + 1 < row.size(); ++column)
-            std::cout << std::left << std::setw(static_cast<int>(widths[column] + 2)) << row[column];
-        std::cout << row.back() << '\n';
-    }
 }
 
 // One line a value: its path and the value.
@@ -205,7 +175,7 @@ ExitStatus RunList(const CommandOptions& options, const Host& host)
     const CATUnicodeString directory = CurrentDirectory();
     bool found = false;
     Json json = Json::array();
-    std::vector<std::vector<std::string>> rows = {{"CONFIG", "FILE", "DOCUMENTS", "STANDARDS", "KEYS"}};
+    Rows rows = {{"CONFIG", "FILE", "DOCUMENTS", "STANDARDS", "KEYS"}};
     for (const Configuration& configuration : AllConfigurations())
     {
         Inspector inspector(directory, configuration);
@@ -225,6 +195,12 @@ ExitStatus RunList(const CommandOptions& options, const Host& host)
     if (!found)
         return NothingThere;
     return host.HasErrors() ? NotDone : Done;
+}
+
+void PrintReason(const std::string& reason)
+{
+    if (!reason.empty())
+        std::cerr << reason << '\n';
 }
 
 ExitStatus RunStandards(const CommandOptions& options, const Host& host)
@@ -261,6 +237,9 @@ ExitStatus RunCategories(const CommandOptions& options, const Host& host)
     else
         for (const CATUnicodeString& name : names)
             std::cout << name.ConvertToChar() << '\n';
+    if (!known)
+        PrintReason(ReasonFor(configuration,
+            AskedByJson(configuration.FindOperation("GetLoading"), {{"standard", options.standard}}, Json::object())));
     return StatusOf(configuration, host, !known);
 }
 
@@ -294,23 +273,133 @@ ExitStatus RunSchema(const CommandOptions& options)
     return Done;
 }
 
-ExitStatus RunCall(const CommandOptions& options, const Host& host)
+namespace {
+
+// The question that a command line asks.
+struct CommandLineQuestion
 {
-    const Configuration& configuration = FindConfiguration(options.configuration);
-    const Operation& operation = configuration.FindOperation(options.operation);
+    const Configuration& configuration;
+    const Operation& operation;
     Json arguments = Json::object();
     Json outputs = Json::object();
+
+    CommandLineQuestion(const CommandOptions& options, const std::string& operationName)
+        : configuration(FindConfiguration(options.configuration)), operation(configuration.FindOperation(operationName))
+    {
+    }
+    AskedByJson Askable() const { return {operation, arguments, outputs}; }
+};
+
+CommandLineQuestion QuestionOf(const CommandOptions& options)
+{
+    CommandLineQuestion question(options, options.operation);
     for (const std::string& assignment : options.assignments)
-        Assign(operation, assignment, arguments, outputs);
-    const Answered answered = RunOperation(configuration, operation, arguments, outputs, options.showSecrets);
+        Assign(question.operation, assignment, question.arguments, question.outputs);
+    return question;
+}
+
+bool HasRole(const Operation& operation, VEXMELKRole role)
+{
+    const auto parameters = operation.Described().Parameters();
+    return std::any_of(parameters.begin(), parameters.end(),
+        [&](const VEXMELKParameter& parameter) { return parameter.role == role; });
+}
+
+// How much an operation is what a check asks a configuration for; 0 when it does not ask for a standard.
+int RankAsMain(const Operation& operation)
+{
+    if (!HasRole(operation, VEXMELKRole::Standard) || !HasRole(operation, VEXMELKRole::Output))
+        return 0;
+    return 1 + (HasRole(operation, VEXMELKRole::Category) ? 1 : 0) + (operation.name == "GetStandardData" ? 2 : 0);
+}
+
+// The main query of a configuration for a standard and a category.
+CommandLineQuestion MainQuestionOf(const CommandOptions& options)
+{
+    const Configuration& configuration = FindConfiguration(options.configuration);
+    if (options.assignments.size() != 1)
+        throw RequestError("explain needs CONFIG OPERATION NAME=VALUE..., or CONFIG STANDARD CATEGORY");
+    const Operation* best = nullptr;
+    for (const Operation& operation : configuration.operations)
+        if (!best || RankAsMain(operation) > RankAsMain(*best))
+            best = &operation;
+    if (best && RankAsMain(*best) > 0)
+    {
+        CommandLineQuestion question(options, std::string(best->name));
+        question.arguments["standard"] = options.operation;
+        if (HasRole(*best, VEXMELKRole::Category))
+            question.arguments["category"] = options.assignments.front();
+        return question;
+    }
+    throw RequestError(configuration.name + " has no query for a standard");
+}
+
+bool IsOperation(const CommandOptions& options)
+{
+    const auto& operations = FindConfiguration(options.configuration).operations;
+    return std::any_of(operations.begin(), operations.end(),
+               [&](const Operation& operation) { return operation.name == options.operation; }) ||
+           std::all_of(options.assignments.begin(), options.assignments.end(),
+               [](const std::string& text) { return text.find('=') != std::string::npos; });
+}
+
+} // namespace
+
+ExitStatus RunExplain(const CommandOptions& options, const Host& host)
+{
+    const CommandLineQuestion question = IsOperation(options) ? QuestionOf(options) : MainQuestionOf(options);
+    if (!question.configuration.entry->create)
+        throw RequestError("no configuration object");
+    const AskedByJson askable = question.Askable();
+    const CATUnicodeString directory = CurrentDirectory();
+    const VEXMELKExplanation explanation = VEXMELKExplain(*question.configuration.entry, askable, directory);
+    std::vector<VEXMELKStep> steps;
+    if (options.steps)
+        steps = VEXMELKSteps(*question.configuration.entry, askable, directory);
+    if (!options.field.empty() && !explanation.OriginOf(options.field))
+    {
+        std::vector<std::string> known;
+        for (const VEXMELKOrigin& origin : explanation.fields)
+            known.push_back(origin.value.field);
+        throw UnknownName("field", options.field, known);
+    }
+    if (options.asJson)
+    {
+        Json json = {{"version", 1}, {"config", question.configuration.name}, {"operation", question.operation.name},
+            {"arguments", question.arguments}, {"result", ToJson(explanation.result)},
+            {"reason", explanation.reason.empty() ? Json() : Json(explanation.reason)},
+            {"fields", FieldsToJson(explanation, options.showSecrets, options.field)},
+            {"leftOut", explanation.leftOut}};
+        if (options.steps)
+            json["steps"] = StepsToJson(steps);
+        PrintJson(json);
+    }
+    else
+    {
+        PrintExplanation(explanation, options.showSecrets, options.field);
+        PrintSteps(steps);
+    }
+    PrintReason(explanation.reason);
+    return StatusOf(question.configuration, host, explanation.result == VEXMELKPlainValue(false));
+}
+
+ExitStatus RunCall(const CommandOptions& options, const Host& host)
+{
+    const CommandLineQuestion question = QuestionOf(options);
+    const Answered answered = RunOperation(
+        question.configuration, question.operation, question.arguments, question.outputs, options.showSecrets);
     if (options.asJson)
         PrintJson({{"result", answered.result}, {"outputs", answered.outputs}});
     else
     {
-        if (!operation.ResultType().empty())
+        if (!question.operation.ResultType().empty())
             PrintValues("result", answered.result);
         for (const auto& output : answered.outputs.items())
             PrintValues(output.key(), output.value());
     }
-    return StatusOf(configuration, host, answered.result == false);
+    const bool mayFallBack = HasRole(question.operation, VEXMELKRole::Category) &&
+                             question.arguments.value("category", "default") != "default";
+    if (!host.HasErrors() && (answered.result == false || mayFallBack))
+        PrintReason(ReasonFor(question.configuration, question.Askable()));
+    return StatusOf(question.configuration, host, answered.result == false);
 }

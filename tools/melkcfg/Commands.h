@@ -26,12 +26,16 @@ struct CommandOptions
     std::vector<std::string> assignments; // NAME=VALUE
     int maxLevel = 3;
     bool unordered = false;
+    std::string field; // only this one is explained
+    bool steps = false;
+    std::string overlay; // edited files
 };
 
 ExitStatus RunList(const CommandOptions& options, const Host& host);
 ExitStatus RunStandards(const CommandOptions& options, const Host& host);
 ExitStatus RunCategories(const CommandOptions& options, const Host& host);
 ExitStatus RunOperations(const CommandOptions& options);
+ExitStatus RunExplain(const CommandOptions& options, const Host& host);
 ExitStatus RunSchema(const CommandOptions& options);
 ExitStatus RunCall(const CommandOptions& options, const Host& host);
 

@@ -18,9 +18,9 @@ const std::vector<Parameter>& Operation::Parameters() const
     return m_Parameters;
 }
 
-Operation::Call Operation::Prepare(const Json& arguments, const Json& outputs) const
+std::unique_ptr<VEXMELKQuestion> Operation::NewQuestion(const Json& arguments, const Json& outputs) const
 {
-    const std::shared_ptr<VEXMELKQuestion> question = m_Described->NewQuestion();
+    std::unique_ptr<VEXMELKQuestion> question = m_Described->NewQuestion();
     const auto parameters = m_Described->Parameters();
     for (std::size_t position = 0; position < parameters.size(); ++position)
     {
@@ -30,6 +30,13 @@ Operation::Call Operation::Prepare(const Json& arguments, const Json& outputs) c
         if (found != given.end())
             FromJson(*found, question->Parameter(position), parameter);
     }
+    return question;
+}
+
+Operation::Call Operation::Prepare(const Json& arguments, const Json& outputs) const
+{
+    const std::shared_ptr<VEXMELKQuestion> question = NewQuestion(arguments, outputs);
+    const auto parameters = m_Described->Parameters();
     return [=](VEXMELKConfig& object)
     {
         question->Ask(object);
@@ -63,7 +70,7 @@ const std::vector<Configuration>& AllConfigurations()
         {
             const VEXMELKDescription& description = *entry.description;
             Configuration configuration{std::string(description.name), {}, std::string(description.file),
-                description.layout == VEXMELKLayout::Single, entry.get, {}};
+                description.layout == VEXMELKLayout::Single, &entry, entry.get};
             for (const std::string_view key : entry.keys)
                 if (!key.empty())
                     configuration.keys.emplace_back(key);

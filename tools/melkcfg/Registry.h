@@ -33,9 +33,12 @@ public:
     explicit Operation(const VEXMELKOperation& described) : name(described.Name()), m_Described(&described) {}
 
     std::string_view name;
+    const VEXMELKOperation& Described() const { return *m_Described; }
     std::string ResultType() const; // empty when the operation has no result
     // Worked out when they are first asked for: there are hundreds of operations, and most runs ask for one.
     const std::vector<Parameter>& Parameters() const;
+    // The question with these arguments, and with what the outputs hold before.
+    std::unique_ptr<VEXMELKQuestion> NewQuestion(const Json& arguments, const Json& outputs) const;
     // Reads the arguments by name (a missing one is "", 0 or false) and what the outputs hold before, and returns what
     // is then to be run. So a request that cannot be understood does not touch the library.
     Call Prepare(const Json& arguments, const Json& outputs) const;
@@ -51,8 +54,9 @@ struct Configuration
     std::vector<std::string> keys; // of VEXMELKConfigManager::GetConfig
     std::string file;              // below the directory; empty when its creator gives it
     bool isSingle = false;         // the folders "Default" and "Customer" play no part
+    const VEXMELKConfigManager::Configuration* entry = nullptr;
     VEXMELKConfig* (*get)(VEXMELKConfigManager& manager);
-    std::vector<Operation> operations; // its own, then those of its bases that it does not have itself
+    std::vector<Operation> operations = {}; // its own, then those of its bases that it does not have itself
 
     std::string ClassName() const { return "VEXMELK" + name + "Config"; }
     const Operation& FindOperation(const std::string& operation) const; // throws RequestError

@@ -2,7 +2,7 @@
 
 #include "Batch.h"
 #include "CATIXMLDOMDocumentBuilder.h"
-#include "Commands.h"
+#include "Changes.h"
 #include "VEXMELKUtilities.h"
 
 #include <CLI/CLI.hpp>
@@ -88,6 +88,21 @@ ExitStatus Run(int argc, char** argv)
     CLI::App* operations = app.add_subcommand("operations", "Every query operation, with its arguments and outputs");
     operations->add_option("CONFIG", options.configuration, "Only those of this configuration");
 
+    CLI::App* explain = app.add_subcommand("explain", "Where each value of an answer comes from, and what it hides");
+    explain->add_option("CONFIG", options.configuration, "The configuration")->required();
+    explain->add_option("OPERATION", options.operation, "The operation, or the standard of the main query")->required();
+    explain->add_option("NAME=VALUE", options.assignments, "The operation's arguments, or the category");
+    explain->add_option("--field", options.field, "Only this field, such as definition.FrontOffset");
+    explain->add_flag("--steps", options.steps, "Every look-up, in the order in which it is tried");
+
+    CLI::App* whatIf =
+        app.add_subcommand("whatif", "Every answer that becomes another one by edits, of which none is written");
+    whatIf->add_option("EDIT", options.assignments, "FILE:LINE:COL=TEXT, or CONFIG/STANDARD/CATEGORY/ATTRIBUTE=TEXT");
+    whatIf->add_option("--overlay", options.overlay, "A directory with edited files")->type_name("DIR");
+
+    CLI::App* unused = app.add_subcommand("unused", "Texts and elements that no answer depends on");
+    unused->add_option("CONFIG", options.assignments, "Only the files of these configurations");
+
     CLI::App* schema = app.add_subcommand("schema", "The elements and attributes of each file, as tables in Markdown");
     schema->add_option("CONFIG", options.configuration, "Only those of this configuration");
 
@@ -118,6 +133,12 @@ ExitStatus Run(int argc, char** argv)
         return RunCategories(options, host);
     if (operations->parsed())
         return RunOperations(options);
+    if (whatIf->parsed())
+        return RunWhatIf(options);
+    if (unused->parsed())
+        return RunUnused(options);
+    if (explain->parsed())
+        return RunExplain(options, host);
     if (schema->parsed())
         return RunSchema(options);
     if (settings.batch)

@@ -1,0 +1,80 @@
+// Where the values of an answer come from: the places in the files that decide them, and what they hide.
+//
+//     VEXMELKUFCurbConfigDefinition curb;
+//     manager->GetUFCurbConfig()->GetStandardData("EU Passenger Car", "suv", curb);
+//     const VEXMELKCall<&VEXMELKUFCurbConfig::GetStandardData> call(
+//         "EU Passenger Car", "suv", VEXMELKUFCurbConfigDefinition());
+//     const VEXMELKExplanation explanation = VEXMELKExplain(call, directory);
+//     for (const VEXMELKOriginPlace& place : explanation.OriginOf("definition.FrontOffset")->places)
+//         ... place.file, place.line, place.column
+//
+// Origins are proven, not guessed: each text that the question read is replaced in memory, a fresh object is asked
+// again, and what changes the answer decides it. The files are read anew for that. Neither they nor the objects of the
+// host are touched, and queries that nobody explains pay nothing for it.
+#ifndef VEXMELKOrigins_H
+#define VEXMELKOrigins_H
+
+#include "VEXMELKTrial.h"
+#include "VEXMELKWrittenFile.h"
+
+struct VEXMELKOriginPlace
+{
+    enum Role
+    {
+        Value,  // the text that the value is made of
+        Choice, // a text that chooses it: a name that was matched, the key of a row
+        Hidden  // a text that would count if another did not stand before it
+    };
+    Role role = Value;
+    // Which rule brought it there: "own", "default", "overlay", "element", "customer", "root", "dtd", "carried";
+    // without a place "kept" (the caller's value) or "builtin" (the reader's own default).
+    std::string how;
+    std::string file;         // below the configuration directory, with "/"; empty without a place
+    VEXMELKPosition position; // of the text's first character
+    std::string path;         // of the element
+    std::string attribute;    // empty for the text of an element
+    std::string text;         // as written
+    bool isSecret = false;    // the text is not to be shown
+    std::string why;          // the rule in words
+};
+
+struct VEXMELKOrigin
+{
+    VEXMELKNamedValue value;
+    std::vector<VEXMELKOriginPlace> places;
+};
+
+struct VEXMELKExplanation
+{
+    VEXMELKPlainValue result;
+    std::string reason; // why the answer is false, or not that of the names that were asked for; else empty
+    std::vector<VEXMELKOrigin> fields;
+    // Texts that were not looked at, because the files are too large for all of them.
+    std::size_t leftOut = 0;
+
+    // By the name of a field ("definition.FrontOffset"); null when there is none.
+    const VEXMELKOrigin* OriginOf(std::string_view field) const;
+};
+
+VEXMELKExplanation VEXMELKExplain(const VEXMELKConfigManager::Configuration& configuration,
+    const VEXMELKAskable& askable, const CATUnicodeString& directory);
+
+// A look-up on the way to an answer.
+struct VEXMELKStep
+{
+    std::string what; // "<category> below /configuration/standard[name='S']", "front_offset of /configuration/..."
+    bool isHit = false;
+    std::string file; // of a hit, with the place of the element or text that was found
+    VEXMELKPosition position;
+    std::string text; // of an attribute
+};
+
+// Every look-up of a question, in the order in which they are tried. Those by the name of a standard or category go by
+// an index and are not among them.
+std::vector<VEXMELKStep> VEXMELKSteps(const VEXMELKConfigManager::Configuration& configuration,
+    const VEXMELKAskable& askable, const CATUnicodeString& directory);
+
+// Why a question is answered with false, or by another category than was asked for; empty when there is nothing to say.
+std::string VEXMELKReason(const VEXMELKTrial& trial, const VEXMELKAskable& askable, const VEXMELKFlatAnswer& answer);
+
+#endif

@@ -1,0 +1,220 @@
+// Fresh objects read documents that are in memory only, so that neither the files nor the objects of the host are
+// touched.
+#include "VEXMELKTrial.h"
+
+#include "VEXMELKGUI.h"
+#include "VEXMELKLog.h"
+#include "VEXMELKUtilities.h"
+
+#include <algorithm>
+
+class VEXMELKSilence::Drain : public VEXMELKMessagePresenter, public VEXMELKLogSink
+{
+public:
+    Drain() : m_Presenter(VEXMELKGUI::InstallPresenter(this)), m_Sink(VEXMELKLog::InstallSink(this)) {}
+    Drain(const Drain&) = delete;
+    Drain& operator=(const Drain&) = delete;
+    ~Drain() override
+    {
+        VEXMELKGUI::InstallPresenter(m_Presenter);
+        VEXMELKLog::InstallSink(m_Sink);
+    }
+
+private:
+    void Show(Kind /*kind*/, const CATUnicodeString& /*title*/, const CATUnicodeString& /*text*/) override {}
+    void Write(const CATUnicodeString& /*line*/) override {}
+
+    VEXMELKMessagePresenter* m_Presenter;
+    VEXMELKLogSink* m_Sink;
+};
+
+VEXMELKSilence::VEXMELKSilence() : m_Drain(std::make_unique<Drain>()) {}
+VEXMELKSilence::~VEXMELKSilence() = default;
+
+namespace {
+
+// Below this size documents are asked whole.
+constexpr std::size_t largeDocument = 200000; // bytes
+
+// Loads as every configuration does.
+class Loader : public VEXMELKConfig
+{
+public:
+    Loader(const VEXMELKDescription& described, const CATUnicodeString& directory)
+        : VEXMELKConfig(directory, CATUnicodeString(described.file)),
+          m_IsSingle(described.layout == VEXMELKLayout::Single)
+    {
+    }
+    VEXMELKRootDOMElementsDefinition Roots()
+    {
+        VEXMELKRootDOMElementsDefinition roots;
+        if (m_IsSingle)
+            GetRootDOMElement(roots.DefaultRootElement);
+        else
+            GetRootDOMElements(roots);
+        return roots;
+    }
+
+private:
+    bool m_IsSingle;
+};
+
+// Tells which attributes were read by which rows.
+class Recorder : public VEXMELKWatch
+{
+public:
+    Recorder(const VEXMELKTrial& trial, std::vector<VEXMELKTrial::Read>& reads)
+        : m_Trial(trial), m_Reads(reads), m_Before(Install(this))
+    {
+    }
+    Recorder(const Recorder&) = delete;
+    Recorder& operator=(const Recorder&) = delete;
+    ~Recorder() override { Install(m_Before); }
+
+private:
+    void OnElements(const CATIDOMElement_var& /*parent*/, const VEXMELKElement& /*described*/) override {}
+    void OnRows(
+        const CATIDOMNamedNodeMap_var& map, const CATIDOMNamedNodeMap_var& defaultMap, VEXMELKRows rows) override
+    {
+        for (const VEXMELKRow& row : rows)
+            for (const CATIDOMNamedNodeMap_var* attributes : {&map, &defaultMap})
+                if (const auto place = m_Trial.PlaceOf(*attributes, row.attribute))
+                    m_Reads.push_back({*place, &row});
+    }
+
+    const VEXMELKTrial& m_Trial;
+    std::vector<VEXMELKTrial::Read>& m_Reads;
+    VEXMELKWatch* m_Before;
+};
+
+std::size_t SizeOf(const VEXMELKSourceFile& file)
+{
+    return static_cast<std::size_t>(file.root->GetElementsByTagName("*")->GetLength()) * 40;
+}
+
+// Standards of other names, unless there are standards in them.
+bool IsOtherStandard(const CATIDOMElement_var& element, std::string_view standard)
+{
+    return element->GetTagName() == "standard" && element->GetAttributes()->GetNamedItemValue("name") != standard &&
+           element->GetElementsByTagName("standard")->GetLength() == 0;
+}
+
+} // namespace
+
+std::vector<VEXMELKSourceFile> VEXMELKLoadFiles(
+    const VEXMELKDescription& description, const CATUnicodeString& directory)
+{
+    CATUnicodeString name(description.file);
+    name.ReplaceAll('\\', '/');
+    const auto loader = CATHandle<Loader>::Create(description, directory);
+    const VEXMELKRootDOMElementsDefinition roots = loader->Roots();
+    const bool isSplit =
+        description.layout == VEXMELKLayout::Parts && VEXMELKUtilities::FileExists(directory + "/Default/" + name) != 0;
+    std::vector<VEXMELKSourceFile> files;
+    const auto add = [&](const char* folder, const CATIDOMElement_var& root)
+    {
+        if (root != NULL_var)
+            files.push_back({folder + std::string(name.ConvertToChar()),
+                directory.ConvertToChar() + std::string("/") + folder + name.ConvertToChar(), root});
+    };
+    add(isSplit ? "Default/" : "", roots.DefaultRootElement);
+    add("Customer/", roots.CustomerRootElement);
+    return files;
+}
+
+VEXMELKTrial::VEXMELKTrial(
+    const Configuration& configuration, const CATUnicodeString& directory, std::optional<std::string_view> standard)
+    : m_Configuration(configuration), m_Files(VEXMELKLoadFiles(*configuration.description, directory))
+{
+    int line = 1;
+    for (const VEXMELKSourceFile& file : m_Files)
+    {
+        const bool isCut = standard && SizeOf(file) > largeDocument;
+        const auto isLeftOut = [&](const CATIDOMElement_var& element) { return IsOtherStandard(element, *standard); };
+        m_Documents.emplace_back(file.root, line, isCut ? isLeftOut : std::function<bool(const CATIDOMElement_var&)>());
+        line = m_Documents.back().LastLine() + 1;
+    }
+    for (int number = 0; m_UnknownWord.empty(); ++number)
+    {
+        const std::string word = "unknown" + std::to_string(number) + "word";
+        const auto has = [&](const VEXMELKDocumentText& text) { return text.Text().find(word) != std::string::npos; };
+        if (std::none_of(m_Documents.begin(), m_Documents.end(), has))
+            m_UnknownWord = word;
+    }
+    for (std::size_t document = 0; document < m_Documents.size(); ++document)
+        WriteDocument(document, m_Documents[document].Text());
+}
+
+void VEXMELKTrial::WriteDocument(std::size_t document, std::string text)
+{
+    m_Directory.Write(m_Files[document].name, std::move(text));
+}
+
+VEXMELKFlatAnswer VEXMELKTrial::Ask(VEXMELKQuestion& question, const VEXMELKOperation& operation) const
+{
+    const auto object = CATHandle<VEXMELKConfig>::Adopt(m_Configuration.create(m_Directory.Path()));
+    if (object != NULL_var)
+        question.Ask(*object.Get());
+    return VEXMELKFlatAnswer::Of(question, operation);
+}
+
+VEXMELKFlatAnswer VEXMELKTrial::Ask(const VEXMELKAskable& askable, std::vector<Read>* reads) const
+{
+    const std::unique_ptr<VEXMELKQuestion> question = askable.New();
+    std::optional<Recorder> recorder;
+    if (reads)
+        recorder.emplace(*this, *reads);
+    return Ask(*question, askable.Operation());
+}
+
+std::optional<std::pair<std::size_t, std::size_t>> VEXMELKTrial::ElementOf(const CATIDOMElement_var& element) const
+{
+    for (std::size_t document = 0; document < m_Documents.size(); ++document)
+    {
+        const std::size_t found = m_Documents[document].ElementAt(element->GetLineNumber(), element->GetColumnNumber());
+        if (found != VEXMELKDocumentText::none)
+            return std::pair(document, found);
+    }
+    return std::nullopt;
+}
+
+std::optional<VEXMELKTrial::Place> VEXMELKTrial::PlaceOf(
+    const CATIDOMNamedNodeMap_var& attributes, std::string_view name) const
+{
+    const auto element = attributes == NULL_var ? std::nullopt : ElementOf(attributes->GetOwnerElement());
+    const std::size_t slot =
+        element ? m_Documents[element->first].SlotOf(element->second, name) : VEXMELKDocumentText::none;
+    return slot == VEXMELKDocumentText::none ? std::nullopt : std::optional(Place{element->first, slot});
+}
+
+std::vector<std::string> VEXMELKTrial::OtherTexts(const VEXMELKRow& row) const
+{
+    std::vector<std::string> texts = {m_UnknownWord};
+    for (const VEXMELKWord& word : row.words.list)
+        texts.emplace_back(word.text);
+    if (row.kind == VEXMELKKind::Flag)
+        texts.insert(texts.end(), {"true", "false"});
+    else if (row.kind == VEXMELKKind::Name)
+        for (const VEXMELKDocumentText& document : m_Documents)
+            for (const VEXMELKSlot& slot : document.Slots())
+                if (slot.attribute == "name" && texts.size() < 20)
+                    texts.emplace_back(slot.text);
+    if (row.kind != VEXMELKKind::Flag && row.kind != VEXMELKKind::Word)
+        for (const char* number : {"1", "2", "54321.5"})
+            texts.push_back(number + std::string(row.unit.empty() ? "" : row.unit));
+    return texts;
+}
+
+VEXMELKTrial::Replacement::Replacement(VEXMELKTrial& trial, Place place, std::string_view text)
+    : m_Trial(trial), m_Document(place.document)
+{
+    trial.WriteDocument(m_Document, trial.m_Documents[m_Document].With(trial.At(place), text));
+}
+
+VEXMELKTrial::Replacement::Replacement(VEXMELKTrial& trial, std::size_t document, std::size_t element)
+    : m_Trial(trial), m_Document(document)
+{
+    trial.WriteDocument(document, trial.m_Documents[document].Without(element));
+}
+
+VEXMELKTrial::Replacement::~Replacement() { m_Trial.WriteDocument(m_Document, m_Trial.m_Documents[m_Document].Text()); }

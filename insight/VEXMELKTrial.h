@@ -1,0 +1,120 @@
+// Asking a configuration again, with one text of its files replaced in memory: what changes an answer decides it.
+#ifndef VEXMELKTrial_H
+#define VEXMELKTrial_H
+
+#include "CATMemoryDirectory.h"
+#include "VEXMELKAnswerValues.h"
+#include "VEXMELKConfig.h"
+#include "VEXMELKConfigManager.h"
+#include "VEXMELKDescription.h"
+#include "VEXMELKDocumentText.h"
+#include "VEXMELKWatch.h"
+
+#include <memory>
+#include <optional>
+
+// While it lives, message boxes and log lines are dropped.
+class VEXMELKSilence
+{
+public:
+    VEXMELKSilence();
+    VEXMELKSilence(const VEXMELKSilence&) = delete;
+    VEXMELKSilence& operator=(const VEXMELKSilence&) = delete;
+    ~VEXMELKSilence();
+
+private:
+    class Drain;
+    std::unique_ptr<Drain> m_Drain;
+};
+
+// A question with its arguments, as often as it is wanted: each has the outputs that the caller had.
+class VEXMELKAskable
+{
+public:
+    virtual ~VEXMELKAskable() = default;
+    virtual const VEXMELKOperation& Operation() const = 0;
+    virtual std::unique_ptr<VEXMELKQuestion> New() const = 0;
+};
+
+// One of the files that a configuration reads.
+struct VEXMELKSourceFile
+{
+    std::string name; // below the directory, with "/": "Customer/OVA/UFCurb.xml"
+    std::string path;
+    CATIDOMElement_var root;
+};
+
+// The files of a configuration as the library loads them: the Default or single one first, then the Customer file. None
+// when they do not load.
+std::vector<VEXMELKSourceFile> VEXMELKLoadFiles(
+    const VEXMELKDescription& description, const CATUnicodeString& directory);
+
+class VEXMELKTrial
+{
+public:
+    using Configuration = VEXMELKConfigManager::Configuration;
+
+    // A text of one of the documents.
+    struct Place
+    {
+        std::size_t document = 0;
+        std::size_t slot = 0;
+        auto operator<=>(const Place&) const = default;
+    };
+    // An attribute that was read, with the row that it was read by.
+    struct Read
+    {
+        Place place;
+        const VEXMELKRow* row;
+    };
+
+    // With a standard, documents that are large leave out the other standards.
+    VEXMELKTrial(const Configuration& configuration, const CATUnicodeString& directory,
+        std::optional<std::string_view> standard = std::nullopt);
+
+    const std::vector<VEXMELKSourceFile>& Files() const { return m_Files; }
+    const std::vector<VEXMELKDocumentText>& Documents() const { return m_Documents; }
+    const VEXMELKSlot& At(Place place) const { return m_Documents[place.document].Slots()[place.slot]; }
+    // A word that stands nowhere in the documents.
+    const std::string& UnknownWord() const { return m_UnknownWord; }
+
+    // The answer of a fresh object, with the documents as they are; "reads" gets what it read.
+    VEXMELKFlatAnswer Ask(const VEXMELKAskable& askable, std::vector<Read>* reads = nullptr) const;
+    VEXMELKFlatAnswer Ask(VEXMELKQuestion& question, const VEXMELKOperation& operation) const;
+
+    // While it lives, a text of the documents is another one.
+    class Replacement
+    {
+    public:
+        Replacement(VEXMELKTrial& trial, Place place, std::string_view text);
+        // Without an element of a document.
+        Replacement(VEXMELKTrial& trial, std::size_t document, std::size_t element);
+        Replacement(const Replacement&) = delete;
+        Replacement& operator=(const Replacement&) = delete;
+        ~Replacement();
+
+    private:
+        VEXMELKTrial& m_Trial;
+        std::size_t m_Document;
+    };
+
+    // Texts that would be something else than what a row's text is now.
+    std::vector<std::string> OtherTexts(const VEXMELKRow& row) const;
+    const CATUnicodeString& Directory() const { return m_Directory.Path(); }
+
+    // The document and the element there of a handle to an element that was asked; none when it is in none of them.
+    std::optional<std::pair<std::size_t, std::size_t>> ElementOf(const CATIDOMElement_var& element) const;
+    // The place of an attribute of such an element; none also when the element does not have it.
+    std::optional<Place> PlaceOf(const CATIDOMNamedNodeMap_var& attributes, std::string_view name) const;
+
+private:
+    void WriteDocument(std::size_t document, std::string text);
+
+    const Configuration& m_Configuration;
+    std::vector<VEXMELKSourceFile> m_Files;
+    std::vector<VEXMELKDocumentText> m_Documents;
+    std::string m_UnknownWord;
+    CATMemoryDirectory m_Directory;
+};
+
+#endif

@@ -1,0 +1,296 @@
+// Edits are made in a copy of the configuration directory, so that nothing of the user's is written.
+#include "Changes.h"
+
+#include "Explain.h"
+#include "Table.h"
+#include "VEXMELKAnswers.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <map>
+#include <unistd.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class Copy
+{
+public:
+    explicit Copy(const fs::path& directory)
+    {
+        std::string name = fs::temp_directory_path() / "melkcfg-XXXXXX";
+        if (!mkdtemp(name.data()))
+            throw RequestError("no temporary directory can be made");
+        m_Path = name;
+        Lay(directory);
+    }
+    Copy(const Copy&) = delete;
+    Copy& operator=(const Copy&) = delete;
+    ~Copy()
+    {
+        std::error_code ignored;
+        fs::remove_all(m_Path, ignored);
+    }
+    const fs::path& Path() const { return m_Path; }
+    // Lays the files of a directory over the copy.
+    void Lay(const fs::path& directory) const
+    {
+        std::error_code error;
+        fs::copy(directory, m_Path, fs::copy_options::recursive | fs::copy_options::overwrite_existing, error);
+        if (error)
+            throw RequestError(directory.string() + " cannot be copied: " + error.message());
+    }
+
+private:
+    fs::path m_Path;
+};
+
+struct Edit
+{
+    VEXMELKPosition position;
+    std::string text;
+};
+using Edits = std::map<std::string, std::vector<Edit>>; // by file
+
+bool IsNumber(const std::string& text)
+{
+    return !text.empty() && text.size() < 9 &&
+           std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+// FILE:LINE:COL=TEXT.
+bool ReadPlaceEdit(const std::string& place, const std::string& text, Edits& edits)
+{
+    const std::size_t column = place.rfind(':');
+    const std::size_t line = column == 0 || column == std::string::npos ? column : place.rfind(':', column - 1);
+    if (line == std::string::npos || column == std::string::npos || line == column)
+        return false;
+    const std::string lineText = place.substr(line + 1, column - line - 1);
+    const std::string columnText = place.substr(column + 1);
+    if (!IsNumber(lineText) || !IsNumber(columnText))
+        return false;
+    edits[place.substr(0, line)].push_back({{std::stoi(lineText), std::stoi(columnText)}, text});
+    return true;
+}
+
+// CONFIG/STANDARD/CATEGORY/ATTRIBUTE=TEXT: the attribute of the category that counts.
+void ReadNamedEdit(const std::string& name, const std::string& text, Edits& edits)
+{
+    const std::size_t config = name.find('/');
+    const std::size_t attribute = name.rfind('/');
+    const std::size_t category =
+        attribute == 0 || attribute == std::string::npos ? attribute : name.rfind('/', attribute - 1);
+    if (config == std::string::npos || category <= config || category == attribute)
+        throw RequestError(
+            "expected FILE:LINE:COL=TEXT or CONFIG/STANDARD/CATEGORY/ATTRIBUTE=TEXT, got " + Shown(name));
+    const std::string standardName = name.substr(config + 1, category - config - 1);
+    const std::string categoryName = name.substr(category + 1, attribute - category - 1);
+    const std::string attributeName = name.substr(attribute + 1);
+    const Configuration& configuration = FindConfiguration(name.substr(0, config));
+    const CATUnicodeString directory = CurrentDirectory();
+    const VEXMELKTrial trial(*configuration.entry, directory);
+    for (std::size_t document = trial.Documents().size(); document-- > 0;)
+    {
+        const VEXMELKDocumentText& written = trial.Documents()[document];
+        const auto isNamed = [&](std::size_t element, std::string_view tag, const std::string& wanted)
+        {
+            const std::size_t slot = written.SlotOf(element, "name");
+            return written.Elements()[element].node->GetTagName() == tag && slot != VEXMELKDocumentText::none &&
+                   written.Slots()[slot].text == wanted;
+        };
+        for (std::size_t element = 1; element < written.Elements().size(); ++element)
+        {
+            const std::size_t parent = written.Elements()[element].parent;
+            if (!isNamed(element, "category", categoryName) || !isNamed(parent, "standard", standardName))
+                continue;
+            const CATIDOMElement_var node = written.Elements()[element].node;
+            const auto file = VEXMELKWrittenFile::Read(trial.Files()[document].path);
+            const auto place =
+                file ? file->ValueOf({node->GetLineNumber(), node->GetColumnNumber()}, attributeName) : std::nullopt;
+            if (!place)
+                throw RequestError(trial.Files()[document].name + ": the category does not have the attribute " +
+                                   Shown(attributeName));
+            edits[trial.Files()[document].name].push_back({*place, text});
+            return;
+        }
+    }
+    throw RequestError("there is no category " + Shown(categoryName) + " of a standard " + Shown(standardName));
+}
+
+Edits ReadEdits(const std::vector<std::string>& texts)
+{
+    Edits edits;
+    for (const std::string& text : texts)
+    {
+        const std::size_t equals = text.find('=');
+        if (equals == std::string::npos)
+            throw RequestError("an edit needs =TEXT: " + Shown(text));
+        const std::string place = text.substr(0, equals);
+        if (!ReadPlaceEdit(place, text.substr(equals + 1), edits))
+            ReadNamedEdit(place, text.substr(equals + 1), edits);
+    }
+    return edits;
+}
+
+// The last edit of a file first, so that the places of the others stay.
+void Apply(Edits edits, const fs::path& directory)
+{
+    for (auto& [name, ofFile] : edits)
+    {
+        std::sort(ofFile.begin(), ofFile.end(),
+            [](const Edit& left, const Edit& right)
+            {
+                return std::pair(left.position.line, left.position.column) >
+                       std::pair(right.position.line, right.position.column);
+            });
+        for (const Edit& edit : ofFile)
+        {
+            const std::string path = directory / name;
+            const auto file = VEXMELKWrittenFile::Read(path);
+            if (!file)
+                throw RequestError(Shown(name) + " cannot be read");
+            const auto bytes = file->With(edit.position, edit.text);
+            if (!bytes)
+                throw RequestError(Shown(name) + ":" + std::to_string(edit.position.line) + ":" +
+                                   std::to_string(edit.position.column) + ": no value begins there");
+            std::ofstream(path, std::ios::binary) << *bytes;
+        }
+    }
+}
+
+Json ToJson(const std::optional<VEXMELKPlainValue>& value) { return value ? ::ToJson(*value) : Json(); }
+
+Json ToJson(const std::optional<VEXMELKOriginPlace>& place)
+{
+    if (!place)
+        return nullptr;
+    return {{"file", place->file}, {"line", place->position.line}, {"column", place->position.column}};
+}
+
+std::string TextOf(const std::optional<VEXMELKPlainValue>& value) { return value ? VEXMELKTextOf(*value) : "nothing"; }
+
+std::string TextOf(const std::optional<VEXMELKOriginPlace>& place)
+{
+    return place
+               ? place->file + ":" + std::to_string(place->position.line) + ":" + std::to_string(place->position.column)
+               : "";
+}
+
+bool IsSecret(const VEXMELKChange& change)
+{
+    const auto parameters = change.question.Operation().Parameters();
+    return std::any_of(parameters.begin(), parameters.end(),
+        [&](const VEXMELKParameter& parameter) { return parameter.isSecret && change.field == parameter.name; });
+}
+
+std::string PercentText(const VEXMELKChange& change)
+{
+    if (!change.percent)
+        return {};
+    const std::string number = Json(*change.percent).dump();
+    return (*change.percent > 0 ? "+" : "") + (number.ends_with(".0") ? number.substr(0, number.size() - 2) : number) +
+           " %";
+}
+
+Json ArgumentsToJson(const VEXMELKPreparedQuestion& question)
+{
+    Json arguments = Json::object();
+    for (const VEXMELKPreparedQuestion::Input& input : question.Inputs())
+        arguments[std::string(question.Operation().Parameters()[input.parameter].name)] = ::ToJson(input.value);
+    return arguments;
+}
+
+void PrintChanges(const VEXMELKComparison& comparison, bool showSecrets)
+{
+    Rows rows;
+    for (const VEXMELKChange& change : comparison.changes)
+    {
+        const bool isMasked = IsSecret(change) && !showSecrets;
+        const std::string values = isMasked ? hiddenSecret : TextOf(change.before) + " → " + TextOf(change.after);
+        rows.push_back({std::string(change.configuration->description->name),
+            std::string(change.question.Operation().Name()), change.question.ArgumentText(), change.field, values,
+            PercentText(change), TextOf(change.placeBefore), TextOf(change.placeAfter)});
+    }
+    PrintTable(rows);
+    std::cout << comparison.changes.size() << " values change; " << comparison.questions << " questions were asked\n";
+}
+
+Json ChangesToJson(const VEXMELKComparison& comparison, bool showSecrets)
+{
+    Json changes = Json::array();
+    for (const VEXMELKChange& change : comparison.changes)
+    {
+        const bool isMasked = IsSecret(change) && !showSecrets;
+        changes.push_back({{"config", change.configuration->description->name},
+            {"operation", change.question.Operation().Name()}, {"arguments", ArgumentsToJson(change.question)},
+            {"field", change.field}, {"old", isMasked ? Json(hiddenSecret) : ToJson(change.before)},
+            {"new", isMasked ? Json(hiddenSecret) : ToJson(change.after)},
+            {"percent", change.percent ? Json(*change.percent) : Json()}, {"oldPlace", ToJson(change.placeBefore)},
+            {"newPlace", ToJson(change.placeAfter)}});
+    }
+    return {{"version", 1}, {"questions", comparison.questions}, {"changes", changes}};
+}
+
+} // namespace
+
+ExitStatus RunWhatIf(const CommandOptions& options)
+{
+    const CATUnicodeString directory = CurrentDirectory();
+    if (!fs::is_directory(directory.ConvertToChar()))
+        return NothingThere;
+    const Edits edits = ReadEdits(options.assignments);
+    if (edits.empty() && options.overlay.empty())
+        throw RequestError("whatif needs an edit, or --overlay DIR");
+    const Copy copy(directory.ConvertToChar());
+    if (!options.overlay.empty())
+        copy.Lay(options.overlay);
+    Apply(edits, copy.Path());
+    const VEXMELKComparison comparison = VEXMELKCompare(directory, CATUnicodeString(copy.Path().string()));
+    if (options.asJson)
+        PrintJson(ChangesToJson(comparison, options.showSecrets));
+    else
+        PrintChanges(comparison, options.showSecrets);
+    return comparison.questions == 0 ? NothingThere : Done;
+}
+
+ExitStatus RunUnused(const CommandOptions& options)
+{
+    std::vector<const Configuration*> wanted;
+    for (const std::string& name : options.assignments)
+        wanted.push_back(&FindConfiguration(name));
+    if (wanted.empty())
+        for (const Configuration& configuration : AllConfigurations())
+            wanted.push_back(&configuration);
+    Json json = Json::array();
+    Rows rows;
+    bool isAnyThere = false;
+    for (const Configuration* configuration : wanted)
+    {
+        if (!configuration->entry->create)
+            continue;
+        const CATUnicodeString directory = CurrentDirectory();
+        {
+            const VEXMELKSilence silence;
+            if (VEXMELKLoadFiles(*configuration->entry->description, directory).empty())
+                continue;
+        }
+        isAnyThere = true;
+        for (const VEXMELKUnusedText& unused : VEXMELKUnused(*configuration->entry, directory))
+        {
+            json.push_back({{"file", unused.file}, {"line", unused.position.line}, {"column", unused.position.column},
+                {"path", unused.path}, {"attribute", unused.attribute.empty() ? Json() : Json(unused.attribute)},
+                {"reason", unused.reason}});
+            rows.push_back({unused.file + ":" + std::to_string(unused.position.line) + ":" +
+                                std::to_string(unused.position.column),
+                unused.attribute.empty() ? unused.path : unused.path + "/@" + unused.attribute, unused.reason});
+        }
+    }
+    if (options.asJson)
+        PrintJson({{"version", 1}, {"unused", json}});
+    else
+        PrintTable(rows);
+    return isAnyThere ? Done : NothingThere;
+}
