@@ -18,10 +18,10 @@ std::string TextOf(const VEXMELKValue& value)
 template <class Wanted, class Act>
 void ForEachElement(const Documents& documents, std::string_view tag, Wanted isWanted, Act act)
 {
-    for (auto document = documents.rbegin(); document != documents.rend(); ++document)
-        for (std::size_t element = 0; element < document->Elements().size(); ++element)
-            if (document->Elements()[element].node->GetTagName() == tag && isWanted(*document, element))
-                act(*document, element);
+    for (std::size_t number = documents.size(); number-- > 0;)
+        for (std::size_t element = 0; element < documents[number].Elements().size(); ++element)
+            if (documents[number].Elements()[element].node->GetTagName() == tag && isWanted(documents[number], element))
+                act(documents[number], element);
 }
 
 std::string Attribute(const VEXMELKDocumentText& document, std::size_t element, std::string_view name)

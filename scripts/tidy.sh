@@ -7,7 +7,7 @@ cd "$(dirname "$0")/.."
 rm -rf build/tidy
 mkdir -p build/tidy
 
-includes=(-I. -Idocument -Idocument/parsing -Ihost -Idescription -Icore -Ioccupant -Iinclude -Itests -Itools/melkcfg)
+includes=(-I. -Idocument -Idocument/parsing -Ihost -Idescription -Icore -Ioccupant -Iinclude -Iinsight -Itests -Itools/melkcfg)
 # Those of cmake/Compiler.cmake: what clang says more than GCC.
 warnings=(-Wall -Wextra -Wpedantic -Wshadow -Wconversion)
 defines=(-DMELKCFG=\"\" -DMELK_LIBRARY=\"\" -DMELKCFG_VERSION=\"\" -DSAMPLE_CONFIGURATION=\"\" -DCASES=\"\")
@@ -25,7 +25,7 @@ if [ $# -eq 0 ]; then
     as_one tools 'tools/melkcfg/*.cpp'
     as_one document 'document/*.cpp'
     as_one host 'host/*.cpp' 'description/*.cpp'
-    mapfile -t -O "${#files[@]}" files < <(git ls-files 'occupant/*.cpp' 'vision/*.cpp' 'safety/*.cpp' 'core/*.cpp')
+    mapfile -t -O "${#files[@]}" files < <(git ls-files 'occupant/*.cpp' 'vision/*.cpp' 'safety/*.cpp' 'core/*.cpp' 'insight/*.cpp')
 fi
 # check FLAG...: the files on standard input, with those flags of the compiler.
 check() {

@@ -1,5 +1,6 @@
 // The descriptions are true: while every operation is asked over documents made from the descriptions, all that is
 // looked for is described, at the place where it is looked for, and all that is described is looked for by something.
+#include "DescribedDocument.h"
 #include "LibraryTest.h"
 #include "VEXMELKCheckConfig.h"
 #include "VEXMELKDescription.h"
@@ -12,30 +13,13 @@
 
 namespace {
 
-// Stands for every name and number, so that whatever is referred to is there.
-constexpr const char* key = "95";
-// The name of the second element of a kind.
-constexpr const char* otherKey = "96";
-
 class DescriptionTest : public LibraryTest, private VEXMELKWatch
 {
 protected:
-    using Elements = std::vector<const VEXMELKElement*>;
+    using Elements = DescribedDocument::Elements;
+    static constexpr const char* key = DescribedDocument::key;
+    static constexpr const char* otherKey = DescribedDocument::otherKey;
 
-    static Elements AllElements(const VEXMELKDescription& description)
-    {
-        Elements all;
-        for (const VEXMELKDescription* level = &description; level; level = level->base)
-            all.insert(all.end(), level->elements.begin(), level->elements.end());
-        return all;
-    }
-
-    // By their tags, as far up as look-ups tell elements apart.
-    static bool IsSame(const VEXMELKElement& left, const VEXMELKElement& right)
-    {
-        return left.tag == right.tag && !left.below == !right.below &&
-               (!left.below || left.below->tag == right.below->tag);
-    }
     // What a look-up depends on.
     using Facts = std::tuple<std::string, VEXMELKKind, VEXMELKForm, std::string, bool, VEXMELKWhenMissing::Rule,
         std::string, double, bool, int>;
@@ -45,95 +29,6 @@ protected:
         return {std::string(row.attribute), row.kind, row.form, std::string(row.unit), row.isAsWritten, missing.rule,
             std::string(missing.text), missing.number, missing.flag, missing.integer};
     }
-    // Whether an element is the described one, or stands above it.
-    static bool IsOnTheWay(const VEXMELKElement& element, const VEXMELKElement& described)
-    {
-        return IsSame(element, described) || (described.below && IsOnTheWay(element, *described.below));
-    }
-
-    // The text of an attribute, in one of two variants.
-    static std::string TextOf(const VEXMELKRow& row, int variant)
-    {
-        if (row.kind == VEXMELKKind::Flag)
-            return variant == 0 ? "true" : "false";
-        if (row.kind == VEXMELKKind::Word && !row.words.list.empty())
-            return std::string(variant == 0 ? row.words.list.front().text : row.words.list.back().text);
-        return row.kind == VEXMELKKind::Integer && row.attribute == "index" ? "1" : key;
-    }
-
-    // The elements below a described one, or below the root, that lead to "only" or lie below it (null: all).
-    static std::string Contents(const Elements& all, const VEXMELKElement* parent, const VEXMELKElement* only)
-    {
-        std::string contents;
-        Elements written;
-        for (const VEXMELKElement* element : all)
-        {
-            const bool isHere =
-                parent ? element->below && IsSame(*element->below, *parent) : !element->below && element->tag != "*";
-            const bool isWanted = !only || IsOnTheWay(*element, *only) || IsOnTheWay(*only, *element);
-            const auto isKnown = [&](const VEXMELKElement* other) { return IsSame(*other, *element); };
-            if (isHere && isWanted && std::none_of(written.begin(), written.end(), isKnown))
-            {
-                written.push_back(element);
-                contents += Written(all, *element, only);
-            }
-        }
-        return contents;
-    }
-    // Once for each word of its key, in two variants unless the element is alone.
-    static std::string Written(const Elements& all, const VEXMELKElement& element, const VEXMELKElement* only)
-    {
-        const bool hasWords = element.key && element.key->kind == VEXMELKKind::Word;
-        const std::size_t words = hasWords ? element.key->words.list.size() : 1;
-        const int variants = element.choice == VEXMELKChoice::Single ? 1 : 2;
-        const std::string tag = element.tag == "*" ? "any" : std::string(element.tag);
-        const std::string contents = element.hasText ? "text" : Contents(all, &element, only);
-        std::string written;
-        for (std::size_t word = 0; word < words; ++word)
-            for (int variant = 0; variant < variants; ++variant)
-                written += "<" + tag + Attributes(all, element, word, variant) + ">" + contents + "</" + tag + ">";
-        return written;
-    }
-    static std::string Attributes(const Elements& all, const VEXMELKElement& element, std::size_t word, int variant)
-    {
-        std::set<std::string_view> known;
-        std::string attributes;
-        const auto add = [&](const VEXMELKRow& row, const std::string& text)
-        {
-            if (known.insert(row.attribute).second)
-                attributes += " " + std::string(row.attribute) + "='" + text + "'";
-        };
-        if (element.key)
-            add(*element.key, KeyOf(element, word, variant));
-        for (const VEXMELKElement* same : all)
-            if (IsSame(*same, element))
-                ForEachRow(*same, [&](const VEXMELKRow& row) { add(row, TextOf(row, variant)); });
-        return attributes;
-    }
-    static std::string KeyOf(const VEXMELKElement& element, std::size_t word, int variant)
-    {
-        if (element.key->kind == VEXMELKKind::Word)
-            return std::string(element.key->words.list[word].text);
-        if (variant != 0)
-            return otherKey;
-        return element.tag == "category" ? "default" : TextOf(*element.key, variant);
-    }
-    template <class Action> static void ForEachRow(const VEXMELKElement& element, const Action& action)
-    {
-        for (const VEXMELKRows table : element.tables)
-            std::for_each(table.begin(), table.end(), action);
-    }
-    static std::string DocumentOf(const VEXMELKDescription& description, const VEXMELKElement* only)
-    {
-        const Elements all = AllElements(description);
-        std::string attributes;
-        for (const VEXMELKElement* element : all)
-            if (!element->below && element->tag == "*") // the root itself
-                for (const VEXMELKRow& row : element->tables[0])
-                    attributes += " " + std::string(row.attribute) + "='" + TextOf(row, 0) + "'";
-        return "<config" + attributes + ">" + Contents(all, nullptr, only) + "</config>";
-    }
-
     // Asks an operation with every argument that the generated documents make meaningful.
     void AskAll(VEXMELKConfig& object, const VEXMELKOperation& operation)
     {
@@ -191,11 +86,11 @@ protected:
         const bool isWindscreen = file.empty(); // its creator gives it a file
         if (isWindscreen)
             file = "Vision/Windscreen.xml";
-        Elements parts = AllElements(description);
+        Elements parts = DescribedDocument::AllElements(description);
         parts.push_back(nullptr);
         for (const VEXMELKElement* only : parts)
         {
-            directory.Write(file, DocumentOf(description, only));
+            directory.Write(file, DescribedDocument().Of(description, only));
             Release();
             const auto windscreen = CATHandle<VEXMELKOpticalPropsOfWSConfig>::Create(
                 CATUnicodeString(directory.Path()), "Vision\\Windscreen.xml");
@@ -216,7 +111,10 @@ protected:
         for (const VEXMELKElement* element : elements)
         {
             const auto describes = [&](const VEXMELKElement* other)
-            { return IsSame(*other, *element) && other->place == element->place && other->choice == element->choice; };
+            {
+                return DescribedDocument::IsSame(*other, *element) && other->place == element->place &&
+                       other->choice == element->choice;
+            };
             if (std::none_of(all.begin(), all.end(), describes))
                 undescribed.insert("<" + std::string(element->tag) + ">");
         }
@@ -231,7 +129,7 @@ protected:
                 {
                     if (element->key)
                         compare(*element->key);
-                    ForEachRow(*element, compare);
+                    DescribedDocument::ForEachRow(*element, compare);
                 }
             if (!isDescribed)
                 undescribed.insert(std::get<0>(row) + " of " + tag);
@@ -242,13 +140,14 @@ protected:
     std::set<std::string> Unread(const VEXMELKDescription& description) const
     {
         std::set<std::string> unread;
-        for (const VEXMELKElement* element : AllElements(description))
+        for (const VEXMELKElement* element : DescribedDocument::AllElements(description))
         {
-            const auto isSame = [&](const VEXMELKElement* other) { return IsSame(*other, *element); };
+            const auto isSame = [&](const VEXMELKElement* other)
+            { return DescribedDocument::IsSame(*other, *element); };
             if (std::none_of(elements.begin(), elements.end(), isSame) && element->tag != "standard" &&
                 element->tag != "category" && description.layout != VEXMELKLayout::Single)
                 unread.insert("<" + std::string(element->tag) + ">");
-            ForEachRow(*element,
+            DescribedDocument::ForEachRow(*element,
                 [&](const VEXMELKRow& row)
                 {
                     if (!rows.contains(FactsOf(row)))
@@ -301,7 +200,7 @@ TEST_F(DescriptionTest, WhatIsReadIsDescribedAndWhatIsDescribedIsRead)
         SCOPED_TRACE(description.name);
         Forget();
         AskOver(configuration);
-        EXPECT_THAT(Undescribed(AllElements(description)), testing::IsEmpty());
+        EXPECT_THAT(Undescribed(DescribedDocument::AllElements(description)), testing::IsEmpty());
         EXPECT_THAT(Unread(description), testing::IsEmpty());
     }
 }

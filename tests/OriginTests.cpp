@@ -1,5 +1,6 @@
 // Origins are true: what is listed as deciding a value changes it when the file is edited there, and what is not listed
 // changes nothing.
+#include "DescribedDocument.h"
 #include "LibraryTest.h"
 #include "VEXMELKAllQuestions.h"
 #include "VEXMELKOrigins.h"
@@ -9,14 +10,13 @@
 
 namespace {
 
-using Configuration = VEXMELKConfigManager::Configuration;
+using Entry = VEXMELKConfigManager::Configuration;
 using Spot = std::tuple<std::string, int, int>;
 
 class OriginTest : public LibraryTest
 {
 protected:
-    static VEXMELKFlatAnswer Ask(
-        const Configuration& configuration, const std::string& folder, const VEXMELKAskable& askable)
+    static VEXMELKFlatAnswer Ask(const Entry& configuration, const std::string& folder, const VEXMELKAskable& askable)
     {
         const auto object = CATHandle<VEXMELKConfig>::Adopt(configuration.create(CATUnicodeString(folder)));
         const auto question = askable.New();
@@ -26,7 +26,7 @@ protected:
 
     // The answer with another text at a place of a file, which is as before afterwards.
     VEXMELKFlatAnswer AskEdited(
-        const Configuration& configuration, const VEXMELKAskable& askable, const Spot& spot, const std::string& text)
+        const Entry& configuration, const VEXMELKAskable& askable, const Spot& spot, const std::string& text)
     {
         const auto& [name, line, column] = spot;
         const std::string path = directory.Path() + "/" + name;
@@ -53,7 +53,7 @@ protected:
     }
 
     // Texts of which one at least is another word, number, flag or name.
-    static std::set<std::string> OtherTexts(const Configuration& configuration, const VEXMELKTrial& trial)
+    static std::set<std::string> OtherTexts(const Entry& configuration, const VEXMELKTrial& trial)
     {
         std::set<std::string> texts = {
             trial.UnknownWord(), "true", "false", "1", "2mm", "54321.5", "54321.5mm", "7deg"};
@@ -69,7 +69,7 @@ protected:
         return texts;
     }
 
-    void ExpectTrue(const Configuration& configuration, const VEXMELKAskable& askable, const VEXMELKTrial& trial)
+    void ExpectTrue(const Entry& configuration, const VEXMELKAskable& askable, const VEXMELKTrial& trial)
     {
         const VEXMELKFlatAnswer answer = Ask(configuration, directory.Path(), askable);
         const VEXMELKExplanation explanation =
@@ -95,8 +95,8 @@ protected:
             ExpectOthersChangeNothing(configuration, askable, trial, number, listed, answer);
     }
 
-    void ExpectOthersChangeNothing(const Configuration& configuration, const VEXMELKAskable& askable,
-        const VEXMELKTrial& trial, std::size_t number, const std::set<Spot>& listed, const VEXMELKFlatAnswer& answer)
+    void ExpectOthersChangeNothing(const Entry& configuration, const VEXMELKAskable& askable, const VEXMELKTrial& trial,
+        std::size_t number, const std::set<Spot>& listed, const VEXMELKFlatAnswer& answer)
     {
         const VEXMELKDocumentText& document = trial.Documents()[number];
         const std::string& name = trial.Files()[number].name;
@@ -120,7 +120,7 @@ protected:
     void ExpectTrue(std::size_t stride)
     {
         std::size_t count = 0;
-        for (const Configuration& configuration : VEXMELKConfigManager::GetConfigurations())
+        for (const Entry& configuration : VEXMELKConfigManager::GetConfigurations())
         {
             if (!configuration.create)
                 continue;
@@ -136,7 +136,7 @@ protected:
                     ExpectTrue(configuration, question, trial);
                 }
         }
-       
+
         EXPECT_GT(count, 0U);
         TakeBoxes();
     }
@@ -154,4 +154,22 @@ TEST_F(OriginTest, OfTheSampleAreProvenByEdits)
 {
     std::filesystem::copy(SAMPLE_CONFIGURATION, directory.Path(), std::filesystem::copy_options::recursive);
     ExpectTrue(Stride(997));
+}
+
+// Two documents with everything that is described, each element twice, the Customer file with a standard less.
+TEST_F(OriginTest, OfGeneratedTreesAreProvenByEdits)
+{
+    for (const Entry& configuration : VEXMELKConfigManager::GetConfigurations())
+    {
+        std::string file(configuration.description->file);
+        std::replace(file.begin(), file.end(), '\\', '/');
+        DescribedDocument documents;
+        const bool isSingle = configuration.description->layout == VEXMELKLayout::Single;
+        if (configuration.create)
+            directory.Write((isSingle ? "" : "Default/") + file, documents.Of(*configuration.description));
+        if (configuration.create && !isSingle)
+            directory.Write("Customer/" + file,
+                Replaced(documents.Of(*configuration.description), "<standard name='96'", "<standard name='97'"));
+    }
+    ExpectTrue(Stride(20011));
 }

@@ -70,10 +70,10 @@ bool ReadPlaceEdit(const std::string& place, const std::string& text, Edits& edi
         return false;
     const std::string lineText = place.substr(line + 1, column - line - 1);
     const std::string columnText = place.substr(column + 1);
-    if (!IsNumber(lineText) || !IsNumber(columnText))
-        return false;
-    edits[place.substr(0, line)].push_back({{std::stoi(lineText), std::stoi(columnText)}, text});
-    return true;
+    const bool arePlaces = IsNumber(lineText) && IsNumber(columnText);
+    if (arePlaces)
+        edits[place.substr(0, line)].push_back({{std::stoi(lineText), std::stoi(columnText)}, text});
+    return arePlaces;
 }
 
 // CONFIG/STANDARD/CATEGORY/ATTRIBUTE=TEXT: the attribute of the category that counts.
@@ -136,7 +136,7 @@ Edits ReadEdits(const std::vector<std::string>& texts)
 }
 
 // The last edit of a file first, so that the places of the others stay.
-void Apply(Edits edits, const fs::path& directory)
+void Apply(Edits& edits, const fs::path& directory)
 {
     for (auto& [name, ofFile] : edits)
     {
@@ -241,7 +241,7 @@ ExitStatus RunWhatIf(const CommandOptions& options)
     const CATUnicodeString directory = CurrentDirectory();
     if (!fs::is_directory(directory.ConvertToChar()))
         return NothingThere;
-    const Edits edits = ReadEdits(options.assignments);
+    Edits edits = ReadEdits(options.assignments);
     if (edits.empty() && options.overlay.empty())
         throw RequestError("whatif needs an edit, or --overlay DIR");
     const Copy copy(directory.ConvertToChar());

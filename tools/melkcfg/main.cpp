@@ -53,15 +53,39 @@ void Apply(const Settings& settings, Host& host)
         VEXMELKLog::SetLevel(VEXMELKLog::TraceLevel);
 }
 
-ExitStatus Run(int argc, char** argv)
+// The commands that stand on origins.
+struct InsightCommands
 {
-    CLI::App app("Asks the configuration of the vehicle-architecture checks what a check can ask it.", "melkcfg");
-    Settings settings;
-    CommandOptions options;
-    app.footer(footer);
-    app.require_subcommand(1);
-    app.fallthrough();
-    app.set_version_flag("--version", VersionText);
+    CLI::App* explain;
+    CLI::App* whatIf;
+    CLI::App* unused;
+};
+
+InsightCommands AddInsightCommands(CLI::App& app, CommandOptions& options)
+{
+    InsightCommands commands{};
+    commands.explain = app.add_subcommand("explain", "Where each value of an answer comes from, and what it hides");
+    commands.explain->add_option("CONFIG", options.configuration, "The configuration")->required();
+    commands.explain->add_option("OPERATION", options.operation, "The operation, or the standard of the main query")
+        ->required();
+    commands.explain->add_option("NAME=VALUE", options.assignments, "The operation's arguments, or the category");
+    commands.explain->add_option("--field", options.field, "Only this field, such as definition.FrontOffset");
+    commands.explain->add_flag("--steps", options.steps, "Every look-up, in the order in which it is tried");
+
+    commands.whatIf =
+        app.add_subcommand("whatif", "Every answer that becomes another one by edits, of which none is written");
+    commands.whatIf->add_option(
+        "EDIT", options.assignments, "FILE:LINE:COL=TEXT, or CONFIG/STANDARD/CATEGORY/ATTRIBUTE=TEXT");
+    commands.whatIf->add_option("--overlay", options.overlay, "A directory with edited files")->type_name("DIR");
+
+    commands.unused = app.add_subcommand("unused", "Texts and elements that no answer depends on");
+    commands.unused->add_option("CONFIG", options.assignments, "Only the files of these configurations");
+    return commands;
+}
+
+// Those of all commands. Gives that of the configuration directory.
+const CLI::Option* AddOptions(CLI::App& app, Settings& settings, CommandOptions& options)
+{
     const CLI::Option* configuration =
         app.add_option("--config", settings.directory, "The configuration directory; without it, MELK_CFG_PATH")
             ->type_name("DIR");
@@ -72,6 +96,19 @@ ExitStatus Run(int argc, char** argv)
         ->check(CLI::IsMember({"text", "json"}));
     app.add_flag("--trace", settings.trace, "Log lines at trace level on standard error");
     app.add_flag("--show-secrets", options.showSecrets, "Print the database password");
+    return configuration;
+}
+
+ExitStatus Run(int argc, char** argv)
+{
+    CLI::App app("Asks the configuration of the vehicle-architecture checks what a check can ask it.", "melkcfg");
+    Settings settings;
+    CommandOptions options;
+    app.footer(footer);
+    app.require_subcommand(1);
+    app.fallthrough();
+    app.set_version_flag("--version", VersionText);
+    const CLI::Option* configuration = AddOptions(app, settings, options);
 
     CLI::App* list = app.add_subcommand("list", "Every configuration, with its file and number of standards");
 
@@ -88,20 +125,7 @@ ExitStatus Run(int argc, char** argv)
     CLI::App* operations = app.add_subcommand("operations", "Every query operation, with its arguments and outputs");
     operations->add_option("CONFIG", options.configuration, "Only those of this configuration");
 
-    CLI::App* explain = app.add_subcommand("explain", "Where each value of an answer comes from, and what it hides");
-    explain->add_option("CONFIG", options.configuration, "The configuration")->required();
-    explain->add_option("OPERATION", options.operation, "The operation, or the standard of the main query")->required();
-    explain->add_option("NAME=VALUE", options.assignments, "The operation's arguments, or the category");
-    explain->add_option("--field", options.field, "Only this field, such as definition.FrontOffset");
-    explain->add_flag("--steps", options.steps, "Every look-up, in the order in which it is tried");
-
-    CLI::App* whatIf =
-        app.add_subcommand("whatif", "Every answer that becomes another one by edits, of which none is written");
-    whatIf->add_option("EDIT", options.assignments, "FILE:LINE:COL=TEXT, or CONFIG/STANDARD/CATEGORY/ATTRIBUTE=TEXT");
-    whatIf->add_option("--overlay", options.overlay, "A directory with edited files")->type_name("DIR");
-
-    CLI::App* unused = app.add_subcommand("unused", "Texts and elements that no answer depends on");
-    unused->add_option("CONFIG", options.assignments, "Only the files of these configurations");
+    const InsightCommands insight = AddInsightCommands(app, options);
 
     CLI::App* schema = app.add_subcommand("schema", "The elements and attributes of each file, as tables in Markdown");
     schema->add_option("CONFIG", options.configuration, "Only those of this configuration");
@@ -133,11 +157,11 @@ ExitStatus Run(int argc, char** argv)
         return RunCategories(options, host);
     if (operations->parsed())
         return RunOperations(options);
-    if (whatIf->parsed())
+    if (insight.whatIf->parsed())
         return RunWhatIf(options);
-    if (unused->parsed())
+    if (insight.unused->parsed())
         return RunUnused(options);
-    if (explain->parsed())
+    if (insight.explain->parsed())
         return RunExplain(options, host);
     if (schema->parsed())
         return RunSchema(options);
