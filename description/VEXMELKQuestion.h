@@ -106,7 +106,11 @@ template <class OfConfig, class OfResult, class... Arguments> struct MethodTrait
 
 template <auto Method> class QuestionOf : public VEXMELKQuestion
 {
+public:
     using Traits = MethodTraits<decltype(Method)>;
+    typename Traits::Values& Values() { return m_Values; }
+
+private:
     using Returned = typename Traits::Result;
     static constexpr bool hasResult = !std::is_void_v<Returned>;
 

@@ -575,6 +575,18 @@ const VEXMELKOrigin* VEXMELKExplanation::OriginOf(std::string_view field) const
     return found == fields.end() ? nullptr : &*found;
 }
 
+void VEXMELKExplanation::CompareWith(const VEXMELKFlatAnswer& answer)
+{
+    const Values before = answer.Fields();
+    filesHaveChanged =
+        answer.result != result ||
+        !std::equal(before.begin(), before.end(), fields.begin(), fields.end(),
+            [](const VEXMELKNamedValue& value, const VEXMELKOrigin& origin) { return value == origin.value; });
+    if (filesHaveChanged)
+        for (VEXMELKOrigin& origin : fields)
+            origin.places.clear();
+}
+
 VEXMELKExplanation VEXMELKExplain(const VEXMELKConfigManager::Configuration& configuration,
     const VEXMELKAskable& askable, const CATUnicodeString& directory)
 {

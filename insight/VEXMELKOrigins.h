@@ -1,12 +1,6 @@
 // Where the values of an answer come from: the places in the files that decide them, and what they hide.
 //
-//     VEXMELKUFCurbConfigDefinition curb;
-//     manager->GetUFCurbConfig()->GetStandardData("EU Passenger Car", "suv", curb);
-//     const VEXMELKCall<&VEXMELKUFCurbConfig::GetStandardData> call(
-//         "EU Passenger Car", "suv", VEXMELKUFCurbConfigDefinition());
-//     const VEXMELKExplanation explanation = VEXMELKExplain(call, directory);
-//     for (const VEXMELKOriginPlace& place : explanation.OriginOf("definition.FrontOffset")->places)
-//         ... place.file, place.line, place.column
+// VEXMELKCall.h is the way for a check that has asked; the functions here are for questions of any kind.
 //
 // Origins are proven, not guessed: each text that the question read is replaced in memory, a fresh object is asked
 // again, and what changes the answer decides it. The files are read anew for that. Neither they nor the objects of the
@@ -51,9 +45,13 @@ struct VEXMELKExplanation
     std::vector<VEXMELKOrigin> fields;
     // Texts that were not looked at, because the files are too large for all of them.
     std::size_t leftOut = 0;
+    // The files no longer give the answer that was got: no places are told.
+    bool filesHaveChanged = false;
 
     // By the name of a field ("definition.FrontOffset"); null when there is none.
     const VEXMELKOrigin* OriginOf(std::string_view field) const;
+    // Compares with an answer that was got before the files were read for this.
+    void CompareWith(const VEXMELKFlatAnswer& answer);
 };
 
 VEXMELKExplanation VEXMELKExplain(const VEXMELKConfigManager::Configuration& configuration,

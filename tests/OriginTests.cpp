@@ -3,7 +3,8 @@
 #include "DescribedDocument.h"
 #include "LibraryTest.h"
 #include "VEXMELKAllQuestions.h"
-#include "VEXMELKOrigins.h"
+#include "VEXMELKCall.h"
+#include "VEXMELKUFCurbConfig.h"
 
 #include <fstream>
 #include <set>
@@ -172,4 +173,27 @@ TEST_F(OriginTest, OfGeneratedTreesAreProvenByEdits)
                 Replaced(documents.Of(*configuration.description), "<standard name='96'", "<standard name='97'"));
     }
     ExpectTrue(Stride(20011));
+}
+
+TEST_F(OriginTest, OfACallAreFoundByTheAddressOfAField)
+{
+    directory.Write("Default/OVA/UFCurb.xml", OneCategory("front_offset='25'"));
+    VEXMELKCall<&VEXMELKUFCurbConfig::GetStandardData> call("S", "x", VEXMELKUFCurbConfigDefinition());
+    ASSERT_TRUE(call.Ask(*Manager().GetUFCurbConfig()));
+    const VEXMELKUFCurbConfigDefinition& curb = call.Argument<2>();
+    EXPECT_EQ(curb.FrontOffset, "25mm");
+    EXPECT_EQ(call.FieldAt(&curb.BackAngle), "definition.BackAngle");
+    EXPECT_EQ(call.FieldAt(this), "");
+    const VEXMELKExplanation explanation = call.Explain(CATUnicodeString(directory.Path()));
+    const VEXMELKOrigin* origin = explanation.OriginOf(call.FieldAt(&curb.FrontOffset));
+    ASSERT_TRUE(origin);
+    EXPECT_FALSE(explanation.filesHaveChanged);
+    EXPECT_EQ(origin->places.front().file, "Default/OVA/UFCurb.xml");
+    EXPECT_EQ(origin->places.front().attribute, "front_offset");
+
+    // The object still has the old document: no place of the new one is told for it.
+    directory.Write("Default/OVA/UFCurb.xml", OneCategory("front_offset='26'"));
+    const VEXMELKExplanation later = call.Explain(CATUnicodeString(directory.Path()));
+    EXPECT_TRUE(later.filesHaveChanged);
+    EXPECT_TRUE(later.OriginOf("definition.FrontOffset")->places.empty());
 }
