@@ -168,3 +168,31 @@ TEST_F(AttributeTest, CommasOfTheApplicationReadTheSame)
     EXPECT_EQ(list[1].firstAccess->GetRange(1).Maximum, 1500.0);
     EXPECT_EQ(list[2].firstAccess->GetText(), "12,5%");
 }
+
+TEST(Palette, HasTheSixteenColoursInTheirOrder)
+{
+    int position = 0;
+    for (const auto& [name, color] : Table<2>(R"(
+        black   | 000000
+        maroon  | 800000
+        green   | 008000
+        olive   | 808000
+        navy    | 000080
+        purple  | 800080
+        teal    | 008080
+        silver  | C0C0C0
+        gray    | 808080
+        red     | FF0000
+        lime    | 00FF00
+        yellow  | FFFF00
+        blue    | 0000FF
+        fuchsia | FF00FF
+        aqua    | 00FFFF
+        white   | FFFFFF)"))
+    {
+        const auto expected = static_cast<unsigned int>(std::stoul(color, nullptr, 16));
+        EXPECT_EQ(VEXMELKUtilities::VGAColor(position++), expected) << name;
+        EXPECT_EQ(VEXMELKUtilities::VGAColor(CATUnicodeString(name)), expected);
+    }
+    EXPECT_EQ(position, VEXMELKUtilities::GetNumberOfVGAColors());
+}

@@ -223,6 +223,9 @@ ExitStatus RunStandards(const CommandOptions& options, const Host& host)
     }
     if (options.asJson)
         PrintJson(json);
+    if (names.Size() == 0 && !host.HasErrors())
+        PrintReason("no standard up to level " + std::to_string(options.maxLevel) + " has a category " +
+                    Shown(options.category) + " or \"default\"");
     return StatusOf(configuration, host, false);
 }
 
