@@ -12,6 +12,14 @@ std::size_t WidthOf(const std::string& text)
         text.begin(), text.end(), [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }));
 }
 
+// Texts of files may hold line ends and tabs, which would break the columns.
+std::string InOneLine(std::string text)
+{
+    std::replace_if(
+        text.begin(), text.end(), [](unsigned char byte) { return byte < ' ' || byte == 0x7F; }, ' ');
+    return text;
+}
+
 } // namespace
 
 void PrintTable(const Rows& rows)
@@ -27,7 +35,7 @@ void PrintTable(const Rows& rows)
     {
         std::string line;
         for (std::size_t column = 0; column < row.size(); ++column)
-            line += row[column] + std::string(widths[column] + 2 - WidthOf(row[column]), ' ');
+            line += InOneLine(row[column]) + std::string(widths[column] + 2 - WidthOf(row[column]), ' ');
         line.erase(line.find_last_not_of(' ') + 1);
         std::cout << line << '\n';
     }
