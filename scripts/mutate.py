@@ -104,7 +104,9 @@ class Worker:
             raise SystemExit("the tests fail without any mutant")
 
     def compiles(self):
-        return subprocess.run(["ninja", "-C", self.build, "melk_tests", "melkcfg"], capture_output=True).returncode == 0
+        built = subprocess.run(["ninja", "-C", self.build, "melk_tests", "melkcfg"], capture_output=True, text=True)
+        self.said = built.stdout[-2000:]
+        return built.returncode == 0
 
     def fails(self):
         environment = dict(os.environ, GTEST_FAIL_FAST="1")
@@ -124,7 +126,7 @@ class Worker:
         result = "invalid" if not compiles else "caught" if self.fails() else "survived"
         (self.source / path).write_text(original)
         if not compiles and not self.compiles():
-            raise SystemExit("the unchanged project no longer builds")
+            raise SystemExit("the unchanged project no longer builds:\n" + self.said)
         return result
 
 

@@ -140,6 +140,9 @@ void Apply(Edits& edits, const fs::path& directory)
 {
     for (auto& [name, ofFile] : edits)
     {
+        const fs::path relative = fs::path(name).lexically_normal();
+        if (relative.is_absolute() || (!relative.empty() && *relative.begin() == ".."))
+            throw RequestError(Shown(name) + " is no file below the configuration directory");
         std::sort(ofFile.begin(), ofFile.end(),
             [](const Edit& left, const Edit& right)
             {
