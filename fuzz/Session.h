@@ -10,6 +10,7 @@
 #include "Questions.h"
 #include "VEXMELKUtilities.h"
 
+#include <algorithm>
 #include <array>
 #include <map>
 #include <optional>
@@ -139,7 +140,7 @@ private:
         const Answered answered = call(*configuration.get(*manager));
         if (generation == m_Generation && Loads(configuration, files))
             managed.loaded.emplace(&configuration, files);
-        if (m_Boxes == 0 && actions == m_ActionsInBoxes)
+        if (m_Boxes == 0 && actions == m_ActionsInBoxes && !IsOfQueriesBefore(operation))
             m_Asked.push_back({&configuration, question, {{"result", answered.result}, {"outputs", answered.outputs}},
                 files, writesCommas});
     }
@@ -153,6 +154,14 @@ private:
         ++m_ActionsInBoxes;
         Act();
         --m_Boxes;
+    }
+
+    // What these hand out may be that of the query before (docs/format.md, EyeEllipses and HeadContour).
+    static bool IsOfQueriesBefore(const Operation& operation)
+    {
+        constexpr std::array<std::string_view, 4> stateful = {
+            "GetCurrentCutoffList", "GetHPointTravelData", "GetSideViewMinorAxis", "GetPlanViewMinorAxis"};
+        return std::find(stateful.begin(), stateful.end(), operation.name) != stateful.end();
     }
 
     // Both managers are gone.

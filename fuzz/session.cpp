@@ -1,6 +1,8 @@
 // Sessions of a host: whatever its managers have been through, they answer as fresh ones do.
 #include "Session.h"
+
 #include "Require.h"
+#include <iostream>
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
@@ -20,7 +22,11 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
         for (const auto& [name, contents] : each.files)
             normal.Write(name, contents);
         VEXMELKUtilities::SetCommaDelimeter(each.writesCommas);
-        Require(Ask(*each.configuration, {each.question}) == Json::array({each.answer}));
+        const Json fresh = Ask(*each.configuration, {each.question});
+        if (fresh != Json::array({each.answer}))
+            std::cerr << each.configuration->name << "." << each.question.operation->name << " answered " << each.answer
+                      << ", and afresh " << fresh << '\n';
+        Require(fresh == Json::array({each.answer}));
         VEXMELKConfigManager::ReleaseConfigManager();
     }
     host.TakeMessages();
