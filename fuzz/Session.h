@@ -133,12 +133,14 @@ private:
         if (!managed.writesCommas)
             managed.writesCommas = VEXMELKUtilities::IsCommaDelimeter();
         const auto loaded = managed.loaded.find(&configuration);
-        const Files files = loaded == managed.loaded.end() ? FilesOf(configuration, mode) : loaded->second;
+        const bool readsAnew = operation.name == "GetDBAccessParameters";
+        const bool isLoaded = loaded != managed.loaded.end() && !readsAnew;
+        const Files files = isLoaded ? loaded->second : FilesOf(configuration, mode);
         const bool writesCommas = *managed.writesCommas;
         const int generation = m_Generation;
         const int actions = m_ActionsInBoxes;
         const Answered answered = call(*configuration.get(*manager));
-        if (generation == m_Generation && Loads(configuration, files))
+        if (generation == m_Generation && !readsAnew && Loads(configuration, files))
             managed.loaded.emplace(&configuration, files);
         if (m_Boxes == 0 && actions == m_ActionsInBoxes && !IsOfQueriesBefore(operation))
             m_Asked.push_back({&configuration, question, {{"result", answered.result}, {"outputs", answered.outputs}},
@@ -187,7 +189,7 @@ private:
         const auto isThere = [&](const std::string& name) { return files.contains(name); };
         const auto isWhole = [&](const std::string& name)
         { return isThere(name) && files.at(name).ends_with("</config>"); };
-        if (configuration.isSingle || !isThere("Default/" + file))
+        if (!isThere("Default/" + file))
             return isWhole(file);
         return isWhole("Default/" + file) && (!isThere("Customer/" + file) || isWhole("Customer/" + file));
     }
