@@ -26,13 +26,6 @@ CATUnicodeString CATMakePath(const CATUnicodeString& directory, const CATUnicode
     return directory.IsEmpty() ? name : directory + "\\" + name;
 }
 
-bool CATIsRegularFile(const CATUnicodeString& path)
-{
-    const std::string systemPath = CATSystemPath(path.ConvertToChar());
-    struct stat status = {};
-    return CATMemoryFiles::Find(systemPath) || (stat(systemPath.c_str(), &status) == 0 && S_ISREG(status.st_mode));
-}
-
 bool CATMayBeFile(const CATUnicodeString& path)
 {
     const std::string systemPath = CATSystemPath(path.ConvertToChar());

@@ -7,9 +7,6 @@
 // Joins directory and name with one "\"; an empty directory gives the name alone.
 CATUnicodeString CATMakePath(const CATUnicodeString& directory, const CATUnicodeString& name);
 
-// True for regular files only, through symbolic links; false also where that cannot be told.
-bool CATIsRegularFile(const CATUnicodeString& path);
-
 // False only for what certainly is no file: no such name in a folder that can be searched, or a name of something else
 // (a folder, a pipe, a device). True where that cannot be told: the folder may not be searched, or a link on the way
 // leads nowhere or in a circle.

@@ -21,7 +21,8 @@ template <auto Method> class VEXMELKCall final : public VEXMELKAskable
 public:
     // The arguments in their order; of an output, what the caller's variable holds before.
     template <class... Arguments>
-    explicit VEXMELKCall(const Arguments&... arguments) : m_Before{arguments...}, m_Question(Operation().NewQuestion())
+    explicit VEXMELKCall(const Arguments&... arguments)
+        : m_Operation(Find()), m_Before{arguments...}, m_Question(m_Operation.NewQuestion())
     {
         Assign(*m_Question);
     }
@@ -66,18 +67,10 @@ public:
         return {};
     }
 
-    const VEXMELKOperation& Operation() const override
-    {
-        const VEXMELKOperation* found = nullptr;
-        for (const VEXMELKDescription* level = &Config::description; level; level = level->base)
-            for (const VEXMELKOperation& operation : level->operations)
-                if (const auto question = operation.NewQuestion(); !found && dynamic_cast<Question*>(question.get()))
-                    found = &operation;
-        return *found;
-    }
+    const VEXMELKOperation& Operation() const override { return m_Operation; }
     std::unique_ptr<VEXMELKQuestion> New() const override
     {
-        std::unique_ptr<VEXMELKQuestion> question = Operation().NewQuestion();
+        std::unique_ptr<VEXMELKQuestion> question = m_Operation.NewQuestion();
         Assign(*question);
         return question;
     }
@@ -85,9 +78,20 @@ public:
 private:
     using Arguments = typename Question::Traits::Values;
 
+    // Every operation that can be asked is described.
+    static const VEXMELKOperation& Find()
+    {
+        const VEXMELKOperation* found = nullptr;
+        for (const VEXMELKDescription* level = &Config::description; level && !found; level = level->base)
+            for (const VEXMELKOperation& operation : level->operations)
+                if (const auto question = operation.NewQuestion(); dynamic_cast<Question*>(question.get()))
+                    found = &operation;
+        return *found;
+    }
     static Arguments& Values(VEXMELKQuestion& question) { return static_cast<Question&>(question).Values(); }
     void Assign(VEXMELKQuestion& question) const { Values(question) = m_Before; }
 
+    const VEXMELKOperation& m_Operation;
     Arguments m_Before;
     std::unique_ptr<VEXMELKQuestion> m_Question;
     std::optional<VEXMELKFlatAnswer> m_Answer;

@@ -148,6 +148,19 @@ std::size_t VEXMELKDocumentText::SlotOf(std::size_t element, std::string_view at
     return none;
 }
 
+std::string_view VEXMELKDocumentText::TextOf(std::size_t element, std::string_view attribute) const
+{
+    const std::size_t slot = element == none ? none : SlotOf(element, attribute);
+    return slot == none ? std::string_view() : m_Slots[slot].text;
+}
+
+std::size_t VEXMELKDocumentText::Around(std::size_t element, std::string_view tag) const
+{
+    while (element != none && m_Elements[element].node->GetTagName() != tag)
+        element = m_Elements[element].parent;
+    return element;
+}
+
 std::string VEXMELKDocumentText::With(const VEXMELKSlot& slot, std::string_view text) const
 {
     std::string replaced;
@@ -170,8 +183,7 @@ std::string VEXMELKDocumentText::PathOf(std::size_t element) const
     {
         if (++steps > longestPath)
             return "..." + path;
-        const std::size_t name = SlotOf(at, "name");
-        const std::string key = name == none ? "" : "[name='" + std::string(m_Slots[name].text) + "']";
+        const std::string key = SlotOf(at, "name") == none ? "" : "[name='" + std::string(TextOf(at, "name")) + "']";
         path.insert(0, "/" + std::string(m_Elements[at].node->GetTagName()) + key);
     }
     return path;

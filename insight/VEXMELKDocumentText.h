@@ -50,6 +50,10 @@ public:
     std::size_t ElementAt(int line, int column) const;
     // The slot of an element's attribute, or none.
     std::size_t SlotOf(std::size_t element, std::string_view attribute) const;
+    // The text of an element's attribute; empty when it is missing, and for no element.
+    std::string_view TextOf(std::size_t element, std::string_view attribute) const;
+    // The element itself, or the nearest around it, that has the tag; none when there is none.
+    std::size_t Around(std::size_t element, std::string_view tag) const;
 
     // The text with another one in the place of a slot's.
     std::string With(const VEXMELKSlot& slot, std::string_view text) const;

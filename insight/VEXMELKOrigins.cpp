@@ -16,14 +16,6 @@ using Values = std::vector<VEXMELKNamedValue>;
 // How long the trials of one question may take together.
 constexpr double secondsForTrials = 3.0;
 
-std::vector<const VEXMELKElement*> AllElements(const VEXMELKDescription& description)
-{
-    std::vector<const VEXMELKElement*> elements;
-    for (const VEXMELKDescription* level = &description; level; level = level->base)
-        elements.insert(elements.end(), level->elements.begin(), level->elements.end());
-    return elements;
-}
-
 bool HasSecrets(const VEXMELKDescription& description)
 {
     for (const VEXMELKElement* element : description.elements)
@@ -69,7 +61,7 @@ public:
     Explainer(const VEXMELKConfigManager::Configuration& configuration, const VEXMELKAskable& askable,
         const CATUnicodeString& directory)
         : m_Description(*configuration.description),
-          m_Elements(AllElements(m_Description)),
+          m_Elements(VEXMELKElementsOf(m_Description)),
           m_Askable(askable),
           m_Directory(directory.ConvertToChar()),
           m_Standard(ArgumentOf(VEXMELKRole::Standard)),
@@ -119,12 +111,14 @@ private:
             if (!IsKey(read.place))
                 for (const std::string& text : m_Trial.OtherTexts(*read.row))
                     texts[read.place].insert(text);
+        const auto elements = ElementsOfReads();
         std::size_t leftOut = 0;
         for (std::size_t document = 0; document < m_Trial.Documents().size(); ++document)
             for (std::size_t slot = 0; slot < m_Trial.Documents()[document].Slots().size(); ++slot)
             {
                 const Place place{document, slot};
-                if (texts.count(place) != 0 || static_cast<double>(texts.size()) < atMost || IsKeyOfRead(place))
+                if (texts.count(place) != 0 || static_cast<double>(texts.size()) < atMost ||
+                    elements.count({document, m_Trial.At(place).element}) != 0)
                     texts[place].insert(m_Trial.UnknownWord());
                 else
                     ++leftOut;
@@ -135,18 +129,16 @@ private:
         return leftOut;
     }
 
-    // Whether it stands in an element that was read, or in one around it.
-    bool IsKeyOfRead(Place place) const
+    // The elements that were read, and those around them: document and element.
+    std::set<std::pair<std::size_t, std::size_t>> ElementsOfReads() const
     {
-        const VEXMELKDocumentText& document = m_Trial.Documents()[place.document];
-        const std::size_t element = m_Trial.At(place).element;
+        std::set<std::pair<std::size_t, std::size_t>> elements;
         for (const VEXMELKTrial::Read& read : m_Reads)
-            if (read.place.document == place.document)
-                for (std::size_t at = m_Trial.At(read.place).element; at != VEXMELKDocumentText::none;
-                     at = document.Elements()[at].parent)
-                    if (at == element)
-                        return true;
-        return false;
+            for (std::size_t at = m_Trial.At(read.place).element;
+                 at != VEXMELKDocumentText::none && elements.emplace(read.place.document, at).second;
+                 at = DocumentOf(read.place).Elements()[at].parent)
+                ;
+        return elements;
     }
 
     void Try(Place place, const std::string& text)
@@ -181,23 +173,14 @@ private:
     // Which fields hold what the caller had: they follow it.
     void FindKept()
     {
-        Values before;
-        const auto parameters = m_Askable.Operation().Parameters();
-        const auto flatten = [&](VEXMELKQuestion& question)
-        {
-            Values values;
-            for (std::size_t position = 0; position < parameters.size(); ++position)
-                if (parameters[position].IsOutput())
-                    VEXMELKFlatten(std::string(parameters[position].name), question.Parameter(position), {}, values);
-            return values;
-        };
-        const std::unique_ptr<VEXMELKQuestion> first = m_Askable.New();
-        for (std::size_t output = 0; output < flatten(*first).size(); ++output)
+        const auto outputsOf = [&](VEXMELKQuestion& question)
+        { return VEXMELKFlatAnswer::Of(question, m_Askable.Operation()).outputs; };
+        const std::size_t count = outputsOf(*m_Askable.New()).size();
+        for (std::size_t output = 0; output < count; ++output)
         {
             const std::unique_ptr<VEXMELKQuestion> question = m_Askable.New();
-            const Values variables = flatten(*question);
-            Disturb(variables[output].variable, m_Trial.UnknownWord());
-            const Values disturbed = flatten(*question);
+            Disturb(outputsOf(*question)[output].variable, m_Trial.UnknownWord());
+            const Values disturbed = outputsOf(*question);
             const VEXMELKFlatAnswer answer = m_Trial.Ask(*question, m_Askable.Operation());
             for (const VEXMELKNamedValue& value : answer.outputs)
                 if (value == disturbed[output] && !IsAnswered(value))
@@ -250,21 +233,13 @@ private:
         return DocumentOf(place).Elements()[m_Trial.At(place).element].node;
     }
 
-    // The element itself, or the nearest around it, that has the tag; none when there is none.
     std::size_t Around(Place place, std::string_view tag) const
     {
-        const VEXMELKDocumentText& document = DocumentOf(place);
-        std::size_t at = m_Trial.At(place).element;
-        while (at != VEXMELKDocumentText::none && document.Elements()[at].node->GetTagName() != tag)
-            at = document.Elements()[at].parent;
-        return at;
+        return DocumentOf(place).Around(m_Trial.At(place).element, tag);
     }
     std::string NameAround(Place place, std::string_view tag) const
     {
-        const std::size_t element = Around(place, tag);
-        const std::size_t slot =
-            element == VEXMELKDocumentText::none ? element : DocumentOf(place).SlotOf(element, "name");
-        return slot == VEXMELKDocumentText::none ? "" : std::string(DocumentOf(place).Slots()[slot].text);
+        return std::string(DocumentOf(place).TextOf(Around(place, tag), "name"));
     }
 
     const VEXMELKElement* DescribedOf(Place place) const
@@ -457,13 +432,12 @@ private:
         return at == other;
     }
     // The text of the attribute by which the element is found.
-    std::string KeyAt(Place place) const
+    std::string_view KeyAt(Place place) const
     {
         const VEXMELKElement* described = DescribedOf(place);
         if (!described || !described->key || described->tag == "category")
             return {};
-        const std::size_t slot = DocumentOf(place).SlotOf(m_Trial.At(place).element, described->key->attribute);
-        return slot == VEXMELKDocumentText::none ? "" : std::string(DocumentOf(place).Slots()[slot].text);
+        return DocumentOf(place).TextOf(m_Trial.At(place).element, described->key->attribute);
     }
     void TellHidden(Place place, Place value, VEXMELKOriginPlace& told) const
     {
@@ -528,7 +502,7 @@ private:
             found.position = *declared;
         }
     }
-    // The name of a file that another one names, below the configuration directory.
+    // The name of a file that another one names, below the configuration directory; empty when it lies outside.
     static std::string Beside(const std::string& file, std::string relative)
     {
         std::replace(relative.begin(), relative.end(), '\\', '/');
@@ -541,7 +515,8 @@ private:
             folder.pop_back();
             folder.erase(folder.rfind('/') + 1);
         }
-        return folder + relative;
+        const bool leadsOut = ("/" + relative + "/").find("/../") != std::string::npos;
+        return leadsOut ? "" : folder + relative;
     }
     const VEXMELKWrittenFile* FileAt(const std::string& name)
     {

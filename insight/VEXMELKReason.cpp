@@ -24,12 +24,6 @@ void ForEachElement(const Documents& documents, std::string_view tag, Wanted isW
                 act(documents[number], element);
 }
 
-std::string Attribute(const VEXMELKDocumentText& document, std::size_t element, std::string_view name)
-{
-    const std::size_t slot = document.SlotOf(element, name);
-    return slot == VEXMELKDocumentText::none ? "" : std::string(document.Slots()[slot].text);
-}
-
 // The texts of an attribute of the elements with the tag.
 template <class Wanted>
 std::vector<std::string> Names(
@@ -39,7 +33,7 @@ std::vector<std::string> Names(
     ForEachElement(documents, tag, isWanted,
         [&](const VEXMELKDocumentText& document, std::size_t element)
         {
-            const std::string name = Attribute(document, element, attribute);
+            const std::string name(document.TextOf(element, attribute));
             if (!name.empty() && std::find(names.begin(), names.end(), name) == names.end())
                 names.push_back(name);
         });
@@ -116,7 +110,7 @@ private:
         std::vector<std::string> names;
         bool isFound = false;
         const auto isWanted = [&](const VEXMELKDocumentText& document, std::size_t element)
-        { return document.Elements()[element].parent == 0 && Attribute(document, element, "name") == standard; };
+        { return document.Elements()[element].parent == 0 && document.TextOf(element, "name") == standard; };
         ForEachElement(m_Documents, "standard", isWanted,
             [&](const VEXMELKDocumentText& found, std::size_t parent)
             {
@@ -125,7 +119,7 @@ private:
                 for (std::size_t element = parent; element < found.Elements().size(); ++element)
                     if (found.Elements()[element].parent == parent &&
                         found.Elements()[element].node->GetTagName() == "category")
-                        names.push_back(Attribute(found, element, "name"));
+                        names.emplace_back(found.TextOf(element, "name"));
             });
         if (Has(names, category))
             return {};

@@ -33,8 +33,8 @@ VEXMELKSilence::~VEXMELKSilence() = default;
 
 namespace {
 
-// Below this size documents are asked whole.
-constexpr std::size_t largeDocument = 200000; // bytes
+// Up to this size documents are asked whole.
+constexpr int largeDocument = 5000; // elements
 
 // Loads as every configuration does.
 class Loader : public VEXMELKConfig
@@ -87,11 +87,6 @@ private:
     VEXMELKWatch* m_Before;
 };
 
-std::size_t SizeOf(const VEXMELKSourceFile& file)
-{
-    return static_cast<std::size_t>(file.root->GetElementsByTagName("*")->GetLength()) * 40;
-}
-
 // Standards of other names, unless there are standards in them.
 bool IsOtherStandard(const CATIDOMElement_var& element, std::string_view standard)
 {
@@ -100,6 +95,14 @@ bool IsOtherStandard(const CATIDOMElement_var& element, std::string_view standar
 }
 
 } // namespace
+
+std::vector<const VEXMELKElement*> VEXMELKElementsOf(const VEXMELKDescription& description)
+{
+    std::vector<const VEXMELKElement*> elements;
+    for (const VEXMELKDescription* level = &description; level; level = level->base)
+        elements.insert(elements.end(), level->elements.begin(), level->elements.end());
+    return elements;
+}
 
 std::vector<VEXMELKSourceFile> VEXMELKLoadFiles(
     const VEXMELKDescription& description, const CATUnicodeString& directory)
@@ -129,7 +132,7 @@ VEXMELKTrial::VEXMELKTrial(
     int line = 1;
     for (const VEXMELKSourceFile& file : m_Files)
     {
-        const bool isCut = standard && SizeOf(file) > largeDocument;
+        const bool isCut = standard && file.root->GetElementsByTagName("*")->GetLength() > largeDocument;
         const auto isLeftOut = [&](const CATIDOMElement_var& element) { return IsOtherStandard(element, *standard); };
         m_Documents.emplace_back(file.root, line, isCut ? isLeftOut : std::function<bool(const CATIDOMElement_var&)>());
         line = m_Documents.back().LastLine() + 1;

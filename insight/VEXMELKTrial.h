@@ -49,6 +49,9 @@ struct VEXMELKSourceFile
 std::vector<VEXMELKSourceFile> VEXMELKLoadFiles(
     const VEXMELKDescription& description, const CATUnicodeString& directory);
 
+// The elements that a configuration reads, those of its bases too.
+std::vector<const VEXMELKElement*> VEXMELKElementsOf(const VEXMELKDescription& description);
+
 class VEXMELKTrial
 {
 public:

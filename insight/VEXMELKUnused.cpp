@@ -21,6 +21,7 @@ public:
     {
         const VEXMELKSilence silence;
         AskAll();
+        FindCustomerStandards();
         for (std::size_t document = 0; document < m_Trial.Documents().size(); ++document)
         {
             m_File = VEXMELKWrittenFile::Read(m_Directory + "/" + m_Trial.Files()[document].name);
@@ -48,6 +49,16 @@ private:
                 m_Rows[read.place].insert(read.row);
             }
         }
+    }
+
+    void FindCustomerStandards()
+    {
+        if (m_Trial.Documents().size() < 2)
+            return;
+        const VEXMELKDocumentText& customer = m_Trial.Documents().back();
+        for (std::size_t element = 0; element < customer.Elements().size(); ++element)
+            if (customer.Elements()[element].node->GetTagName() == "standard")
+                m_CustomerStandards.insert(customer.TextOf(element, "name"));
     }
 
     // Elements whole, where nothing in them is used.
@@ -140,10 +151,8 @@ private:
 
     template <class Wanted> bool AnyElement(Wanted isWanted) const
     {
-        for (const VEXMELKDescription* level = m_Configuration.description; level; level = level->base)
-            if (std::any_of(level->elements.begin(), level->elements.end(), isWanted))
-                return true;
-        return false;
+        const std::vector<const VEXMELKElement*> elements = VEXMELKElementsOf(*m_Configuration.description);
+        return std::any_of(elements.begin(), elements.end(), isWanted);
     }
     bool IsDescribed(const VEXMELKSlot& slot, std::string_view tag) const
     {
@@ -162,23 +171,13 @@ private:
     // Whether it stands in a standard of the Default file that the Customer file has too.
     bool IsHidden(std::size_t number, std::size_t element) const
     {
-        if (number + 1 >= m_Trial.Documents().size())
+        if (number + 1 == m_Trial.Documents().size())
             return false;
-        const VEXMELKDocumentText& document = m_Trial.Documents()[number];
-        const std::string standard = StandardAround(document, element);
-        const VEXMELKDocumentText& customer = m_Trial.Documents().back();
-        for (std::size_t other = 0; other < customer.Elements().size() && !standard.empty(); ++other)
-            if (customer.Elements()[other].node->GetTagName() == "standard" &&
-                StandardAround(customer, other) == standard)
-                return true;
-        return false;
+        return m_CustomerStandards.count(StandardAround(m_Trial.Documents()[number], element)) != 0;
     }
-    static std::string StandardAround(const VEXMELKDocumentText& document, std::size_t element)
+    static std::string_view StandardAround(const VEXMELKDocumentText& document, std::size_t element)
     {
-        while (element != VEXMELKDocumentText::none && document.Elements()[element].node->GetTagName() != "standard")
-            element = document.Elements()[element].parent;
-        const std::size_t name = element == VEXMELKDocumentText::none ? element : document.SlotOf(element, "name");
-        return name == VEXMELKDocumentText::none ? "" : std::string(document.Slots()[name].text);
+        return document.TextOf(document.Around(element, "standard"), "name");
     }
 
     std::string ReasonOf(std::size_t number, std::size_t element) const
@@ -194,11 +193,7 @@ private:
     // Whether an element of the same tag and name stands before it.
     static bool HasEarlierTwin(const VEXMELKDocumentText& document, std::size_t element)
     {
-        const auto nameOf = [&](std::size_t of)
-        {
-            const std::size_t name = document.SlotOf(of, "name");
-            return name == VEXMELKDocumentText::none ? std::string_view() : document.Slots()[name].text;
-        };
+        const auto nameOf = [&](std::size_t of) { return document.TextOf(of, "name"); };
         const auto& late = document.Elements()[element];
         for (std::size_t early = late.parent; early < element; ++early)
             if (document.Elements()[early].parent == late.parent && !nameOf(element).empty() &&
@@ -211,6 +206,7 @@ private:
     const VEXMELKConfigManager::Configuration& m_Configuration;
     const std::string m_Directory;
     VEXMELKTrial m_Trial;
+    std::set<std::string_view> m_CustomerStandards;
     std::vector<VEXMELKPreparedQuestion> m_Questions;
     std::vector<VEXMELKFlatAnswer> m_Answers;
     std::map<Place, std::vector<std::size_t>> m_Readers;

@@ -2,7 +2,7 @@
 #ifndef TESTS_DescribedDocument_H
 #define TESTS_DescribedDocument_H
 
-#include "VEXMELKDescription.h"
+#include "VEXMELKTrial.h"
 
 #include <algorithm>
 #include <set>
@@ -17,14 +17,6 @@ public:
     static constexpr const char* key = "95";
     // The name of the second element of a kind.
     static constexpr const char* otherKey = "96";
-
-    static Elements AllElements(const VEXMELKDescription& description)
-    {
-        Elements all;
-        for (const VEXMELKDescription* level = &description; level; level = level->base)
-            all.insert(all.end(), level->elements.begin(), level->elements.end());
-        return all;
-    }
 
     // By their tags, as far up as look-ups tell elements apart.
     static bool IsSame(const VEXMELKElement& left, const VEXMELKElement& right)
@@ -42,7 +34,7 @@ public:
     // With all that is described, or with the way to one element alone.
     std::string Of(const VEXMELKDescription& description, const VEXMELKElement* only = nullptr)
     {
-        const Elements all = AllElements(description);
+        const Elements all = VEXMELKElementsOf(description);
         std::string attributes;
         for (const VEXMELKElement* element : all)
             if (!element->below && element->tag == "*") // the root itself

@@ -86,7 +86,7 @@ protected:
         const bool isWindscreen = file.empty(); // its creator gives it a file
         if (isWindscreen)
             file = "Vision/Windscreen.xml";
-        Elements parts = DescribedDocument::AllElements(description);
+        Elements parts = VEXMELKElementsOf(description);
         parts.push_back(nullptr);
         for (const VEXMELKElement* only : parts)
         {
@@ -140,7 +140,7 @@ protected:
     std::set<std::string> Unread(const VEXMELKDescription& description) const
     {
         std::set<std::string> unread;
-        for (const VEXMELKElement* element : DescribedDocument::AllElements(description))
+        for (const VEXMELKElement* element : VEXMELKElementsOf(description))
         {
             const auto isSame = [&](const VEXMELKElement* other)
             { return DescribedDocument::IsSame(*other, *element); };
@@ -200,7 +200,7 @@ TEST_F(DescriptionTest, WhatIsReadIsDescribedAndWhatIsDescribedIsRead)
         SCOPED_TRACE(description.name);
         Forget();
         AskOver(configuration);
-        EXPECT_THAT(Undescribed(DescribedDocument::AllElements(description)), testing::IsEmpty());
+        EXPECT_THAT(Undescribed(VEXMELKElementsOf(description)), testing::IsEmpty());
         EXPECT_THAT(Unread(description), testing::IsEmpty());
     }
 }

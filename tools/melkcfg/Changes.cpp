@@ -96,11 +96,7 @@ void ReadNamedEdit(const std::string& name, const std::string& text, Edits& edit
     {
         const VEXMELKDocumentText& written = trial.Documents()[document];
         const auto isNamed = [&](std::size_t element, std::string_view tag, const std::string& wanted)
-        {
-            const std::size_t slot = written.SlotOf(element, "name");
-            return written.Elements()[element].node->GetTagName() == tag && slot != VEXMELKDocumentText::none &&
-                   written.Slots()[slot].text == wanted;
-        };
+        { return written.Elements()[element].node->GetTagName() == tag && written.TextOf(element, "name") == wanted; };
         for (std::size_t element = 1; element < written.Elements().size(); ++element)
         {
             const std::size_t parent = written.Elements()[element].parent;

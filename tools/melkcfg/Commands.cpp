@@ -240,6 +240,7 @@ ExitStatus RunCategories(const CommandOptions& options, const Host& host)
     else
         for (const CATUnicodeString& name : names)
             std::cout << name.ConvertToChar() << '\n';
+    // Any query for a standard has the same reason.
     if (!known)
         PrintReason(ReasonFor(configuration,
             AskedByJson(configuration.FindOperation("GetLoading"), {{"standard", options.standard}}, Json::object())));
