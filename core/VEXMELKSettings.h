@@ -61,9 +61,11 @@ inline constexpr VEXMELKElement parameter{.tag = "parameter",
 
 inline constexpr VEXMELKRow minValue = Number("minValue", "the range begins here", Skip);
 inline constexpr VEXMELKRow maxValue = Number("maxValue", "the range ends here", Skip);
-inline constexpr VEXMELKRow minColor = Text("minColor", "colour at its begin", Skip);
-inline constexpr VEXMELKRow maxColor = Text("maxColor", "colour at its end", Skip);
-inline constexpr VEXMELKRow isCritical = Flag("isCritical", "exactly `true` or `1` marks the range as critical");
+inline constexpr VEXMELKRow minColor = Name("minColor", "colour", "colour at its begin", Skip);
+inline constexpr VEXMELKRow maxColor = Name("maxColor", "colour", "colour at its end", Skip);
+inline constexpr VEXMELKWord criticalWords[] = {{"1"}};
+inline constexpr VEXMELKRow isCritical =
+    Flag("isCritical", "exactly `true` or `1` marks the range as critical", Exact(), Or{{criticalWords}});
 inline constexpr std::array rangeRows{minValue, maxValue, minColor, maxColor, isCritical};
 inline constexpr VEXMELKElement range{.tag = "range",
     .below = &parameter,

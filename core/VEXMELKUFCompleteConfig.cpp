@@ -8,13 +8,13 @@ namespace {
 using Record = VEXMELKUFCompleteConfigDefinition;
 
 constexpr VEXMELKTable table{
-    Name<&Record::Curb>("Curb", "a standard of UFCurb.xml", "the standard of `UFCurb.xml`"),
-    Name<&Record::DynCurb>("DynCurb", "a standard of UFDynamicCurb.xml", "the standard of `UFDynamicCurb.xml`"),
-    Name<&Record::InnerAngle>("InnerAngle", "a standard of UFInnerAngle.xml", "the standard of `UFInnerAngle.xml`"),
-    Name<&Record::OilTub>("OilTub", "a standard of UFOilTub.xml", "the standard of `UFOilTub.xml`"),
-    Name<&Record::SlopeAngle>("SlopeAngle", "a standard of UFSlopeAngle.xml", "the standard of `UFSlopeAngle.xml`"),
-    Name<&Record::SpaceToRoad>("SpaceToRoad", "a standard of UFSpaceToRoad.xml", "the standard of `UFSpaceToRoad.xml`"),
-    Name<&Record::WheelFixing>("WheelFixing", "a standard of UFWheelFixing.xml", "the standard of `UFWheelFixing.xml`"),
+    Name<&Record::Curb>("Curb", "standard of UFCurb.xml", "the standard of `UFCurb.xml`"),
+    Name<&Record::DynCurb>("DynCurb", "standard of UFDynamicCurb.xml", "the standard of `UFDynamicCurb.xml`"),
+    Name<&Record::InnerAngle>("InnerAngle", "standard of UFInnerAngle.xml", "the standard of `UFInnerAngle.xml`"),
+    Name<&Record::OilTub>("OilTub", "standard of UFOilTub.xml", "the standard of `UFOilTub.xml`"),
+    Name<&Record::SlopeAngle>("SlopeAngle", "standard of UFSlopeAngle.xml", "the standard of `UFSlopeAngle.xml`"),
+    Name<&Record::SpaceToRoad>("SpaceToRoad", "standard of UFSpaceToRoad.xml", "the standard of `UFSpaceToRoad.xml`"),
+    Name<&Record::WheelFixing>("WheelFixing", "standard of UFWheelFixing.xml", "the standard of `UFWheelFixing.xml`"),
 };
 
 constexpr VEXMELKElement categories = CategoryWith(table.rows);

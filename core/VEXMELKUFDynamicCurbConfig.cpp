@@ -7,7 +7,7 @@ namespace {
 
 constexpr VEXMELKOutputTable<CATUnicodeString, CATUnicodeString, CATUnicodeString, CATUnicodeString> table{
     Length("out_offset", "offsets outside and inside"), Length("in_offset", "offsets outside and inside"),
-    Length("in_length", "length inside"), Text("calculation", "name of the calculation")};
+    Length("in_length", "length inside", NotNegative), Text("calculation", "name of the calculation")};
 
 constexpr VEXMELKElement categories = CategoryWith(table.rows);
 constexpr const VEXMELKElement* elements[] = {&categories};

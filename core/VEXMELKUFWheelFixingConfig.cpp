@@ -6,7 +6,7 @@
 namespace {
 
 constexpr VEXMELKOutputTable<CATUnicodeString, CATUnicodeString> table{
-    Length("radius", "radius"), Length("offset", "offset")};
+    Length("radius", "radius", NotNegative), Length("offset", "offset")};
 
 constexpr VEXMELKElement categories = CategoryWith(table.rows);
 constexpr const VEXMELKElement* elements[] = {&categories};

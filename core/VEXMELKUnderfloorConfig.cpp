@@ -10,9 +10,13 @@ using Eyes = VEXMELKEyesConfigDefinition;
 
 constexpr const char* referredStandard = "name of the standard in `EyePoints.xml`, `EyeEllipses.xml` or "
                                          "`ExtendedEyePoints.xml`";
-constexpr VEXMELKTable eyesTable{
-    Name<&Eyes::Standard>("standard", "standard of the eyes", referredStandard, AsWritten(), Keep),
-};
+constexpr auto EyesOf(const char* standards)
+{
+    return VEXMELKTable{Name<&Eyes::Standard>("standard", standards, referredStandard, AsWritten(), Keep)};
+}
+// By type.
+constexpr decltype(EyesOf("")) eyesTables[] = {EyesOf("standard of EyePoints.xml"),
+    EyesOf("standard of EyeEllipses.xml"), EyesOf("standard of ExtendedEyePoints.xml")};
 constexpr VEXMELKTable percentilTable{
     Text<&Eyes::Percentil>("percentil", "the percentile", AsWritten(), Keep),
 };
@@ -24,19 +28,19 @@ constexpr VEXMELKOutputTable<unsigned char> radiusTable{
 constexpr VEXMELKElement standardElements = VEXMELKCommon::StandardWith(radiusTable.rows);
 constexpr VEXMELKElement categoryElements = CategoryWith(pointTable.rows);
 
-constexpr VEXMELKElement EyesWith(const char* tag, const char* meaning, VEXMELKRows others = {})
+constexpr VEXMELKElement EyesWith(const char* tag, VEXMELKRows rows, const char* meaning, VEXMELKRows others = {})
 {
     return {.tag = tag,
         .below = &VEXMELKCommon::standards,
         .place = VEXMELKPlace::AnyDepth,
-        .tables = {eyesTable.rows, others},
+        .tables = {rows, others},
         .meaning = meaning};
 }
 // By type.
 constexpr VEXMELKElement eyesElements[] = {
-    EyesWith("eye_points", "the standard uses eye points (type 0)"),
-    EyesWith("eye_ellipses", "the standard uses eye ellipses (type 1)", percentilTable.rows),
-    EyesWith("eye_extended_points", "the standard uses extended eye points (type 2)"),
+    EyesWith("eye_points", eyesTables[0].rows, "the standard uses eye points (type 0)"),
+    EyesWith("eye_ellipses", eyesTables[1].rows, "the standard uses eye ellipses (type 1)", percentilTable.rows),
+    EyesWith("eye_extended_points", eyesTables[2].rows, "the standard uses extended eye points (type 2)"),
 };
 constexpr int eyeEllipses = 1;
 
@@ -47,7 +51,7 @@ constexpr const VEXMELKElement* elements[] = {
 
 template <>
 constexpr auto VEXMELKFieldsOf<Eyes> = VEXMELKFieldList<Eyes>(
-    eyesTable, percentilTable, VEXMELKComputed<&Eyes::EyesType>());
+    eyesTables[0], percentilTable, VEXMELKComputed<&Eyes::EyesType>());
 
 static constexpr VEXMELKOperation operations[] = {
     VEXMELKDescribe<&VEXMELKUnderfloorConfig::GetEyes>("GetEyes", standardArgument, Output("eyes")),
@@ -91,7 +95,7 @@ unsigned char VEXMELKUnderfloorConfig::GetEyes(const CATUnicodeString& standard,
             eyes.EyesType = type;
             if (found == NULL_var)
                 return 1;
-            ReadFields(Decimals(), found, eyesTable, eyes);
+            ReadFields(Decimals(), found, eyesTables[type], eyes);
             if (type == eyeEllipses)
                 ReadFields(Decimals(), found, percentilTable, eyes);
             return 1;

@@ -79,6 +79,13 @@ struct VEXMELKWords
     int otherwise = 0; // the value of any other text
 };
 
+// The sign and the size that make sense, as far as that does not depend on the unit.
+struct VEXMELKRange
+{
+    bool isNotNegative = false;
+    bool isUpTo100 = false;
+};
+
 struct VEXMELKRow
 {
     std::string_view attribute = {};
@@ -87,11 +94,14 @@ struct VEXMELKRow
     VEXMELKForm form = VEXMELKForm::Text;
     std::string_view unit = {}; // what a bare number gets
     VEXMELKWhenMissing whenMissing = {};
-    std::string_view names = {}; // of a name: what it is the name of
-    VEXMELKWords words = {};     // of a word; of another kind, texts that mean something else there
-    std::string_view field = {}; // what it fills, by name; empty when nothing
-    bool isAsWritten = false;    // the text is taken as it stands, not adapted as NormalizedValue does
-    bool isSecret = false;       // never shown without being asked for
+    std::string_view names = {};    // of a name: what it is the name of
+    VEXMELKWords words = {};        // of a word; of another kind, texts that mean something else there
+    std::string_view field = {};    // what it fills, by name; empty when nothing
+    bool isAsWritten = false;       // the text is taken as it stands, not adapted as NormalizedValue does
+    bool isExact = false;           // of a flag: letter case counts
+    std::string_view countsAs = {}; // the unit that a bare number counts as where none is put behind it
+    VEXMELKRange sensible = {};     // numbers outside of it are mistakes; they are read all the same
+    bool isSecret = false;          // never shown without being asked for
 };
 
 // The unit of the number that a row hands out, empty for anything else.
@@ -246,9 +256,18 @@ struct Or // words that mean something else there
 {
     VEXMELKWords words = {};
 };
+struct CountsAs // what a bare number is, where no unit is put behind it
+{
+    std::string_view unit;
+};
 struct AsWritten // nothing is done to the text
 {
 };
+struct Exact // a flag that has no other letter case
+{
+};
+inline constexpr VEXMELKRange NotNegative{.isNotNegative = true};
+inline constexpr VEXMELKRange Share{.isNotNegative = true, .isUpTo100 = true};
 struct Secret
 {
 };
@@ -257,6 +276,9 @@ constexpr void Apply(VEXMELKRow& row, const Else& option) { row.whenMissing = op
 constexpr void Apply(VEXMELKRow& row, const Unit& option) { row.unit = option.unit; }
 constexpr void Apply(VEXMELKRow& row, const Fills& option) { row.field = option.output; }
 constexpr void Apply(VEXMELKRow& row, const Or& option) { row.words = option.words; }
+constexpr void Apply(VEXMELKRow& row, const CountsAs& option) { row.countsAs = option.unit; }
+constexpr void Apply(VEXMELKRow& row, const VEXMELKRange& option) { row.sensible = option; }
+constexpr void Apply(VEXMELKRow& row, Exact /*option*/) { row.isExact = true; }
 constexpr void Apply(VEXMELKRow& row, AsWritten /*option*/) { row.isAsWritten = true; }
 constexpr void Apply(VEXMELKRow& row, Secret /*option*/) { row.isSecret = true; }
 

@@ -12,9 +12,9 @@ using Wheels = VEXMELKWheelsDefinition;
 
 constexpr VEXMELKRow baseCategoryName = Text("name", "its name", AsWritten(), Skip);
 constexpr VEXMELKOutputTable<CATUnicodeString, CATUnicodeString, CATUnicodeString> overallTable{
-    Length("car_width", "width of the vehicle", Fills{"carWidth"}),
-    Length("forward_distance", "distance to the front", Fills{"forwardDistance"}),
-    Length("backward_distance", "distance to the rear", Fills{"backwardDistance"}),
+    Length("car_width", "width of the vehicle", Fills{"carWidth"}, NotNegative),
+    Length("forward_distance", "distance to the front", Fills{"forwardDistance"}, NotNegative),
+    Length("backward_distance", "distance to the rear", Fills{"backwardDistance"}, NotNegative),
 };
 constexpr VEXMELKElement baseCategories{.tag = "category",
     .choice = VEXMELKChoice::ByKey,
@@ -71,9 +71,9 @@ constexpr VEXMELKTable wheelTable{
     Length<&Wheels::CenterPointX>("CenterPointX", "centre of the wheel"),
     Length<&Wheels::CenterPointY>("CenterPointY", "centre of the wheel"),
     Length<&Wheels::CenterPointZ>("CenterPointZ", "centre of the wheel"),
-    Length<&Wheels::StaticRadius>("StaticRadius", "of the wheel"),
-    Length<&Wheels::Diameter>("Diameter", "of the wheel"),
-    Length<&Wheels::Width>("Width", "of the wheel"),
+    Length<&Wheels::StaticRadius>("StaticRadius", "of the wheel", NotNegative),
+    Length<&Wheels::Diameter>("Diameter", "of the wheel", NotNegative),
+    Length<&Wheels::Width>("Width", "of the wheel", NotNegative),
     Angle<&Wheels::Sturz>("Sturz", "camber"),
     Angle<&Wheels::Spur>("Spur", "toe"),
 };

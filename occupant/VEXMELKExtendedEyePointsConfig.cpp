@@ -40,8 +40,9 @@ constexpr VEXMELKElement OneOf(const VEXMELKElement& movements, const char* tag,
     return {.tag = tag, .below = &movements, .tables = {rows}, .meaning = meaning, .whenMissing = "0"};
 }
 
+constexpr VEXMELKWord movementTypes[] = {{"free_movements"}, {"standard_movements"}};
 constexpr VEXMELKTable typeTable{
-    Text<&Movements::type>("type", "kind of movement: a text", Keep),
+    Text<&Movements::type>("type", "kind of movement: a text", Keep, Or{{movementTypes}}),
 };
 constexpr VEXMELKElement typeElement =
     MovementsBelowCategory("movements", typeTable.rows, "kind of movement", "`standard_movements`");

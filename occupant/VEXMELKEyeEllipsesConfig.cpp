@@ -88,14 +88,14 @@ using Radii = VEXMELKOutputTable<double, double, double>;
 constexpr const char* radii95Meaning = "radii for the cut-off 95";
 constexpr const char* radii99Meaning = "radii for the cut-off 99";
 constexpr Radii radii95{
-    Millimetres("radiusX_95", radii95Meaning, Else(-1.0), Fills{"radiusX"}),
-    Millimetres("radiusY_95", radii95Meaning, Else(-1.0), Fills{"radiusY"}),
-    Millimetres("radiusZ_95", radii95Meaning, Else(-1.0), Fills{"radiusZ"}),
+    Millimetres("radiusX_95", radii95Meaning, Else(-1.0), Fills{"radiusX"}, NotNegative),
+    Millimetres("radiusY_95", radii95Meaning, Else(-1.0), Fills{"radiusY"}, NotNegative),
+    Millimetres("radiusZ_95", radii95Meaning, Else(-1.0), Fills{"radiusZ"}, NotNegative),
 };
 constexpr Radii radii99{
-    Millimetres("radiusX_99", radii99Meaning, Else(-1.0), Fills{"radiusX"}),
-    Millimetres("radiusY_99", radii99Meaning, Else(-1.0), Fills{"radiusY"}),
-    Millimetres("radiusZ_99", radii99Meaning, Else(-1.0), Fills{"radiusZ"}),
+    Millimetres("radiusX_99", radii99Meaning, Else(-1.0), Fills{"radiusX"}, NotNegative),
+    Millimetres("radiusY_99", radii99Meaning, Else(-1.0), Fills{"radiusY"}, NotNegative),
+    Millimetres("radiusZ_99", radii99Meaning, Else(-1.0), Fills{"radiusZ"}, NotNegative),
 };
 constexpr VEXMELKElement RadiiBelow(const VEXMELKElement& generation, VEXMELKChoice rule)
 {
@@ -125,9 +125,9 @@ constexpr VEXMELKTable hpointTable{
     Length<&HPoint::zmean>("zmean", "centres of the ellipses; empty counts as 0"),
     Length<&HPoint::ymean_left>("ymean_left", "centres of the ellipses; empty counts as 0"),
     Length<&HPoint::ymean_right>("ymean_right", "centres of the ellipses; empty counts as 0"),
-    Length<&HPoint::cutoff90>("cutoff90", "length of the cut-off axis; empty counts as 0"),
-    Length<&HPoint::cutoff95>("cutoff95", "length of the cut-off axis; empty counts as 0"),
-    Length<&HPoint::cutoff99>("cutoff99", "length of the cut-off axis; empty counts as 0"),
+    Length<&HPoint::cutoff90>("cutoff90", "length of the cut-off axis; empty counts as 0", NotNegative),
+    Length<&HPoint::cutoff95>("cutoff95", "length of the cut-off axis; empty counts as 0", NotNegative),
+    Length<&HPoint::cutoff99>("cutoff99", "length of the cut-off axis; empty counts as 0", NotNegative),
 };
 constexpr VEXMELKElement hpoints{.tag = "hpoint",
     .below = &categoryElements,
@@ -141,9 +141,9 @@ constexpr VEXMELKElement hpoints{.tag = "hpoint",
 
 using MinorAxis = VEXMELKOutputTable<CATUnicodeString, CATUnicodeString, CATUnicodeString>;
 constexpr MinorAxis axisTable{
-    Length("cutoff90", "the axis; empty counts as 0"),
-    Length("cutoff95", "the axis; empty counts as 0"),
-    Length("cutoff99", "the axis; empty counts as 0"),
+    Length("cutoff90", "the axis; empty counts as 0", NotNegative),
+    Length("cutoff95", "the axis; empty counts as 0", NotNegative),
+    Length("cutoff99", "the axis; empty counts as 0", NotNegative),
 };
 constexpr VEXMELKElement AxesOf(const char* tag)
 {

@@ -13,7 +13,7 @@ constexpr VEXMELKOutputTable<CATUnicodeString> ellipsesTable{
         "the standard of `EyeEllipses.xml` that belongs to it", AsWritten(), Fills{"ellipsesStandard"})};
 constexpr VEXMELKElement standardElements = VEXMELKCommon::StandardWith(ellipsesTable.rows);
 
-constexpr VEXMELKRow stripeWidth = Millimetres("width", "its width", Skip);
+constexpr VEXMELKRow stripeWidth = Millimetres("width", "its width", Skip, NotNegative);
 constexpr VEXMELKElement stripeElement{.tag = "middle_stripe",
     .below = &VEXMELKCommon::standards,
     .key = &stripeWidth,
@@ -37,9 +37,9 @@ constexpr VEXMELKElement cutOffElements{.tag = "cutoff",
     .whenMissing = "fails"};
 constexpr VEXMELKRow radiiTravel = Millimetres("value", "the row's travel", Skip);
 constexpr VEXMELKOutputTable<double, double, double> radiiTable{
-    Millimetres("x_radius", "radii", Fail, Fills{"xRadius"}),
-    Millimetres("y_radius", "radii", Fail, Fills{"yRadius"}),
-    Millimetres("z_radius", "radii", Fail, Fills{"zRadius"}),
+    Millimetres("x_radius", "radii", Fail, Fills{"xRadius"}, NotNegative),
+    Millimetres("y_radius", "radii", Fail, Fills{"yRadius"}, NotNegative),
+    Millimetres("z_radius", "radii", Fail, Fills{"zRadius"}, NotNegative),
 };
 constexpr VEXMELKElement radiiRows{.tag = "h_point_travel",
     .below = &cutOffElements,
@@ -108,8 +108,8 @@ constexpr VEXMELKElement deltaRows = RowsOfSeat("deltas", deltaTable.rows);
 
 constexpr VEXMELKOutputTable<double, double, double> clearanceTable{
     Radians("angle", "angle", Keep),
-    Metres("req_diagonal", "lengths", Keep, Fills{"reqDiagonal"}),
-    Metres("req_vertical", "lengths", Keep, Fills{"reqVertical"}),
+    Metres("req_diagonal", "lengths", Keep, Fills{"reqDiagonal"}, NotNegative),
+    Metres("req_vertical", "lengths", Keep, Fills{"reqVertical"}, NotNegative),
 };
 constexpr VEXMELKElement clearanceElement{.tag = "head_clearance",
     .below = &seatElements,

@@ -97,8 +97,8 @@ bool ReadBackAngleCorrection(VEXMELKDecimals decimals, const CATIDOMElement_var&
     const VEXMELKElement& backAngles, double backAngle, double& horizontal, double& vertical);
 
 // Children of the standard with a "length"; the first that has one counts.
-inline constexpr VEXMELKRow backLineLength = Millimetres("length", "the length", Else(635.0));
-inline constexpr VEXMELKRow verticalLineLength = Millimetres("length", "the length", Else(600.0));
+inline constexpr VEXMELKRow backLineLength = Millimetres("length", "the length", Else(635.0), NotNegative);
+inline constexpr VEXMELKRow verticalLineLength = Millimetres("length", "the length", Else(600.0), NotNegative);
 constexpr VEXMELKElement LineBelowStandard(const char* tag, const VEXMELKRow& length)
 {
     return {.tag = tag,

@@ -10,23 +10,23 @@ using Bumper = VEXMELKBumpersDefinition;
 
 constexpr VEXMELKRow profileKey = Text("name", "its name", AsWritten(), Skip);
 constexpr VEXMELKTable profileTable{
-    Length<&Bumper::NoseRadius>("NoseRadius", "radii"),
-    Length<&Bumper::SideRadius>("SideRadius", "radii"),
+    Length<&Bumper::NoseRadius>("NoseRadius", "radii", NotNegative),
+    Length<&Bumper::SideRadius>("SideRadius", "radii", NotNegative),
     Angle<&Bumper::NoseAngle>("NoseAngle", "angles"),
     Angle<&Bumper::SideAngle>("SideAngle", "angles"),
-    Length<&Bumper::NoseHeight>("NoseHeight", "the nose"),
-    Length<&Bumper::NoseLength>("NoseLength", "the nose"),
-    Length<&Bumper::RenderDepth>("RenderDepth", "how it is drawn"),
-    Length<&Bumper::RenderHeight>("RenderHeight", "how it is drawn"),
-    Length<&Bumper::RenderDistance>("RenderDistance", "how it is drawn"),
-    Length<&Bumper::CenterLineLength>("CenterLineLength", "how it is drawn"),
+    Length<&Bumper::NoseHeight>("NoseHeight", "the nose", NotNegative),
+    Length<&Bumper::NoseLength>("NoseLength", "the nose", NotNegative),
+    Length<&Bumper::RenderDepth>("RenderDepth", "how it is drawn", NotNegative),
+    Length<&Bumper::RenderHeight>("RenderHeight", "how it is drawn", NotNegative),
+    Length<&Bumper::RenderDistance>("RenderDistance", "how it is drawn", NotNegative),
+    Length<&Bumper::CenterLineLength>("CenterLineLength", "how it is drawn", NotNegative),
 };
 constexpr VEXMELKTable repeatedTable{
-    Length<&Bumper::Width>("Width", "the body", Repeat),
-    Length<&Bumper::Height>("Height", "the body", Repeat),
+    Length<&Bumper::Width>("Width", "the body", Repeat, NotNegative),
+    Length<&Bumper::Height>("Height", "the body", Repeat, NotNegative),
     Length<&Bumper::Extension>("Extension", "the body", Repeat),
-    Length<&Bumper::Depth>("Depth", "the body", Repeat),
-    Length<&Bumper::FilletRadius>("FilletRadius", "the body", Repeat),
+    Length<&Bumper::Depth>("Depth", "the body", Repeat, NotNegative),
+    Length<&Bumper::FilletRadius>("FilletRadius", "the body", Repeat, NotNegative),
 };
 constexpr VEXMELKElement profiles{.tag = "Profile",
     .choice = VEXMELKChoice::ByKey,
@@ -48,10 +48,10 @@ constexpr VEXMELKElement PendulumOf(const char* tag)
 constexpr VEXMELKElement pendulums[] = {
     PendulumOf("MiddlePendulum"), PendulumOf("RotatedPendulum"), PendulumOf("ShiftedPendulum")};
 
-constexpr VEXMELKWord positions[] = {{"front", 1}};
+constexpr VEXMELKWord positions[] = {{"front", 1}, {"rear", 0}};
 constexpr VEXMELKTable bumperTable{
     Name<&Bumper::loading>("loading", "loading", "loading state"),
-    Length<&Bumper::Limit>("Limit", "height limit"),
+    Length<&Bumper::Limit>("Limit", "height limit", NotNegative),
     Word<&Bumper::Position>("Position", {positions}, "exactly `front` is the front; anything else is the rear"),
     Length<&Bumper::Offset>("Offset", "lateral offset"),
     Angle<&Bumper::Angle>("Angle", "angle", Else("30.0deg")),

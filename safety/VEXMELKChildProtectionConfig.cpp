@@ -8,9 +8,9 @@ namespace {
 using Record = VEXMELKChildProtectionDefinition;
 
 constexpr VEXMELKTable table{
-    Length<&Record::CPShDist>("CPShDist", "shoulder: distance, radius"),
-    Length<&Record::CPShRadius>("CPShRadius", "shoulder: distance, radius"),
-    Length<&Record::CPBackDist>("CPBackDist", "distance of the back"),
+    Length<&Record::CPShDist>("CPShDist", "shoulder: distance, radius", NotNegative),
+    Length<&Record::CPShRadius>("CPShRadius", "shoulder: distance, radius", NotNegative),
+    Length<&Record::CPBackDist>("CPBackDist", "distance of the back", NotNegative),
     Angle<&Record::CPTopAngle>("CPTopAngle", "top angle"),
     Length<&Record::CPShCShift>("CPShCShift", "centre shift"),
     Angle<&Record::CPVolVertAngle>("CPVolVertAngle", "the volume's angles"),

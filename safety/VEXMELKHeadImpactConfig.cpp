@@ -25,13 +25,13 @@ constexpr VEXMELKElement headGravityCenter = Zone("HeadGravityCenter", headGravi
 
 constexpr VEXMELKTable upperRoofTable{
     Length<&VEXMELKUpperRoofDefinition::RoofSectionOffset>("RoofSectionOffset", "offsets"),
-    NumberText<&VEXMELKUpperRoofDefinition::ActiveRoofRatio>("ActiveRoofRatio", "ratio"),
+    NumberText<&VEXMELKUpperRoofDefinition::ActiveRoofRatio>("ActiveRoofRatio", "ratio", NotNegative),
     Angle<&VEXMELKUpperRoofDefinition::MinVAngle>("MinVAngle", "angles"),
     Angle<&VEXMELKUpperRoofDefinition::MaxVAngle>("MaxVAngle", "angles"),
 };
 constexpr VEXMELKElement upperRoof = Zone("UpperRoof", upperRoofTable.rows);
 
-constexpr VEXMELKWord measurementMethods[] = {{"0", 0}, {"1", 1}};
+constexpr VEXMELKWord measurementMethods[] = {{"0", 0}, {"1", 1}, {"2", 2}};
 constexpr VEXMELKTable aPillarTable{
     Length<&VEXMELKAPillarDefinition::AP2_Offset>("AP2_Offset", "offsets"),
     Length<&VEXMELKAPillarDefinition::PT1_Offset>("PT1_Offset", "offsets"),
@@ -45,7 +45,7 @@ constexpr VEXMELKTable aPillarTable{
     Word<&VEXMELKAPillarDefinition::MeasurementMethod>(
         "MeasurementMethod", {measurementMethods, 2}, "exactly `0` or `1`; anything else (`01`) is 2", Else(2)),
     Fraction<&VEXMELKAPillarDefinition::MaxMeasurementDeviation>("MaxMeasurementDeviation",
-        "percentage, with or without `%`; handed out as a fraction (`5%` as 0.05)", Else(0.05)),
+        "percentage, with or without `%`; handed out as a fraction (`5%` as 0.05)", Else(0.05), Share),
 };
 constexpr VEXMELKElement aPillar = Zone("APillar", aPillarTable.rows);
 
@@ -61,7 +61,7 @@ constexpr VEXMELKElement bPillar = Zone("BPillar", bPillarTable.rows);
 
 constexpr VEXMELKTable rearmostPillarTable{
     Length<&VEXMELKRearmostPillarDefinition::RP2_Offset>("RP2_Offset", "offsets"),
-    NumberText<&VEXMELKRearmostPillarDefinition::RP1_Ratio>("RP1_Ratio", "ratio"),
+    NumberText<&VEXMELKRearmostPillarDefinition::RP1_Ratio>("RP1_Ratio", "ratio", NotNegative),
     Angle<&VEXMELKRearmostPillarDefinition::MinVAngle>("MinVAngle", "angles"),
     Angle<&VEXMELKRearmostPillarDefinition::MaxVAngle>("MaxVAngle", "angles"),
     Angle<&VEXMELKRearmostPillarDefinition::MinHLeftAngle>("MinHLeftAngle", "angles"),

@@ -20,8 +20,8 @@ constexpr const char* kindMeaning = "reference part, kinds of definition and pro
 constexpr VEXMELKTable sectionTable{
     Text<&Record::definition_type>("definition_type", kindMeaning),
     Text<&Record::profile_type>("profile_type", kindMeaning),
-    Metres<&Record::x_step>("x_step", "steps of the grid"),
-    Metres<&Record::y_step>("y_step", "steps of the grid"),
+    Metres<&Record::x_step>("x_step", "steps of the grid", NotNegative),
+    Metres<&Record::y_step>("y_step", "steps of the grid", NotNegative),
     Text<&Record::ref_part>("ref_part", kindMeaning),
 };
 constexpr VEXMELKElement sectionElement{.tag = "section_based",
@@ -46,7 +46,7 @@ constexpr VEXMELKElement curveElements{.tag = "curve",
 
 constexpr VEXMELKTable regionTable{
     Text<&Region::measurement_type>("measurement_type", "how it is measured"),
-    Metres<&Region::param_x>("param_x", "parameter; a bare number counts as millimetres", Unit{""}),
+    Metres<&Region::param_x>("param_x", "parameter; a bare number counts as millimetres", Unit{""}, CountsAs{"mm"}),
 };
 constexpr VEXMELKElement regionElement{.tag = "outer_region",
     .below = &sectionElement,

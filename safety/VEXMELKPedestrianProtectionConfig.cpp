@@ -13,7 +13,7 @@ using Area = PPBonnetTopDefinition;
 using RearTemplate = PPBonnetRearTemplateDefinition;
 
 constexpr VEXMELKTable table{
-    Length<&Record::cuttingStep>("CuttingStep", "step of the cuts"),
+    Length<&Record::cuttingStep>("CuttingStep", "step of the cuts", NotNegative),
     Flag<&Record::wrapAroundUseWindshield>("WrapAroundUseWindshield", "whether the wrap-around uses the windshield"),
 };
 constexpr VEXMELKElement categoryElements = CategoryWith(table.rows);
@@ -34,19 +34,22 @@ constexpr VEXMELKRow curveTypeRow = Word("type", {curveTypes},
     "`UpperBumper`, `LowerBumper`, `CornerOfBumper`, `BonnetLeadingEdge`, `BonnetSide`, `WrapAround1`, `WrapAround2`, "
     "`WrapAround3` or `BonnetRear`",
     AsWritten(), Skip);
+constexpr VEXMELKWord tangents[] = {{"lowest"}, {"highest"}};
+constexpr VEXMELKWord offsetTypes[] = {{"WrapAround"}, {"Horizontal"}};
 constexpr VEXMELKTable curveTable{
     Angle<&Curve::angle>("angle", "angle"),
-    Length<&Curve::length>("length", "length"),
+    Length<&Curve::length>("length", "length", NotNegative),
     Length<&Curve::offset>("offset", "offset", Else("0.0mm")),
-    Length<&Curve::radiusLower>("radiusLower", "radii, threshold"),
-    Length<&Curve::radiusUpper>("radiusUpper", "radii, threshold"),
-    Length<&Curve::threshold>("threshold", "radii, threshold"),
-    Text<&Curve::tangent_selection>("tangent_selection", "which tangent", Else("lowest")),
+    Length<&Curve::radiusLower>("radiusLower", "radii, threshold", NotNegative),
+    Length<&Curve::radiusUpper>("radiusUpper", "radii, threshold", NotNegative),
+    Length<&Curve::threshold>("threshold", "radii, threshold", NotNegative),
+    Text<&Curve::tangent_selection>("tangent_selection", "which tangent", Else("lowest"), Or{{tangents}}),
     Flag<&Curve::use_upper_end>("use_upper_end", "use this end"),
     Flag<&Curve::use_lower_end>("use_lower_end", "use this end"),
     Flag<&Curve::use_left>("use_left", "use this side"),
     Flag<&Curve::use_right>("use_right", "use this side"),
-    Text<&Curve::curve_offset_type>("curve_offset_type", "how the curve is offset", Else("WrapAround")),
+    Text<&Curve::curve_offset_type>(
+        "curve_offset_type", "how the curve is offset", Else("WrapAround"), Or{{offsetTypes}}),
     Length<&Curve::curve_offset>("curve_offset", "offset of the curve", Else("0.0mm")),
     Flag<&Curve::warning>("warning", "warn"),
     Angle<&Curve::alternative_angle>("alternative_angle", "other angle", Else("40.0deg")),
@@ -63,18 +66,18 @@ constexpr VEXMELKElement curveElements{.tag = "curve",
 constexpr VEXMELKTable areaTable{
     Text<&Area::name>("name", "name of the area"),
     Flag<&Area::detail>("detail", "in detail"),
-    Integer<&Area::splitM>("splitM", "divisions"),
-    Integer<&Area::splitN>("splitN", "divisions"),
+    Integer<&Area::splitM>("splitM", "divisions", NotNegative),
+    Integer<&Area::splitN>("splitN", "divisions", NotNegative),
 };
 constexpr VEXMELKTable boundaryTable{
-    Text<&Boundary::limit>("limit", "what bounds it"),
+    Text<&Boundary::limit>("limit", "what bounds it", Or{{curveTypes}}),
     Length<&Boundary::offset>("offset", "offset"),
-    Text<&Boundary::offset_type>("offset_type", "kind of offset"),
+    Text<&Boundary::offset_type>("offset_type", "kind of offset", Or{{offsetTypes}}),
 };
 // Only the front has a second limit and a check distance: the other boundaries do not meet the windscreen.
 constexpr VEXMELKTable frontTable{
-    Length<&Boundary::checkDist>("checkDist", "check distance, of `front` **only**"),
-    Text<&Boundary::limit2>("limit2", "second limit, of `front` **only**"),
+    Length<&Boundary::checkDist>("checkDist", "check distance, of `front` **only**", NotNegative),
+    Text<&Boundary::limit2>("limit2", "second limit, of `front` **only**", Or{{curveTypes}}),
 };
 constexpr const char* areaMeaning = "the test areas; the first of each counts";
 constexpr const char* boundaryMeaning = "its boundaries";

@@ -14,11 +14,11 @@ constexpr VEXMELKTable table{
     Angle<&Record::BackAlpha>("BackAlpha", "covering angles behind"),
     Angle<&Record::BackBeta>("BackBeta", "covering angles behind"),
     Length<&Record::BottomOffset>("BottomOffset", "offset of the bottom", Keep),
-    Length<&Record::TriangleHeight>("TriangleHeight", "heights"),
-    Length<&Record::LineHeight>("LineHeight", "heights"),
+    Length<&Record::TriangleHeight>("TriangleHeight", "heights", NotNegative),
+    Length<&Record::LineHeight>("LineHeight", "heights", NotNegative),
     Flag<&Record::HasSpecialBack>("HasSpecialBack", "special back"),
     Text<&Record::AlgorithmType>("AlgorithmType", "name of the algorithm"),
-    Length<&Record::Tolerance>("Tolerance", "tolerance: write the unit", Unit{""}, Else("0.0m")),
+    Length<&Record::Tolerance>("Tolerance", "tolerance: write the unit", Unit{""}, Else("0.0m"), NotNegative),
 };
 constexpr VEXMELKElement categories = CategoryWith(table.rows);
 constexpr const VEXMELKElement* elements[] = {&categories};

@@ -55,7 +55,8 @@ private:
     {
         if (row.kind == VEXMELKKind::Flag)
             return variant == 0 ? "true" : "false";
-        if (row.kind == VEXMELKKind::Word && !row.words.list.empty())
+        const bool isOtherText = row.kind == VEXMELKKind::Text && variant == 0;
+        if ((row.kind == VEXMELKKind::Word || isOtherText) && !row.words.list.empty())
             return std::string(variant == 0 ? row.words.list.front().text : row.words.list.back().text);
         if (row.kind == VEXMELKKind::Name || row.kind == VEXMELKKind::Integer)
             return key;

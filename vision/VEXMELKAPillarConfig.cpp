@@ -12,8 +12,8 @@ constexpr VEXMELKTable table{
     Angle<&Record::bottom_angle>("bottom_angle", "angles"),
     Angle<&Record::driver_angle>("driver_angle", "angles"),
     Angle<&Record::passenger_angle>("passenger_angle", "angles"),
-    Length<&Record::eye_triangle_side>("eye_triangle_side", "the eye triangle"),
-    Length<&Record::eye_triangle_base>("eye_triangle_base", "the eye triangle"),
+    Length<&Record::eye_triangle_side>("eye_triangle_side", "the eye triangle", NotNegative),
+    Length<&Record::eye_triangle_base>("eye_triangle_base", "the eye triangle", NotNegative),
     Angle<&Record::touch_line_angle>("touch_line_angle", "angle of the touch line"),
 };
 constexpr VEXMELKElement categories = CategoryWith(table.rows);

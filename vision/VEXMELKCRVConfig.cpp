@@ -23,16 +23,16 @@ constexpr VEXMELKElement OfCategory(
 
 constexpr const char* cylinderMeaning = "its dimensions and the number of rays: write the unit";
 constexpr VEXMELKTable cylinderTable{
-    Length<&Record::radius>("radius", cylinderMeaning, Unit{""}, Keep),
-    Length<&Record::height>("height", cylinderMeaning, Unit{""}, Keep),
-    NumberText<&Record::visibleRayCount>("visibleRayCount", cylinderMeaning, Keep),
+    Length<&Record::radius>("radius", cylinderMeaning, Unit{""}, Keep, NotNegative),
+    Length<&Record::height>("height", cylinderMeaning, Unit{""}, Keep, NotNegative),
+    NumberText<&Record::visibleRayCount>("visibleRayCount", cylinderMeaning, Keep, NotNegative),
 };
 constexpr VEXMELKElement cylinder = OfCategory("cylinder", cylinderTable.rows, "the object to be seen", "all kept");
 
 constexpr const char* frontView = "front_view";
 constexpr VEXMELKWord areaTypes[] = {{frontView}};
 constexpr VEXMELKTable typeTable{
-    Word<&Record::type>("type", {areaTypes}, "`front_view`, or another text", Keep),
+    Text<&Record::type>("type", "`front_view`, or another text", Or{{areaTypes}}, Keep),
 };
 constexpr VEXMELKTable frontViewTable{
     Length<&Record::front_offset>("front_offset", "read for `front_view` only", Else("2000mm")),

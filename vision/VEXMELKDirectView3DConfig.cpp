@@ -9,7 +9,7 @@ namespace {
 
 using Record = VEXMELKDirectView3DCFG;
 
-constexpr VEXMELKWord computationTypes[] = {{"Ambinocular", DV3DAmbinocular}};
+constexpr VEXMELKWord computationTypes[] = {{"Ambinocular", DV3DAmbinocular}, {"Monocular", DV3DMonocular}};
 constexpr VEXMELKWords computationWords{computationTypes, DV3DMonocular};
 constexpr VEXMELKWord directions[] = {{"", DV3DFrontward}, {"frontward", DV3DFrontward}, {"backward", DV3DBackward},
     {"left", DV3DLeft}, {"right", DV3DRight}};
@@ -22,14 +22,15 @@ constexpr VEXMELKTable table{
     Word<&Record::ComputationTypeText>(
         "ComputationType", computationWords, "exactly `Ambinocular` (1); anything else is monocular (0)"),
     Radians<&Record::ViewRange>("ViewRange", "angle"),
-    Word<&Record::DirectionText>("Direction", directionWords,
+    Angle<&Record::DirectionText>("Direction",
         "exactly `frontward` (0), `backward` (1), `left` (2) or `right` (3); any other text is an angle (4) in "
-        "degrees, handed out in radians; a missing one is frontward"),
+        "degrees, handed out in radians; a missing one is frontward",
+        Unit{""}, CountsAs{"deg"}, Or{directionWords}),
 };
 constexpr VEXMELKElement categoryElements = CategoryWith(table.rows);
 
 constexpr VEXMELKTable targetTable{
-    Millimetres<&Record::TargetDistance>("Distance", "its distance"),
+    Millimetres<&Record::TargetDistance>("Distance", "its distance", NotNegative),
     Word<&Record::TargetTypeText>("type", targetWords,
         "exactly `Parallel` (0), `Perpendicular` (1) or `Spherical` (2); anything else is perpendicular"),
 };

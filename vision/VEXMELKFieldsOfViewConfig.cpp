@@ -11,10 +11,10 @@ using Field = VEXMELKFOVField;
 using Interval = VEXMELKFOVInterval;
 
 constexpr VEXMELKTable table{
-    Length<&Record::threshold1>("threshold1", "thresholds"),
-    Length<&Record::threshold2>("threshold2", "thresholds"),
-    Length<&Record::threshold3>("threshold3", "thresholds"),
-    Length<&Record::threshold4>("threshold4", "thresholds"),
+    Length<&Record::threshold1>("threshold1", "thresholds", NotNegative),
+    Length<&Record::threshold2>("threshold2", "thresholds", NotNegative),
+    Length<&Record::threshold3>("threshold3", "thresholds", NotNegative),
+    Length<&Record::threshold4>("threshold4", "thresholds", NotNegative),
 };
 constexpr VEXMELKElement categoryElements = CategoryWith(table.rows);
 

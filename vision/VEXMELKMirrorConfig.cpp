@@ -10,20 +10,22 @@ using Record = VEXMELKMirrorDefinition;
 using Point = VEXMELKMirrorPointDefinition;
 
 constexpr VEXMELKTable standardTable{
-    Length<&Record::infinite_size>("infinite_size", "infinite size"),
-    Length<&Record::USBackLineDistance>("USBackLineDistance", "distance of the back line"),
+    Length<&Record::infinite_size>("infinite_size", "infinite size", NotNegative),
+    Length<&Record::USBackLineDistance>("USBackLineDistance", "distance of the back line", NotNegative),
     Angle<&Record::USAngle>("USAngle", "angle"),
 };
 constexpr VEXMELKElement standardElements = VEXMELKCommon::StandardWith(standardTable.rows);
 constexpr VEXMELKElement categoryElements = CategoryWith({}, VEXMELKFallBack::WholeCategory);
 
+constexpr VEXMELKWord planes[] = {{"road"}};
+constexpr VEXMELKWord references[] = {{"Eyes"}, {"CarFront"}, {"CarBack"}, {"CarMiddle"}, {"CarSide"}};
 constexpr VEXMELKRow positionName = Text("PositionType", "its name", AsWritten(), Skip);
 constexpr VEXMELKTable fieldTable{
-    Text<&Record::Plane>("Plane", "the measuring plane, handed out in lower case"),
+    Text<&Record::Plane>("Plane", "the measuring plane, handed out in lower case", Or{{planes}}),
     Text<&Record::PositionType>("PositionType", "its name"),
     Length<&Record::X>("X", "distance of the plane"),
-    Text<&Record::XREL>("XREL", "what it is measured from"),
-    NumberText<&Record::ReqTotalCoverage>("ReqTotalCoverage", "required coverage"),
+    Text<&Record::XREL>("XREL", "what it is measured from", Or{{references}}),
+    NumberText<&Record::ReqTotalCoverage>("ReqTotalCoverage", "required coverage", Share),
 };
 constexpr VEXMELKElement instructionFields{.tag = "InstructionField",
     .below = &categoryElements,
@@ -33,22 +35,23 @@ constexpr VEXMELKElement instructionFields{.tag = "InstructionField",
     .tables = {fieldTable.rows},
     .meaning = "a mirror position; the first of a name counts"};
 
-constexpr VEXMELKRow targetOnRoad = Flag("TargetOnRoad", "exactly `true` says that the point lies on the road");
+constexpr VEXMELKRow targetOnRoad =
+    Flag("TargetOnRoad", "exactly `true` says that the point lies on the road", Exact());
 constexpr const char* onRoadMeaning = "coordinate and reference of a point **on the road**";
 constexpr const char* otherMeaning = "coordinate and reference of **any other** point";
 constexpr const char* lateralMeaning = "lateral coordinate and reference";
 constexpr VEXMELKTable onRoadTable{
     Length<&Point::Coordinate1>("X", onRoadMeaning),
-    Text<&Point::Coordinate1REL>("XREL", onRoadMeaning),
+    Text<&Point::Coordinate1REL>("XREL", onRoadMeaning, Or{{references}}),
 };
 constexpr VEXMELKTable otherTable{
     Length<&Point::Coordinate1>("Z", otherMeaning),
-    Text<&Point::Coordinate1REL>("ZREL", otherMeaning),
+    Text<&Point::Coordinate1REL>("ZREL", otherMeaning, Or{{references}}),
 };
 constexpr VEXMELKTable pointTable{
     Length<&Point::Y>("Y", lateralMeaning),
-    Text<&Point::YREL>("YREL", lateralMeaning),
-    Length<&Point::R>("R", "radius about the point"),
+    Text<&Point::YREL>("YREL", lateralMeaning, Or{{references}}),
+    Length<&Point::R>("R", "radius about the point", NotNegative),
 };
 constexpr VEXMELKElement pointElements{.tag = "Point",
     .below = &instructionFields,

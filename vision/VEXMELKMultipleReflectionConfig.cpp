@@ -7,7 +7,7 @@ namespace {
 
 using Record = VEXMELKMultipleReflectionConfigDef;
 
-constexpr VEXMELKWord rayDirections[] = {{"XDirection", RayXDirection}};
+constexpr VEXMELKWord rayDirections[] = {{"XDirection", RayXDirection}, {"standard", RayStandard}};
 constexpr VEXMELKTable table{
     Word<&Record::rayDirection>("rayDirection", {rayDirections, RayStandard},
         "exactly `XDirection` (1); anything else is the standard direction (0)", Else(RayStandard)),

@@ -8,8 +8,8 @@ namespace {
 using Record = VEXMELKOpticalDistortionConfigDef;
 
 constexpr VEXMELKTable table{
-    Length<&Record::dcRadius>("dcRadius", "radius"),
-    NumberText<&Record::dcDensity>("dcDensity", "density"),
+    Length<&Record::dcRadius>("dcRadius", "radius", NotNegative),
+    NumberText<&Record::dcDensity>("dcDensity", "density", NotNegative),
 };
 constexpr VEXMELKElement categories = CategoryWith(table.rows);
 constexpr const VEXMELKElement* elements[] = {&categories};

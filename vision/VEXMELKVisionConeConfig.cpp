@@ -11,7 +11,7 @@ constexpr VEXMELKTable table{
     Angle<&Record::cone_angle>("cone_angle", "angle of the cone"),
     Angle<&Record::horizontal_axis_angle>("horizontal_axis_angle", "direction of its axis"),
     Angle<&Record::vertical_axis_angle>("vertical_axis_angle", "direction of its axis"),
-    Length<&Record::cone_length>("cone_length", "its length"),
+    Length<&Record::cone_length>("cone_length", "its length", NotNegative),
 };
 constexpr VEXMELKElement categories = CategoryWith(table.rows);
 constexpr const VEXMELKElement* elements[] = {&categories};

@@ -9,11 +9,14 @@ using Record = VEXMELKWipersDefinition;
 
 constexpr VEXMELKTable table{
     Number<&Record::a_field>("a_field",
-        "share of each field; what follows the number (`98%`) is ignored, and a text that is none is 0", Else(-1.0)),
+        "share of each field; what follows the number (`98%`) is ignored, and a text that is none is 0", Else(-1.0),
+        Share),
     Number<&Record::b_field>("b_field",
-        "share of each field; what follows the number (`98%`) is ignored, and a text that is none is 0", Else(-1.0)),
+        "share of each field; what follows the number (`98%`) is ignored, and a text that is none is 0", Else(-1.0),
+        Share),
     Number<&Record::c_field>("c_field",
-        "share of each field; what follows the number (`98%`) is ignored, and a text that is none is 0", Else(-1.0)),
+        "share of each field; what follows the number (`98%`) is ignored, and a text that is none is 0", Else(-1.0),
+        Share),
 };
 constexpr VEXMELKElement categories = CategoryWith(table.rows);
 constexpr const VEXMELKElement* elements[] = {&categories};
