@@ -83,7 +83,7 @@ struct VEXMELKWords
 struct VEXMELKRange
 {
     bool isNotNegative = false;
-    bool isUpTo100 = false;
+    int upTo = 0; // 0: no bound
 };
 
 struct VEXMELKRow
@@ -94,12 +94,14 @@ struct VEXMELKRow
     VEXMELKForm form = VEXMELKForm::Text;
     std::string_view unit = {}; // what a bare number gets
     VEXMELKWhenMissing whenMissing = {};
-    std::string_view names = {};    // of a name: what it is the name of
+    // What it is the name of. A tag of the same file; "standard of FILE"; "settings"; "loading"; "colour".
+    std::string_view names = {};
     VEXMELKWords words = {};        // of a word; of another kind, texts that mean something else there
     std::string_view field = {};    // what it fills, by name; empty when nothing
     bool isAsWritten = false;       // the text is taken as it stands, not adapted as NormalizedValue does
     bool isExact = false;           // of a flag: letter case counts
     std::string_view countsAs = {}; // the unit that a bare number counts as where none is put behind it
+    std::string_view onlyFor = {};  // it is read only when the element's "type" is this
     VEXMELKRange sensible = {};     // numbers outside of it are mistakes; they are read all the same
     bool isSecret = false;          // never shown without being asked for
 };
@@ -260,6 +262,10 @@ struct CountsAs // what a bare number is, where no unit is put behind it
 {
     std::string_view unit;
 };
+struct OnlyFor // a type of the element
+{
+    std::string_view type;
+};
 struct AsWritten // nothing is done to the text
 {
 };
@@ -267,7 +273,11 @@ struct Exact // a flag that has no other letter case
 {
 };
 inline constexpr VEXMELKRange NotNegative{.isNotNegative = true};
-inline constexpr VEXMELKRange Share{.isNotNegative = true, .isUpTo100 = true};
+inline constexpr VEXMELKRange Share{.isNotNegative = true, .upTo = 100};
+struct Refers // a word that is the name of something as well
+{
+    std::string_view names;
+};
 struct Secret
 {
 };
@@ -277,6 +287,8 @@ constexpr void Apply(VEXMELKRow& row, const Unit& option) { row.unit = option.un
 constexpr void Apply(VEXMELKRow& row, const Fills& option) { row.field = option.output; }
 constexpr void Apply(VEXMELKRow& row, const Or& option) { row.words = option.words; }
 constexpr void Apply(VEXMELKRow& row, const CountsAs& option) { row.countsAs = option.unit; }
+constexpr void Apply(VEXMELKRow& row, const OnlyFor& option) { row.onlyFor = option.type; }
+constexpr void Apply(VEXMELKRow& row, const Refers& option) { row.names = option.names; }
 constexpr void Apply(VEXMELKRow& row, const VEXMELKRange& option) { row.sensible = option; }
 constexpr void Apply(VEXMELKRow& row, Exact /*option*/) { row.isExact = true; }
 constexpr void Apply(VEXMELKRow& row, AsWritten /*option*/) { row.isAsWritten = true; }

@@ -80,7 +80,20 @@ bool QuantityFromText(std::string_view text, std::span<const Unit> units, double
     return false;
 }
 
+// The first unit of each list is that of a bare number.
+std::vector<std::string_view> SymbolsOf(std::span<const Unit> units)
+{
+    std::vector<std::string_view> symbols;
+    for (const Unit& unit : units.subspan(1))
+        symbols.push_back(unit.symbol);
+    return symbols;
+}
+
 } // namespace
+
+std::vector<std::string_view> CATLengthUnits() { return SymbolsOf(lengthUnits); }
+
+std::vector<std::string_view> CATAngleUnits() { return SymbolsOf(angleUnits); }
 
 bool CATLengthFromText(std::string_view text, double& metres) { return QuantityFromText(text, lengthUnits, metres); }
 

@@ -153,6 +153,11 @@ double VEXMELKUtilities::GetValueInRadians(const CATUnicodeString& text)
 
 int VEXMELKUtilities::GetNumberOfVGAColors() { return static_cast<int>(std::size(palette)); }
 
+CATUnicodeString VEXMELKUtilities::GetVGAColorName(int position)
+{
+    return position >= 0 && position < GetNumberOfVGAColors() ? palette[position].name : "";
+}
+
 unsigned int VEXMELKUtilities::VGAColor(int position) { return palette[position].color; }
 
 unsigned int VEXMELKUtilities::VGAColor(const CATUnicodeString& name)

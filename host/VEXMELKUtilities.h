@@ -47,6 +47,8 @@ public:
     static int GetNumberOfVGAColors();
     static unsigned int VGAColor(int position);
     static unsigned int VGAColor(const CATUnicodeString& name);
+    // The name of the colour at the position; empty when there is none.
+    static CATUnicodeString GetVGAColorName(int position);
     // The palette colour nearest to a colour in RGB, the first of several.
     static unsigned int ConvertColorToVGAColor(unsigned int color);
     // "#RRGGBB".

@@ -4,34 +4,42 @@
 #include <algorithm>
 #include <cctype>
 #include <numeric>
+#include <utility>
 
 namespace {
 
-// Edits that turn one name into the other, letter case left aside.
+// Letters put in, left out, replaced or swapped with the next that turn one name into the other, letter case left
+// aside.
 std::size_t Distance(std::string_view left, std::string_view right)
 {
-    const auto lower = [](char character) { return std::tolower(static_cast<unsigned char>(character)); };
+    const auto isSame = [](char one, char other)
+    { return std::tolower(static_cast<unsigned char>(one)) == std::tolower(static_cast<unsigned char>(other)); };
+    std::vector<std::size_t> last(right.size() + 1);
     std::vector<std::size_t> row(right.size() + 1);
+    std::vector<std::size_t> next(right.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
-    for (const char wanted : left)
+    for (std::size_t i = 0; i < left.size(); ++i)
     {
-        std::size_t diagonal = row[0]++;
+        next[0] = i + 1;
         for (std::size_t j = 0; j < right.size(); ++j)
         {
-            const std::size_t substituted = diagonal + (lower(wanted) == lower(right[j]) ? 0 : 1);
-            diagonal = row[j + 1];
-            row[j + 1] = std::min({substituted, row[j + 1] + 1, row[j] + 1});
+            next[j + 1] = std::min({row[j] + (isSame(left[i], right[j]) ? 0 : 1), row[j + 1] + 1, next[j] + 1});
+            if (i > 0 && j > 0 && isSame(left[i], right[j - 1]) && isSame(left[i - 1], right[j]))
+                next[j + 1] = std::min(next[j + 1], last[j - 1] + 1);
         }
+        std::swap(last, row);
+        std::swap(row, next);
     }
     return row.back();
 }
+
+constexpr std::size_t longestName = 64;
 
 } // namespace
 
 std::vector<std::string> VEXMELKNearest(std::string_view name, std::vector<std::string> known)
 {
     constexpr std::size_t suggestions = 3;
-    constexpr std::size_t longestName = 64;
     if (known.empty() || name.size() > longestName)
         return {};
     std::stable_sort(known.begin(), known.end(),
@@ -44,4 +52,20 @@ std::vector<std::string> VEXMELKNearest(std::string_view name, std::vector<std::
         ++count;
     known.resize(count);
     return known;
+}
+
+std::string VEXMELKMeant(std::string_view name, const std::vector<std::string>& known)
+{
+    if (name.size() > longestName)
+        return {};
+    std::vector<std::string> near;
+    for (const std::string& candidate : known)
+    {
+        const std::size_t shorter = std::min(name.size(), candidate.size());
+        const std::size_t allowed = shorter < 3 ? 0 : shorter < 7 ? 1 : shorter < 11 ? 2 : 3;
+        if (candidate != name && candidate.size() <= longestName && Distance(name, candidate) <= allowed)
+            near.push_back(candidate);
+    }
+    const std::vector<std::string> nearest = VEXMELKNearest(name, std::move(near));
+    return nearest.size() == 1 ? nearest.front() : std::string();
 }

@@ -10,4 +10,7 @@
 // name is too long to compare.
 std::vector<std::string> VEXMELKNearest(std::string_view name, std::vector<std::string> known);
 
+// The one of the known names that is so near that it must have been meant; empty when there is none, or several.
+std::string VEXMELKMeant(std::string_view name, const std::vector<std::string>& known);
+
 #endif

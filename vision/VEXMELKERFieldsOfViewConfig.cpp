@@ -39,22 +39,22 @@ constexpr VEXMELKElement fieldElements{.tag = "field",
 
 constexpr VEXMELKWord switches[] = {{"on"}, {"off"}};
 constexpr VEXMELKTable upperTable{
-    Text<&Area::upper_area_default>("upper_area_default", "of an `upper area`", Or{{switches}}),
-    Angle<&Area::bottom_angle>("bottom_angle", "of an `upper area` or a `lower area`"),
-    Angle<&Area::A1_driver_angle>("A1_driver_angle", "of an `upper area`"),
-    Length<&Area::A2_area_width>("A2_area_width", "of an `upper area`", NotNegative),
+    Text<&Area::upper_area_default>("upper_area_default", "of an `upper area`", OnlyFor{"upper area"}, Or{{switches}}),
+    Angle<&Area::bottom_angle>("bottom_angle", "of an `upper area` or a `lower area`", OnlyFor{"upper area"}),
+    Angle<&Area::A1_driver_angle>("A1_driver_angle", "of an `upper area`", OnlyFor{"upper area"}),
+    Length<&Area::A2_area_width>("A2_area_width", "of an `upper area`", OnlyFor{"upper area"}, NotNegative),
 };
 constexpr VEXMELKTable sideTable{
-    Text<&Area::side_area_default>("side_area_default", "of a `side area`", Or{{switches}}),
-    Angle<&Area::driver_angle>("driver_angle", "of a `side area`"),
+    Text<&Area::side_area_default>("side_area_default", "of a `side area`", OnlyFor{"side area"}, Or{{switches}}),
+    Angle<&Area::driver_angle>("driver_angle", "of a `side area`", OnlyFor{"side area"}),
 };
 constexpr VEXMELKTable lowerTable{
-    Text<&Area::lower_area_default>("lower_area_default", "of a `lower area`", Or{{switches}}),
-    Angle<&Area::bottom_angle>("bottom_angle", "of an `upper area` or a `lower area`"),
-    Length<&Area::cut_out_width>("cut_out_width", "of a `lower area`", NotNegative),
+    Text<&Area::lower_area_default>("lower_area_default", "of a `lower area`", OnlyFor{"lower area"}, Or{{switches}}),
+    Angle<&Area::bottom_angle>("bottom_angle", "of an `upper area` or a `lower area`", OnlyFor{"lower area"}),
+    Length<&Area::cut_out_width>("cut_out_width", "of a `lower area`", OnlyFor{"lower area"}, NotNegative),
 };
 constexpr VEXMELKTable extendedTable{
-    Text<&Area::extended_a_field_default>("extended_a_field_default", "of an `extended a-field`", Or{{switches}}),
+    Text<&Area::extended_a_field_default>("extended_a_field_default", "of an `extended a-field`", OnlyFor{"extended a-field"}, Or{{switches}}),
 };
 enum AreaType : int
 {

@@ -17,7 +17,7 @@ constexpr VEXMELKTable standardTable{
 constexpr VEXMELKElement standardElements = VEXMELKCommon::StandardWith(standardTable.rows);
 constexpr VEXMELKElement categoryElements = CategoryWith({}, VEXMELKFallBack::WholeCategory);
 
-constexpr VEXMELKWord planes[] = {{"road"}};
+constexpr VEXMELKWord planes[] = {{"road"}, {"Road"}, {"ROAD"}}; // in any letter case
 constexpr VEXMELKWord references[] = {{"Eyes"}, {"CarFront"}, {"CarBack"}, {"CarMiddle"}, {"CarSide"}};
 constexpr VEXMELKRow positionName = Text("PositionType", "its name", AsWritten(), Skip);
 constexpr VEXMELKTable fieldTable{

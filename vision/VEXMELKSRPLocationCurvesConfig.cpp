@@ -23,8 +23,9 @@ constexpr VEXMELKTable curveTable{
 constexpr VEXMELKElement curveElements{.tag = "curve",
     .below = &categoryElements,
     .place = VEXMELKPlace::AnyDepth,
-    .choice = VEXMELKChoice::Each,
+    .choice = VEXMELKChoice::ByKey,
     .fallBack = VEXMELKFallBack::WholeCategory,
+    .key = curveTable.rows.data(),
     .tables = {curveTable.rows},
     .meaning = "a curve; one without any attribute is skipped",
     .whenMissing = "no curves"};

@@ -3,6 +3,7 @@
 #include "Batch.h"
 #include "CATIXMLDOMDocumentBuilder.h"
 #include "Changes.h"
+#include "Check.h"
 #include "VEXMELKUtilities.h"
 
 #include <CLI/CLI.hpp>
@@ -83,6 +84,30 @@ InsightCommands AddInsightCommands(CLI::App& app, CommandOptions& options)
     return commands;
 }
 
+// The commands that say what is wrong with files.
+struct CheckCommands
+{
+    CLI::App* check;
+    CLI::App* fix;
+    CLI::App* rule;
+};
+
+CheckCommands AddCheckCommands(CLI::App& app, CheckOptions& options, std::string& rule)
+{
+    CheckCommands commands{};
+    commands.check = app.add_subcommand("check", "What is wrong with the files; exit status 1 when something is");
+    commands.check->add_option("--level", options.level, "The lowest level that is shown and counts")
+        ->check(CLI::IsMember({"error", "warning", "note"}))
+        ->capture_default_str();
+    commands.fix = app.add_subcommand("fix", "The findings that have one safe mend, as a patch");
+    commands.fix->add_flag("--write", options.writes, "Mend the files in place");
+    for (CLI::App* command : {commands.check, commands.fix})
+        command->add_option("CONFIG|FILE", options.names, "Only these configurations and files");
+    commands.rule = app.add_subcommand("rule", "What a rule of check is about");
+    commands.rule->add_option("ID", rule, "The rule; without it, all of them");
+    return commands;
+}
+
 // Those of all commands. Gives that of the configuration directory.
 const CLI::Option* AddOptions(CLI::App& app, Settings& settings, CommandOptions& options)
 {
@@ -92,8 +117,9 @@ const CLI::Option* AddOptions(CLI::App& app, Settings& settings, CommandOptions&
     app.add_option("--test-path", settings.testPath, "Test mode: files are read from DIR/Configuration")
         ->type_name("DIR");
     app.add_flag("--comma", settings.comma, "The application's decimal separator is the comma");
-    app.add_option("--format", settings.format, "text for people, json for programs")
-        ->check(CLI::IsMember({"text", "json"}));
+    app.add_option(
+           "--format", settings.format, "text for people, json for programs; of check also sarif, github, junit")
+        ->check(CLI::IsMember({"text", "json", "sarif", "github", "junit"}));
     app.add_flag("--trace", settings.trace, "Log lines at trace level on standard error");
     app.add_flag("--show-secrets", options.showSecrets, "Print the database password");
     return configuration;
@@ -126,6 +152,9 @@ ExitStatus Run(int argc, char** argv)
     operations->add_option("CONFIG", options.configuration, "Only those of this configuration");
 
     const InsightCommands insight = AddInsightCommands(app, options);
+    CheckOptions checkOptions;
+    std::string rule;
+    const CheckCommands checks = AddCheckCommands(app, checkOptions, rule);
 
     CLI::App* schema = app.add_subcommand("schema", "The elements and attributes of each file, as tables in Markdown");
     schema->add_option("CONFIG", options.configuration, "Only those of this configuration");
@@ -147,8 +176,17 @@ ExitStatus Run(int argc, char** argv)
     if (configuration->count() > 0 && settings.directory.empty())
         throw RequestError("--config names no directory");
     options.asJson = settings.format == "json";
+    checkOptions.format = settings.format;
+    if (settings.format != "text" && !options.asJson && !checks.check->parsed())
+        throw RequestError("--format " + settings.format + " is for check");
     Host host(!settings.batch);
     Apply(settings, host);
+    if (checks.check->parsed())
+        return RunCheck(checkOptions);
+    if (checks.fix->parsed())
+        return RunFix(checkOptions);
+    if (checks.rule->parsed())
+        return RunRule(rule);
     if (list->parsed())
         return RunList(options, host);
     if (standards->parsed())

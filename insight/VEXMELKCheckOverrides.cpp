@@ -1,0 +1,143 @@
+// What a Customer file makes of the Default file: repeats, standards of its own, priorities that nobody reads.
+#include "VEXMELKCheckPasses.h"
+
+#include "VEXMELKSuggestions.h"
+
+#include <algorithm>
+
+namespace {
+
+using File = VEXMELKCheckedFile;
+// Each attribute below a standard: the way to it, and its node and text.
+struct Text
+{
+    std::size_t node;
+    std::string_view attribute;
+    std::string_view text;
+};
+using Texts = std::map<std::string, Text>;
+
+class OverridePass
+{
+public:
+    OverridePass(const File& main, const File& customer, VEXMELKFindingList& findings)
+        : m_Main(main), m_Customer(customer), m_Findings(findings)
+    {
+    }
+
+    void Check()
+    {
+        for (std::size_t node = 1; node < m_Customer.Nodes().size(); ++node)
+            if (m_Customer.Is(node, "priorities") && !m_Customer.Nodes()[node].isLeftOut)
+                m_Findings.AtElement("customer-priorities", m_Customer, node,
+                    "the priorities of a Customer file are never read; those of the Default file count");
+        const std::map<std::string, std::size_t> standards = StandardsOf(m_Main);
+        for (const auto& [name, node] : StandardsOf(m_Customer))
+        {
+            const auto found = standards.find(name);
+            if (found == standards.end())
+                CheckOwn(name, node, standards);
+            else
+                CompareStandards(name, found->second, node);
+        }
+    }
+
+private:
+    static std::map<std::string, std::size_t> StandardsOf(const File& file)
+    {
+        std::map<std::string, std::size_t> standards;
+        file.ForEachChild(0,
+            [&](std::size_t node)
+            {
+                if (file.TagOf(node) == "standard" && file.TextOf(node, "name"))
+                    standards.emplace(*file.TextOf(node, "name"), node);
+            });
+        return standards;
+    }
+
+    void CheckOwn(const std::string& name, std::size_t node, const std::map<std::string, std::size_t>& standards)
+    {
+        std::vector<std::string> names;
+        for (const auto& [known, place] : standards)
+            names.push_back(known);
+        const std::string meant = ++m_Own <= mostCompared ? VEXMELKMeant(name, names) : std::string();
+        const auto isDigit = [](unsigned char byte) { return byte >= '0' && byte <= '9'; };
+        const bool isSimilar = !meant.empty() && std::count_if(name.begin(), name.end(), isDigit) == 0;
+        VEXMELKFinding& finding = m_Findings.AtValue(isSimilar ? "similar-name" : "customer-only-standard", m_Customer,
+            node, "name",
+            isSimilar
+                ? "the standard " + VEXMELKQuoted(name) + " is nearly " + VEXMELKQuoted(meant) + " of the Default file"
+                : "the Default file has no standard " + VEXMELKQuoted(name));
+        if (isSimilar)
+        {
+            finding.suggestion = meant;
+            finding.effect = m_Customer.Description().name;
+            finding.effect += ", " + meant + ": the Default file answers";
+        }
+    }
+
+    void CompareStandards(const std::string& name, std::size_t node, std::size_t customerNode)
+    {
+        const Texts own = TextsOf(m_Main, node);
+        const Texts customers = TextsOf(m_Customer, customerNode);
+        const auto isSame = [&](const auto& each)
+        {
+            const auto found = own.find(each.first);
+            return found != own.end() && found->second.text == each.second.text;
+        };
+        if (own.size() == customers.size() && std::all_of(customers.begin(), customers.end(), isSame))
+        {
+            m_Findings.AtElement("customer-repeats", m_Customer, customerNode,
+                "the standard " + VEXMELKQuoted(name) + " repeats that of the Default file, value for value");
+            return;
+        }
+        for (const auto& each : customers)
+            if (isSame(each) && m_Customer.Nodes()[each.second.node].place.kind->Find(each.second.attribute) &&
+                each.second.attribute != "name")
+                m_Findings.AtValue("repeated-override", m_Customer, each.second.node, each.second.attribute,
+                    std::string(each.second.attribute) + " is what the Default file says (" +
+                        VEXMELKPlaceText(VEXMELKPositionOf(m_Main, own.at(each.first).node)) + ")");
+    }
+
+    // Elements of one way are told apart by their names, else by their order.
+    static Texts TextsOf(const File& file, std::size_t standard)
+    {
+        Texts texts;
+        std::map<std::string, int> seen;
+        std::vector<std::string> ways(file.Nodes()[standard].end - standard);
+        for (std::size_t node = standard; node < file.Nodes()[standard].end; ++node)
+        {
+            std::string way = node == standard ? "" : ways[file.Nodes()[node].parent - standard];
+            way +=
+                "/" + std::string(file.TagOf(node)) + "[" + std::string(file.TextOf(node, "name").value_or("")) + "]";
+            way += std::to_string(++seen[way]);
+            ways[node - standard] = way;
+            texts.emplace(way, Text{node, "", ""});
+            const CATIDOMNamedNodeMap_var attributes = file.Nodes()[node].element->GetAttributes();
+            for (int position = 0; position < attributes->GetLength(); ++position)
+            {
+                const CATIDOMNode_var attribute = attributes->Item(position);
+                texts.emplace(way + "@" + std::string(attribute->GetNodeName()),
+                    Text{node, attribute->GetNodeName(), attribute->GetNodeValue()});
+            }
+        }
+        return texts;
+    }
+
+    static constexpr int mostCompared = 100;
+
+    const File& m_Main;
+    const File& m_Customer;
+    VEXMELKFindingList& m_Findings;
+    int m_Own = 0;
+};
+
+} // namespace
+
+void VEXMELKCheckOverrides(const VEXMELKCheckedConfiguration& configuration, VEXMELKFindingList& findings)
+{
+    const VEXMELKCheckedFile* main = configuration.Main();
+    const VEXMELKCheckedFile* customer = configuration.Customer();
+    if (main && customer && !main->Nodes().empty() && !customer->Nodes().empty())
+        OverridePass(*main, *customer, findings).Check();
+}

@@ -1,0 +1,256 @@
+// Elements of which only one counts, rows of which some are never chosen.
+#include "VEXMELKCheckPasses.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+
+namespace {
+
+using File = VEXMELKCheckedFile;
+
+bool IsRowRule(VEXMELKChoice choice)
+{
+    switch (choice)
+    {
+    case VEXMELKChoice::NearestAngle:
+    case VEXMELKChoice::LengthBelow:
+    case VEXMELKChoice::NearestTravel:
+    case VEXMELKChoice::Coeficients1997:
+    case VEXMELKChoice::Radii1997:
+    case VEXMELKChoice::Radii2002:
+    case VEXMELKChoice::HeadContour:
+        return true;
+    default:
+        return false;
+    }
+}
+
+// How much a description says about which of several elements counts.
+int Weight(const VEXMELKElement& element)
+{
+    const bool isRead =
+        std::any_of(element.tables.begin(), element.tables.end(), [](VEXMELKRows table) { return !table.empty(); });
+    if (element.tag == "*" && (!element.below || !isRead))
+        return -1; // the root, and what only counts elements
+    if (IsRowRule(element.choice))
+        return 4;
+    if (element.key && element.choice == VEXMELKChoice::ByKey)
+        return 3;
+    if (element.key && element.choice == VEXMELKChoice::Each && element.fallBack == VEXMELKFallBack::Overlay)
+        return 2;
+    return element.choice == VEXMELKChoice::Each || element.choice == VEXMELKChoice::ByKey ? 1 : 0;
+}
+
+const VEXMELKElement* Ruling(const VEXMELKElementKind& kind)
+{
+    const VEXMELKElement* ruling = nullptr;
+    for (const VEXMELKElement* element : kind.described)
+    {
+        const bool isNearer = !ruling || ruling->tag == "*" || Weight(*element) > Weight(*ruling);
+        if (Weight(*element) >= 0 && isNearer && (!ruling || element->tag != "*"))
+            ruling = element;
+    }
+    return ruling;
+}
+
+// The element below which the described one is looked for.
+std::size_t AnchorOf(const File& file, std::size_t node, const VEXMELKElement& element)
+{
+    std::size_t anchor = file.Nodes()[node].parent;
+    const auto isAnchor = [&](std::size_t at)
+    {
+        const auto& described = file.Nodes()[at].place.kind->described;
+        return std::find(described.begin(), described.end(), element.below) != described.end();
+    };
+    while (anchor != 0 && !(element.below && isAnchor(anchor)))
+        anchor = file.Nodes()[anchor].parent;
+    return anchor;
+}
+
+std::string NumberText(double number)
+{
+    char text[32];
+    return {text, std::to_chars(std::begin(text), std::end(text), number).ptr};
+}
+
+// Calls act(node, described, anchor) for each element that the description knows.
+template <class Act> void ForEachRuled(const File& file, Act act)
+{
+    for (std::size_t node = 1; node < file.Nodes().size(); ++node)
+        if (!file.Nodes()[node].isLeftOut)
+            if (const VEXMELKElement* ruling = Ruling(*file.Nodes()[node].place.kind))
+                act(node, *ruling, AnchorOf(file, node, *ruling));
+}
+
+class TwinPass
+{
+public:
+    TwinPass(const File& file, VEXMELKFindingList& findings) : m_File(file), m_Findings(findings) {}
+
+    void Check()
+    {
+        ForEachRuled(m_File, [&](std::size_t node, const VEXMELKElement& element, std::size_t anchor)
+            { CheckElement(node, element, anchor); });
+    }
+
+private:
+    void CheckElement(std::size_t node, const VEXMELKElement& element, std::size_t anchor)
+    {
+        if (Weight(element) == 1)
+            return; // each of them counts
+        const bool isKeyed = Weight(element) > 1;
+        const auto key = isKeyed ? m_File.TextOf(node, element.key->attribute) : std::optional<std::string_view>("");
+        if (!key)
+            return;
+        const auto amount = IsRowRule(element.choice) ? VEXMELKAmountOf(*element.key, *key) : std::nullopt;
+        const std::string identity = std::to_string(anchor) + " " + std::string(m_File.TagOf(node)) + " " +
+                                     (amount ? NumberText(*amount) : std::string(*key));
+        const auto [first, isNew] = m_First.emplace(identity, node);
+        if (isNew)
+            return;
+        if (isKeyed)
+            ReportKey(node, first->second, element, *key);
+        else
+            ReportElement(node, first->second, element);
+    }
+
+    std::string AtFirst(std::size_t first) const
+    {
+        return " (" + VEXMELKPlaceText(VEXMELKPositionOf(m_File, first)) + ")";
+    }
+    void ReportKey(std::size_t node, std::size_t first, const VEXMELKElement& element, std::string_view key)
+    {
+        const bool isOverlay = element.fallBack == VEXMELKFallBack::Overlay;
+        const std::string tag = "<" + std::string(m_File.TagOf(node)) + ">";
+        VEXMELKFinding& finding = m_Findings.AtValue("duplicate-name", m_File, node, element.key->attribute,
+            "another " + tag + " has the " + std::string(element.key->attribute) + " " + VEXMELKQuoted(key) +
+                AtFirst(first) + (isOverlay ? ": this one is read over it" : ": the first counts"));
+        if (isOverlay)
+            return;
+        finding.effect = VEXMELKAskedAs(m_File, node) + "nothing in the second " + tag + " is read";
+        Remove(finding, node);
+    }
+    void ReportElement(std::size_t node, std::size_t first, const VEXMELKElement& element)
+    {
+        const std::string tag = "<" + std::string(m_File.TagOf(node)) + ">";
+        const bool isSingle = element.choice == VEXMELKChoice::Single;
+        const bool isLast = element.choice == VEXMELKChoice::Last;
+        VEXMELKFinding& finding = m_Findings.AtElement("duplicate-element", m_File, node,
+            "another " + tag + " stands before this one" + AtFirst(first) +
+                (isSingle    ? ": two count as none"
+                    : isLast ? ": the last counts"
+                             : ": the first counts"));
+        finding.effect = VEXMELKAskedAs(m_File, node) + (isSingle    ? "neither is read"
+                                                            : isLast ? "the first is not read"
+                                                                     : "the second is not read");
+        if (!isSingle && !isLast)
+            Remove(finding, node);
+    }
+    // With the indentation before it, when nothing else stands in its lines.
+    void Remove(VEXMELKFinding& finding, std::size_t node) const
+    {
+        const VEXMELKWrittenFile::Tag* tag = m_File.Nodes()[node].tag;
+        if (!tag)
+            return;
+        const std::string& text = m_File.Written()->Text();
+        const std::size_t end = m_File.Written()->EndOfElement(*tag);
+        const std::size_t before = text.find_last_not_of(" \t", tag->span.begin - 1);
+        const bool isAlone = before != std::string::npos && (text[before] == '\n' || text[before] == '\r') &&
+                             end < text.size() && (text[end] == '\n' || text[end] == '\r');
+        std::size_t begin = isAlone ? before : tag->span.begin;
+        if (isAlone && text[before] == '\n' && before > 0 && text[before - 1] == '\r')
+            --begin;
+        finding.edits.push_back({begin, end, ""});
+    }
+
+    const File& m_File;
+    VEXMELKFindingList& m_Findings;
+    std::unordered_map<std::string, std::size_t> m_First;
+};
+
+// The rows of one list, in the order of the file.
+struct RowList
+{
+    const VEXMELKElement* element;
+    std::vector<std::pair<double, std::size_t>> rows; // key and node
+};
+
+class RowPass
+{
+public:
+    RowPass(const File& file, VEXMELKFindingList& findings) : m_File(file), m_Findings(findings) {}
+
+    void Check()
+    {
+        std::map<std::pair<std::size_t, std::string>, RowList> lists;
+        ForEachRuled(m_File,
+            [&](std::size_t node, const VEXMELKElement& element, std::size_t anchor)
+            {
+                if (!IsOrdered(element.choice))
+                    return;
+                const auto key = m_File.TextOf(node, element.key->attribute);
+                const auto amount = key ? VEXMELKAmountOf(*element.key, *key) : std::nullopt;
+                if (!amount)
+                    return;
+                RowList& list = lists[{anchor, std::string(m_File.TagOf(node))}];
+                list.element = &element;
+                list.rows.emplace_back(*amount, node);
+            });
+        for (const auto& [place, list] : lists)
+            CheckList(list);
+    }
+
+private:
+    static bool IsOrdered(VEXMELKChoice choice)
+    {
+        return IsRowRule(choice) && choice != VEXMELKChoice::NearestAngle && choice != VEXMELKChoice::LengthBelow &&
+               choice != VEXMELKChoice::NearestTravel;
+    }
+
+    // Rows of head contours are written with increasing travel, where the last below the travel counts; the others with
+    // decreasing travel, where the first counts. A row that equals another one is a twin, which is told elsewhere.
+    void CheckList(const RowList& list)
+    {
+        const bool isIncreasing = list.element->choice == VEXMELKChoice::HeadContour;
+        std::vector<std::pair<double, std::size_t>> rows = list.rows;
+        if (isIncreasing)
+            std::reverse(rows.begin(), rows.end());
+        double least = std::numeric_limits<double>::infinity();
+        std::size_t hider = 0;
+        for (const auto& [travel, node] : rows)
+        {
+            // An earlier row (of those to be asked first) with a smaller travel is taken for every travel of this one.
+            const bool isHidden = least < travel;
+            if (isHidden)
+                Report(node, hider, isIncreasing, *list.element);
+            if (travel < least)
+            {
+                least = travel;
+                hider = node;
+            }
+        }
+    }
+    void Report(std::size_t node, std::size_t hider, bool isIncreasing, const VEXMELKElement& element)
+    {
+        const std::string tag = "<" + std::string(m_File.TagOf(node)) + ">";
+        m_Findings
+            .AtValue("row-order", m_File, node, element.key->attribute,
+                "no travel above its own chooses this " + tag + ": the one at " +
+                    VEXMELKPlaceText(VEXMELKPositionOf(m_File, hider)) + " is taken before it; write the rows with " +
+                    (isIncreasing ? "increasing" : "decreasing") + " travel")
+            .effect = VEXMELKAskedAs(m_File, node) + "queries get another row, or fail";
+    }
+
+    const File& m_File;
+    VEXMELKFindingList& m_Findings;
+};
+
+} // namespace
+
+void VEXMELKCheckTwins(const VEXMELKCheckedFile& file, VEXMELKFindingList& findings)
+{
+    TwinPass(file, findings).Check();
+}
+
+void VEXMELKCheckRows(const VEXMELKCheckedFile& file, VEXMELKFindingList& findings) { RowPass(file, findings).Check(); }
