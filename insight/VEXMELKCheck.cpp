@@ -311,11 +311,13 @@ std::string VEXMELKAskedAs(const VEXMELKCheckedFile& file, std::size_t node)
     std::string asked(file.Description().name);
     for (const char* tag : {"standard", "category"})
     {
-        const std::size_t around = file.Around(node, tag);
-        if (around != File::none)
-            asked += ", " + VEXMELKQuoted(file.TextOf(around, "name").value_or("")).substr(1);
-        if (around != File::none)
-            asked.pop_back();
+        std::size_t around = file.Around(node, tag);
+        if (around != File::none && file.TagOf(around) != tag)
+            around = File::none; // a standard that is its own category
+        const std::string_view name = around == File::none ? "" : file.TextOf(around, "name").value_or("");
+        const std::string quoted = VEXMELKQuoted(name);
+        if (!name.empty())
+            asked += ", " + quoted.substr(1, quoted.size() - 2);
     }
     return asked + ": ";
 }

@@ -1,6 +1,7 @@
 // Standards and their categories: which are missing, which are nearly another's name, which values stand out.
 #include "VEXMELKCheckPasses.h"
 
+#include "CATNumberText.h"
 #include "VEXMELKSuggestions.h"
 
 #include <algorithm>
@@ -122,14 +123,17 @@ private:
 
     void CheckWithoutCategory(const File& file, std::size_t node, const std::string& name)
     {
-        bool isObsolete = false;
-        const VEXMELKElementKind& kind = *file.Places().Below(file.Nodes()[node].place, "category").kind;
-        if (file.Nodes()[node].tag)
-            for (const VEXMELKWrittenFile::Attribute& attribute : file.Nodes()[node].tag->attributes)
+        const VEXMELKElementPlaces::Place plain = file.Places().Below(file.Nodes()[0].place, "standard");
+        const VEXMELKElementKind& kind = *file.Nodes()[node].place.kind;
+        bool isObsolete = std::any_of(kind.attributes.begin(), kind.attributes.end(),
+            [&](const VEXMELKElementKind::Attribute& attribute)
+            { return file.TextOf(node, attribute.name) && !plain.kind->Find(attribute.name); });
+        file.ForEachChild(node,
+            [&](std::size_t child)
             {
-                const std::string_view text = file.Written()->Text(attribute.name);
-                isObsolete = isObsolete || (kind.Find(text) && !file.Nodes()[node].place.kind->Find(text));
-            }
+                const bool isOfStandard = file.Places().Below(plain, file.TagOf(child)).kind->isKnown;
+                isObsolete = isObsolete || (file.Nodes()[child].place.kind->isKnown && !isOfStandard);
+            });
         if (isObsolete)
             m_Findings
                 .AtElement("obsolete-format", file, node,
@@ -226,10 +230,11 @@ private:
         common.emplace_back("default");
         for (const auto& file : m_Configuration.files)
             for (std::size_t node = 1; node < file->Nodes().size(); ++node)
-                if (file->Is(node, "category") && !file->Nodes()[node].isLeftOut && HasCategories())
+                if (file->TagOf(node) == "category" && !file->Nodes()[node].isLeftOut && HasCategories())
                 {
                     const std::string name(file->TextOf(node, "name").value_or(""));
-                    const std::string meant = NearlySame(name, common);
+                    const bool hasBlanks = name != CATStripped(name); // which is told by itself
+                    const std::string meant = hasBlanks ? std::string() : NearlySame(name, common);
                     if (Has(common, name) || meant.empty())
                         continue;
                     VEXMELKFinding& finding = m_Findings.AtValue("similar-name", *file, node, "name",

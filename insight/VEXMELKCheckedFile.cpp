@@ -128,6 +128,15 @@ VEXMELKElementPlaces::Place VEXMELKElementPlaces::Below(const Place& parent, std
     return place;
 }
 
+VEXMELKElementPlaces::Place VEXMELKElementPlaces::Both(const Place& one, const Place& other) const
+{
+    Place both;
+    both.own = one.own | other.own;
+    both.around = one.around | other.around;
+    both.kind = KindOf(both.own);
+    return both;
+}
+
 bool VEXMELKElementPlaces::IsByFreeTag(const Place& place) const
 {
     const auto& described = place.kind->described;
@@ -207,8 +216,7 @@ void VEXMELKCheckedFile::AddNodes(const CATIDOMElement_var& root)
             open.pop_back();
         }
         node.parent = open.empty() ? none : open.back();
-        node.place =
-            number == 0 ? m_Places.Root() : m_Places.Below(m_Nodes[node.parent].place, node.element->GetTagName());
+        node.place = number == 0 ? m_Places.Root() : PlaceOf(node);
         if (m_Written)
             node.tag = m_Written->TagAt({node.element->GetLineNumber(), node.element->GetColumnNumber()});
         m_Nodes.push_back(std::move(node));
@@ -216,6 +224,16 @@ void VEXMELKCheckedFile::AddNodes(const CATIDOMElement_var& root)
     }
     for (const std::size_t number : open)
         m_Nodes[number].end = count;
+}
+
+// A standard without any category serves as its own one.
+VEXMELKElementPlaces::Place VEXMELKCheckedFile::PlaceOf(const Node& node) const
+{
+    const VEXMELKElementPlaces::Place place = m_Places.Below(m_Nodes[node.parent].place, node.element->GetTagName());
+    const bool isStandard = node.parent == 0 && node.element->GetTagName() == "standard";
+    if (!isStandard || node.element->GetElementsByTagName("category")->GetLength() > 0)
+        return place;
+    return m_Places.Both(place, m_Places.Below(place, "category"));
 }
 
 std::optional<std::string_view> VEXMELKCheckedFile::TextOf(std::size_t node, std::string_view attribute) const

@@ -50,6 +50,7 @@ public:
 
     Place Root() const;
     Place Below(const Place& parent, std::string_view tag) const;
+    Place Both(const Place& one, const Place& other) const;
     // Whether it only is what it is because tags are free there.
     bool IsByFreeTag(const Place& place) const;
     // The tags that may stand directly below.
@@ -123,6 +124,7 @@ public:
 private:
     void Load(const std::string& directory);
     void AddNodes(const CATIDOMElement_var& root);
+    VEXMELKElementPlaces::Place PlaceOf(const Node& node) const;
 
     const VEXMELKDescription& m_Description;
     Layer m_Layer;

@@ -67,5 +67,6 @@ std::string VEXMELKMeant(std::string_view name, const std::vector<std::string>& 
             near.push_back(candidate);
     }
     const std::vector<std::string> nearest = VEXMELKNearest(name, std::move(near));
-    return nearest.size() == 1 ? nearest.front() : std::string();
+    const auto isFirst = [&](const std::string& other) { return Distance(nearest.front(), other) == 0; };
+    return std::all_of(nearest.begin(), nearest.end(), isFirst) && !nearest.empty() ? nearest.front() : std::string();
 }

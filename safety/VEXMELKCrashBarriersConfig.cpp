@@ -66,8 +66,8 @@ constexpr VEXMELKTable barrierTable{
     Flag<&Barrier::AllowMovingAroundX>("AllowMovingAroundX", "may move around X"),
     Length<&Barrier::DeltaZLeft>("DeltaZLeft", "height shifts: write the unit", Unit{""}, Else("0mm")),
     Length<&Barrier::DeltaZRight>("DeltaZRight", "height shifts: write the unit", Unit{""}, Else("0mm")),
-    Word<&Barrier::shape>("shape", shapeWords, "name of a shape; an unknown one counts as `RCAR 2004 Front`",
-        Refers{"shape"}),
+    Word<&Barrier::shape>(
+        "shape", shapeWords, "name of a shape; an unknown one counts as `RCAR 2004 Front`", Refers{"shape"}),
     Name<&Barrier::loading>("loading", "loading", "loading state"),
     Word<&Barrier::Position>(
         "Position", positionWords, "`front`, `rear`, `left` or `right`; an unknown one counts as `front`"),

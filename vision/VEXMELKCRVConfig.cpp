@@ -36,8 +36,10 @@ constexpr VEXMELKTable typeTable{
 };
 constexpr VEXMELKTable frontViewTable{
     Length<&Record::front_offset>("front_offset", "read for `front_view` only", OnlyFor{frontView}, Else("2000mm")),
-    Length<&Record::driver_side_extension>("driver_side_extension", "read for `front_view` only", OnlyFor{frontView}, Else("700mm")),
-    Length<&Record::passenger_side_extension>("passenger_side_extension", "read for `front_view` only", OnlyFor{frontView}, Else("900mm")),
+    Length<&Record::driver_side_extension>(
+        "driver_side_extension", "read for `front_view` only", OnlyFor{frontView}, Else("700mm")),
+    Length<&Record::passenger_side_extension>(
+        "passenger_side_extension", "read for `front_view` only", OnlyFor{frontView}, Else("900mm")),
 };
 constexpr VEXMELKElement area =
     OfCategory("area", typeTable.rows, "where it may stand", "the defaults below; `type` kept", frontViewTable.rows);

@@ -54,7 +54,8 @@ constexpr VEXMELKTable lowerTable{
     Length<&Area::cut_out_width>("cut_out_width", "of a `lower area`", OnlyFor{"lower area"}, NotNegative),
 };
 constexpr VEXMELKTable extendedTable{
-    Text<&Area::extended_a_field_default>("extended_a_field_default", "of an `extended a-field`", OnlyFor{"extended a-field"}, Or{{switches}}),
+    Text<&Area::extended_a_field_default>(
+        "extended_a_field_default", "of an `extended a-field`", OnlyFor{"extended a-field"}, Or{{switches}}),
 };
 enum AreaType : int
 {

@@ -35,8 +35,8 @@ constexpr VEXMELKElement fieldElements{.tag = "field",
     .meaning = "one field",
     .whenMissing = "kept"};
 
-constexpr VEXMELKRow intervalIndex = Integer("index", "integer 0 to 4; another number is skipped", Skip,
-    VEXMELKRange{.isNotNegative = true, .upTo = 4});
+constexpr VEXMELKRow intervalIndex =
+    Integer("index", "integer 0 to 4; another number is skipped", Skip, VEXMELKRange{.isNotNegative = true, .upTo = 4});
 constexpr VEXMELKTable intervalTable{
     Angle<&Interval::top_angle>("top_angle", "limits"),
     Angle<&Interval::bottom_angle>("bottom_angle", "limits"),

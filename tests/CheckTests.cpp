@@ -1,0 +1,158 @@
+// What check finds: mistakes planted in the sample, each with the finding that it brings, and habits that bring none.
+#include "LibraryTest.h"
+#include "VEXMELKCheck.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <set>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string Shown(const VEXMELKFinding& finding)
+{
+    return finding.file + ":" + std::to_string(finding.begin.line) + ":" + std::to_string(finding.begin.column) + ": " +
+           std::string(VEXMELKNameOf(finding.level)) + ": " + finding.message + " (" + finding.suggestion + ") [" +
+           std::string(finding.rule->id) + "] " + finding.effect;
+}
+
+// Of all rows, told once what the sample itself brings: notes, which are not counted again.
+std::string Identity(const VEXMELKFinding& finding)
+{
+    return std::string(finding.rule->id) + finding.file + finding.message.substr(0, finding.message.find(" ("));
+}
+
+} // namespace
+
+class CheckTest : public LibraryTest
+{
+protected:
+    CheckTest()
+    {
+        for (const auto& entry : fs::recursive_directory_iterator(SAMPLE_CONFIGURATION))
+            if (entry.is_regular_file())
+                directory.Write(
+                    entry.path().lexically_relative(SAMPLE_CONFIGURATION).string(), TextOfFile(entry.path().string()));
+        for (const VEXMELKFinding& finding : Findings())
+            m_OfSample.insert(Identity(finding));
+    }
+    std::vector<VEXMELKFinding> Findings(const VEXMELKCheckScope& scope = {}) const
+    {
+        return VEXMELKCheck(CATUnicodeString(directory.Path()), scope).findings;
+    }
+    // Without what the sample brings.
+    std::vector<VEXMELKFinding> NewFindings() const
+    {
+        std::vector<VEXMELKFinding> findings = Findings();
+        std::erase_if(
+            findings, [&](const VEXMELKFinding& finding) { return m_OfSample.count(Identity(finding)) != 0; });
+        return findings;
+    }
+
+    // "FILE": "what" becomes "with", at one place or more. "+FILE": a new file. "-FILE": none any more. "FILE > OTHER":
+    // it is called otherwise. Gives where the text now begins.
+    std::size_t Edit(const std::string& edit, const std::string& what, const std::string& with)
+    {
+        const std::vector<std::string> names = Split(edit, " > ");
+        std::string file = names[0];
+        const char sign = file[0];
+        if (sign == '+' || sign == '-')
+            file.erase(0, 1);
+        const std::string path = directory.Path() + "/" + file;
+        const std::string before = sign == '+' ? "" : TextOfFile(path);
+        std::size_t at = 0;
+        if (sign == '-')
+            directory.Remove(file);
+        else if (names.size() > 1)
+        {
+            directory.Write(names[1], before);
+            directory.Remove(file);
+        }
+        else if (sign == '+')
+            directory.Write(file, with);
+        else
+        {
+            at = std::min(before.find(what), before.size());
+            EXPECT_NE(at, before.size()) << what;
+            directory.Write(file, std::string(before).replace(at, what.size(), with));
+        }
+        m_Undo[file] = sign == '+' ? std::nullopt : std::optional(before);
+        if (names.size() > 1)
+            m_Undo[names[1]] = std::nullopt;
+        return at;
+    }
+    void Undo()
+    {
+        for (const auto& [file, text] : m_Undo)
+            if (text)
+                directory.Write(file, *text);
+            else
+                directory.Remove(file);
+        m_Undo.clear();
+    }
+
+private:
+    std::set<std::string> m_OfSample;
+    std::map<std::string, std::optional<std::string>> m_Undo;
+};
+
+// Where "@" stands in a text.
+static VEXMELKPosition PlaceOf(const std::string& text, std::size_t at)
+{
+    const std::string before = text.substr(0, at);
+    const std::size_t line = before.rfind('\n') + 1;
+    return {static_cast<int>(std::count(before.begin(), before.end(), '\n')) + 1, static_cast<int>(at - line) + 1};
+}
+
+TEST_F(CheckTest, PlantedMistakesAreFoundWhereTheyStand)
+{
+    std::set<std::string_view> tested;
+    for (const auto& [rules, edit, what, marked, message] : Table<5>(CaseFile("check/mistakes")))
+    {
+        SCOPED_TRACE(rules + " | " + edit + " | " + marked);
+        const std::size_t mark = marked.find('@');
+        const std::size_t begin = Edit(edit, what, Replaced(marked, "@", ""));
+        const std::vector<std::string> expected = Split(rules, ", ");
+        const std::vector<VEXMELKFinding> findings = NewFindings();
+        std::string all;
+        std::set<std::string_view> found;
+        for (const VEXMELKFinding& finding : findings)
+        {
+            // What else is worth a look is not said of each mistake.
+            if (finding.level != VEXMELKLevel::Note || finding.rule->id == expected[0])
+                found.insert(finding.rule->id);
+            all += Shown(finding) + "\n";
+        }
+        EXPECT_EQ(found, std::set<std::string_view>(expected.begin(), expected.end())) << all;
+        const auto first = std::find_if(findings.begin(), findings.end(),
+            [&](const VEXMELKFinding& finding) { return finding.rule->id == expected[0]; });
+        if (first != findings.end())
+        {
+            tested.insert(first->rule->id);
+            if (mark != std::string::npos)
+            {
+                const VEXMELKPosition place =
+                    PlaceOf(TextOfFile(directory.Path() + "/" + Replaced(edit, "+", "")), begin + mark);
+                EXPECT_EQ(std::tie(first->begin.line, first->begin.column), std::tie(place.line, place.column)) << all;
+            }
+            EXPECT_THAT(Shown(*first), testing::HasSubstr(message));
+        }
+        Undo();
+    }
+    for (const VEXMELKRule& rule : VEXMELKRules())
+        EXPECT_TRUE(tested.count(rule.id)) << "no case for " << rule.id;
+}
+
+TEST_F(CheckTest, HarmlessHabitsAreNotFound)
+{
+    for (const auto& [edit, what, with] : Table<3>(CaseFile("check/habits")))
+    {
+        SCOPED_TRACE(edit + " | " + with);
+        Edit(edit, what, with);
+        for (const VEXMELKFinding& finding : NewFindings())
+            EXPECT_EQ(finding.level, VEXMELKLevel::Note) << Shown(finding);
+        Undo();
+    }
+}
