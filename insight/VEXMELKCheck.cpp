@@ -76,7 +76,11 @@ public:
                 m_Scope.onFile(++number, wanted.size(), VEXMELKFileOf(*description));
             CheckConfiguration(*description);
         }
+        CompareStandardsOfFiles(wanted);
         VEXMELKCheckFolders(m_Directory, m_Findings);
+        for (const VEXMELKDescription* description : wanted)
+            for (const auto& file : m_Directory.Of(*description).files)
+                VEXMELKApplyAllowances(*file, m_Findings.All());
         m_Result.findings = std::move(m_Findings.All());
         KeepScope();
         std::sort(m_Result.findings.begin(), m_Result.findings.end(), IsBefore);
@@ -124,8 +128,44 @@ private:
         VEXMELKCheckNames(m_Directory, configuration, m_Findings);
         VEXMELKCheckStandards(m_Directory, configuration, m_Findings, m_Result.standards);
         VEXMELKCheckOverrides(configuration, m_Findings);
+    }
+
+    // A standard that one file alone calls so, where many others have one of nearly that name.
+    void CompareStandardsOfFiles(const std::vector<const VEXMELKDescription*>& descriptions)
+    {
+        constexpr int many = 3;
+        constexpr std::size_t most = 100; // compared with each other
+        std::map<std::string, std::set<const VEXMELKDescription*>> files;
+        for (const VEXMELKDescription* description : descriptions)
+            for (const std::string& name : m_Directory.NamesOf(m_Directory.Of(*description), "standard"))
+                files[name].insert(description);
+        std::vector<std::string> common;
+        for (const auto& [name, in] : files)
+            if (in.size() >= many && common.size() < most)
+                common.push_back(name);
+        std::size_t compared = 0;
+        for (const auto& [name, in] : files)
+        {
+            const std::string meant =
+                in.size() == 1 && ++compared <= most * most ? VEXMELKNearlySame(name, common) : std::string();
+            if (!meant.empty() && files[meant].count(*in.begin()) == 0)
+                ReportSimilar(m_Directory.Of(**in.begin()), name, meant);
+        }
+    }
+    void ReportSimilar(
+        const VEXMELKCheckedConfiguration& configuration, const std::string& name, const std::string& meant)
+    {
         for (const auto& file : configuration.files)
-            VEXMELKApplyAllowances(*file, m_Findings.All());
+            file->ForEachChild(0,
+                [&, in = file.get()](std::size_t node)
+                {
+                    if (in->TagOf(node) == "standard" && in->TextOf(node, "name") == name)
+                        m_Findings
+                            .AtValue("similar-name", *in, node, "name",
+                                "the standard " + VEXMELKQuoted(name) + " is nearly " + VEXMELKQuoted(meant) +
+                                    " of other files")
+                            .suggestion = meant;
+                });
     }
 
     void AddProblems(const File& file)

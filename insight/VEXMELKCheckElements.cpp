@@ -111,6 +111,33 @@ private:
         for (const VEXMELKElementKind::Attribute& attribute : kind.attributes)
             if (!m_File.TextOf(node, attribute.name))
                 CheckMissing(node, attribute);
+            else
+                CheckPair(node, attribute);
+    }
+    // A lower limit and the upper one that belongs to it. Angles may go past the full turn.
+    void CheckPair(std::size_t node, const VEXMELKElementKind::Attribute& lower)
+    {
+        for (const auto& [low, high] :
+            {std::pair("Min", "Max"), std::pair("min", "max"), std::pair("LowerLimit", "UpperLimit")})
+        {
+            std::string name(lower.name);
+            const std::size_t at = name.find(low);
+            if (at == std::string::npos)
+                continue;
+            name.replace(at, std::string_view(low).size(), high);
+            const VEXMELKElementKind::Attribute* upper = m_File.Nodes()[node].place.kind->Find(name);
+            const auto text = upper ? m_File.TextOf(node, name) : std::nullopt;
+            if (!text || m_File.Is(node, "range"))
+                continue;
+            const auto least = VEXMELKAmountOf(*lower.rows.front(), *m_File.TextOf(node, lower.name));
+            const auto most = VEXMELKAmountOf(*upper->rows.front(), *text);
+            if (!least || !most || *least <= *most)
+                continue;
+            VEXMELKFinding& finding = m_Findings.AtValue("limits-reversed", m_File, node, lower.name,
+                std::string(lower.name) + " is above " + name + ", which is " + VEXMELKQuoted(*text));
+            if (lower.rows.front()->kind == VEXMELKKind::Angle)
+                finding.level = VEXMELKLevel::Note;
+        }
     }
     // As they are written; with those that a document type adds only where an entity wrote the element.
     std::vector<std::pair<std::string_view, std::string_view>> Attributes(std::size_t node) const

@@ -1,8 +1,6 @@
 // What a Customer file makes of the Default file: repeats, standards of its own, priorities that nobody reads.
 #include "VEXMELKCheckPasses.h"
 
-#include "VEXMELKSuggestions.h"
-
 #include <algorithm>
 
 namespace {
@@ -60,9 +58,8 @@ private:
         std::vector<std::string> names;
         for (const auto& [known, place] : standards)
             names.push_back(known);
-        const std::string meant = ++m_Own <= mostCompared ? VEXMELKMeant(name, names) : std::string();
-        const auto isDigit = [](unsigned char byte) { return byte >= '0' && byte <= '9'; };
-        const bool isSimilar = !meant.empty() && std::count_if(name.begin(), name.end(), isDigit) == 0;
+        const std::string meant = ++m_Own <= mostCompared ? VEXMELKNearlySame(name, names) : std::string();
+        const bool isSimilar = !meant.empty();
         VEXMELKFinding& finding = m_Findings.AtValue(isSimilar ? "similar-name" : "customer-only-standard", m_Customer,
             node, "name",
             isSimilar

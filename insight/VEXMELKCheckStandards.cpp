@@ -26,20 +26,6 @@ std::string Joined(const Names& names)
     return joined;
 }
 
-// A name that is another one but for letters: not for digits, by which names differ on purpose.
-std::string NearlySame(const std::string& name, const Names& others)
-{
-    const auto digits = [](const std::string& text)
-    {
-        std::string found;
-        std::copy_if(text.begin(), text.end(), std::back_inserter(found),
-            [](unsigned char byte) { return std::isdigit(byte) != 0; });
-        return found;
-    };
-    const std::string meant = VEXMELKMeant(name, others);
-    return digits(meant) == digits(name) ? meant : std::string();
-}
-
 class StandardPass
 {
 public:
@@ -183,7 +169,7 @@ private:
         const std::string lack = AttributeThatLacks(file, node);
         if (!lack.empty())
             finding.message += "; its categories lack " + VEXMELKQuoted(lack);
-        else if (NearlySame("default", categories).empty())
+        else if (VEXMELKNearlySame("default", categories).empty())
             finding.level = VEXMELKLevel::Note;
     }
 
@@ -234,7 +220,7 @@ private:
                 {
                     const std::string name(file->TextOf(node, "name").value_or(""));
                     const bool hasBlanks = name != CATStripped(name); // which is told by itself
-                    const std::string meant = hasBlanks ? std::string() : NearlySame(name, common);
+                    const std::string meant = hasBlanks ? std::string() : VEXMELKNearlySame(name, common);
                     if (Has(common, name) || meant.empty())
                         continue;
                     VEXMELKFinding& finding = m_Findings.AtValue("similar-name", *file, node, "name",
@@ -303,6 +289,19 @@ private:
 };
 
 } // namespace
+
+std::string VEXMELKNearlySame(const std::string& name, const std::vector<std::string>& others)
+{
+    const auto digits = [](const std::string& text)
+    {
+        std::string found;
+        std::copy_if(text.begin(), text.end(), std::back_inserter(found),
+            [](unsigned char byte) { return std::isdigit(byte) != 0; });
+        return found;
+    };
+    const std::string meant = VEXMELKMeant(name, others);
+    return digits(meant) == digits(name) ? meant : std::string();
+}
 
 void VEXMELKCheckStandards(VEXMELKCheckedDirectory& directory, const VEXMELKCheckedConfiguration& configuration,
     VEXMELKFindingList& findings, std::size_t& standards)

@@ -15,7 +15,7 @@ constexpr VEXMELKRule rules[] = {
         "The parser found a fault, so nothing of the file is read. A broken Customer file hides the Default file too.",
         "<standard name=\"A\"><category name=\"suv\"></standard>",
         "<standard name=\"A\"><category name=\"suv\"/></standard>"},
-    {"missing-type-definition", Warning, "The document type definition cannot be had",
+    {"missing-type-definition", Warning, "The document type definition is not found",
         "The file names one that is not there, or that lies outside of the configuration directory. The file is read "
         "without it: defaults of attributes that it declares are missing.",
         "<!DOCTYPE basedata SYSTEM \"basedata.dtd\">", "<!DOCTYPE basedata SYSTEM \"../../basedata.dtd\">"},
@@ -64,6 +64,9 @@ constexpr VEXMELKRule rules[] = {
         "front_offset=\"1e999mm\"", "front_offset=\"1000mm\""},
     {"impossible-value", Error, "The sign or size has no meaning",
         "A radius below 0, a share above 100, an index that is not there.", "radius=\"-150mm\"", "radius=\"150mm\""},
+    {"limits-reversed", Warning, "A lower limit is above its upper one",
+        "No value can meet both. Of angles it is a note: they may go past the full turn.",
+        "SMin=\"360mm\" SMax=\"140mm\"", "SMin=\"140mm\" SMax=\"360mm\""},
     {"outlier", Note, "The value is tenfold or more away from that of all other standards",
         "Often a unit is wrong: 103m for 103mm.", "front_offset=\"180m\"", "front_offset=\"180mm\""},
     {"not-a-flag", Error, "The text is neither true nor false",

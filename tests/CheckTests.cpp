@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <map>
+#include <random>
 #include <set>
 
 namespace {
@@ -83,6 +84,23 @@ protected:
             m_Undo[names[1]] = std::nullopt;
         return at;
     }
+    // A finding that has a mend is gone with it, and no error or warning comes instead.
+    void CheckMend(const VEXMELKFinding& finding) const
+    {
+        const std::string path = directory.Path() + "/" + finding.file;
+        if (finding.edits.empty())
+            return;
+        const std::string before = TextOfFile(path);
+        const auto mended = VEXMELKWrittenFile::Read(path)->With(finding.edits);
+        ASSERT_TRUE(mended);
+        directory.Write(finding.file, *mended);
+        for (const VEXMELKFinding& left : NewFindings())
+        {
+            EXPECT_NE(Identity(left), Identity(finding));
+            EXPECT_TRUE(left.level == VEXMELKLevel::Note || left.rule != finding.rule) << Shown(left);
+        }
+        directory.Write(finding.file, before);
+    }
     void Undo()
     {
         for (const auto& [file, text] : m_Undo)
@@ -130,6 +148,7 @@ TEST_F(CheckTest, PlantedMistakesAreFoundWhereTheyStand)
             [&](const VEXMELKFinding& finding) { return finding.rule->id == expected[0]; });
         if (first != findings.end())
         {
+            CheckMend(*first);
             tested.insert(first->rule->id);
             if (mark != std::string::npos)
             {
@@ -155,4 +174,106 @@ TEST_F(CheckTest, HarmlessHabitsAreNotFound)
             EXPECT_EQ(finding.level, VEXMELKLevel::Note) << Shown(finding);
         Undo();
     }
+}
+
+// Another spelling of the same document.
+class Variation
+{
+public:
+    explicit Variation(unsigned seed) : m_Random(seed) {}
+
+    std::string Of(const std::string& path)
+    {
+        const auto file = VEXMELKWrittenFile::Read(path);
+        std::string text = file->Text();
+        std::vector<VEXMELKWrittenFile::Tag> tags = file->Tags();
+        for (auto tag = tags.rbegin(); tag != tags.rend(); ++tag)
+            text.replace(tag->span.begin, tag->span.end - tag->span.begin, TagOf(*file, *tag));
+        const unsigned long ends = m_Random() % 3;
+        if (ends != 0)
+            text = Replaced(text, "\n", ends == 1 ? "\r\n" : "\r");
+        return Encoded(text);
+    }
+
+private:
+    std::string TagOf(const VEXMELKWrittenFile& file, const VEXMELKWrittenFile::Tag& tag)
+    {
+        std::vector<std::string> attributes;
+        for (const VEXMELKWrittenFile::Attribute& attribute : tag.attributes)
+            attributes.push_back(std::string(file.Text(attribute.name)) + "=" + ValueOf(file.Text(attribute.value)));
+        if (m_Random() % 2 == 0)
+            std::shuffle(attributes.begin(), attributes.end(), m_Random);
+        std::string text = "<" + std::string(file.Text(tag.name));
+        for (const std::string& attribute : attributes)
+            text += (m_Random() % 4 == 0 ? "\n\t" : " ") + attribute;
+        text += std::string(m_Random() % 4 == 0 ? " " : "") + (tag.isEmpty ? "/>" : ">");
+        const bool isRoot = &tag - file.Tags().data() == 0;
+        return isRoot || m_Random() % 8 != 0 || !tag.isEmpty ? text : text + "<!-- remark -->";
+    }
+    std::string ValueOf(std::string_view value)
+    {
+        const char quote = value.find_first_of("'\"") == std::string_view::npos && m_Random() % 2 == 0 ? '\'' : '"';
+        std::string text(value);
+        const bool isQuantity = value.size() > 3 && value.ends_with("mm") && value[value.size() - 3] >= '0' &&
+                                value[value.size() - 3] <= '9';
+        const unsigned long change = m_Random() % 6;
+        if (isQuantity && change == 0)
+            text.insert(text.size() - 2, " ");
+        else if (isQuantity && change == 1)
+            text = " " + text + " ";
+        else if (isQuantity && change == 2)
+            text = Replaced(text, ".", ",");
+        else if (!text.empty() && text[0] != '&' && static_cast<unsigned char>(text[0]) < 0x80 && change == 3)
+            text = "&#" + std::to_string(static_cast<int>(text[0])) + ";" + text.substr(1);
+        return quote + text + quote;
+    }
+    std::string Encoded(const std::string& text)
+    {
+        const bool isAscii =
+            std::all_of(text.begin(), text.end(), [](char c) { return static_cast<signed char>(c) >= 0; });
+        switch (m_Random() % 4)
+        {
+        case 0:
+            return "\xEF\xBB\xBF" + text;
+        case 1:
+            return isAscii ? Replaced(text, "UTF-8", "ISO-8859-1") : text;
+        case 2:
+        {
+            std::string wide = "\xFF\xFE";
+            for (const char character : Replaced(text, "UTF-8", "UTF-16"))
+                wide += {character, '\0'};
+            return isAscii ? wide : text;
+        }
+        default:
+            return text;
+        }
+    }
+
+    std::minstd_rand m_Random;
+};
+
+TEST_F(CheckTest, OtherSpellingsOfTheSampleAreNotFound)
+{
+    constexpr unsigned variations = 200;
+    std::vector<std::string> files;
+    for (const auto& entry : fs::recursive_directory_iterator(SAMPLE_CONFIGURATION))
+        if (entry.path().extension() == ".xml")
+            files.push_back(entry.path().lexically_relative(SAMPLE_CONFIGURATION).string());
+    for (unsigned seed = 1; seed <= variations; ++seed)
+    {
+        Variation variation(seed);
+        for (const std::string& file : files)
+            directory.Write(file, variation.Of(std::string(SAMPLE_CONFIGURATION) + "/" + file));
+        for (const VEXMELKFinding& finding : Findings())
+            ASSERT_EQ(finding.level, VEXMELKLevel::Note) << "variation " << seed << ": " << Shown(finding);
+    }
+}
+
+TEST_F(CheckTest, EachRuleHasItsPage)
+{
+    std::string pages;
+    for (const VEXMELKRule& rule : VEXMELKRules())
+        pages += VEXMELKPageOf(rule) + "\n";
+    const std::string document = TextOfFile(CASES "/../../docs/rules.md");
+    EXPECT_EQ(document.substr(document.find("\n## ") + 1), pages) << "scripts/format_tables.py writes them";
 }

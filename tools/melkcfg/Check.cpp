@@ -71,7 +71,10 @@ void AddFile(Target& target, const std::string& name)
 Target ReadTarget(const std::vector<std::string>& names)
 {
     Target target;
-    target.directory = CurrentDirectory().ConvertToChar();
+    {
+        const VEXMELKSilence silence; // files may be named without one
+        target.directory = CurrentDirectory().ConvertToChar();
+    }
     for (const std::string& name : names)
     {
         std::error_code error;
