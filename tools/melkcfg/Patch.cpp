@@ -13,12 +13,11 @@
 namespace {
 
 namespace fs = std::filesystem;
-using Edits = std::vector<VEXMELKTextEdit>;
 
 struct Mend
 {
     std::size_t findings = 0;
-    Edits edits;
+    std::vector<VEXMELKTextEdit> edits;
     std::string renamed;
 };
 
@@ -92,7 +91,7 @@ public:
     }
 
     // Edits of lines that lie near each other share a hunk.
-    void Print(const std::string& name, const Edits& edits)
+    void Print(const std::string& name, const std::vector<VEXMELKTextEdit>& edits)
     {
         m_Stream << "--- a/" << name << "\n+++ b/" << name << "\n";
         for (std::size_t first = 0; first < edits.size();)
@@ -100,7 +99,7 @@ public:
             std::size_t next = first + 1;
             while (next < edits.size() && LineOf(edits[next].begin) <= LineOf(edits[next - 1].end) + 2 * context)
                 ++next;
-            PrintHunk(Edits(
+            PrintHunk(std::vector<VEXMELKTextEdit>(
                 edits.begin() + static_cast<std::ptrdiff_t>(first), edits.begin() + static_cast<std::ptrdiff_t>(next)));
             first = next;
         }
@@ -115,7 +114,7 @@ private:
         return static_cast<std::size_t>(after - m_Begins.begin()) - 1;
     }
 
-    void PrintHunk(const Edits& edits)
+    void PrintHunk(const std::vector<VEXMELKTextEdit>& edits)
     {
         const std::size_t firstChanged = LineOf(edits.front().begin);
         const std::size_t lastChanged = LineOf(edits.back().end);
