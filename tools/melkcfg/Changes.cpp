@@ -1,6 +1,5 @@
 // Edits are made in a copy of the configuration directory, so that nothing of the user's is written.
-#include "Changes.h"
-
+#include "CommandLine.h"
 #include "Explain.h"
 #include "Table.h"
 #include "VEXMELKAnswers.h"
@@ -233,8 +232,6 @@ Json ChangesToJson(const VEXMELKComparison& comparison, bool showSecrets)
     return {{"version", 1}, {"questions", comparison.questions}, {"changes", changes}};
 }
 
-} // namespace
-
 ExitStatus RunWhatIf(const CommandOptions& options)
 {
     const CATUnicodeString directory = CurrentDirectory();
@@ -248,7 +245,7 @@ ExitStatus RunWhatIf(const CommandOptions& options)
         copy.Lay(options.overlay);
     Apply(edits, copy.Path());
     const VEXMELKComparison comparison = VEXMELKCompare(directory, CATUnicodeString(copy.Path().string()));
-    if (options.asJson)
+    if (options.AsJson())
         PrintJson(ChangesToJson(comparison, options.showSecrets));
     else
         PrintChanges(comparison, options.showSecrets);
@@ -287,9 +284,24 @@ ExitStatus RunUnused(const CommandOptions& options)
                 unused.attribute.empty() ? unused.path : unused.path + "/@" + unused.attribute, unused.reason});
         }
     }
-    if (options.asJson)
+    if (options.AsJson())
         PrintJson({{"version", 1}, {"unused", json}});
     else
         PrintTable(rows);
     return isAnyThere ? Done : NothingThere;
+}
+
+} // namespace
+
+void AddChangeCommands(CommandLine& line)
+{
+    CommandOptions& options = line.options;
+    CLI::App* whatIf = line.Add("whatif", "Every answer that becomes another one by edits, of which none is written",
+        [&](const Host&) { return RunWhatIf(options); });
+    whatIf->add_option("EDIT", options.assignments, "FILE:LINE:COL=TEXT, or CONFIG/STANDARD/CATEGORY/ATTRIBUTE=TEXT");
+    whatIf->add_option("--overlay", options.overlay, "A directory with edited files")->type_name("DIR");
+
+    CLI::App* unused = line.Add(
+        "unused", "Texts and elements that no answer depends on", [&](const Host&) { return RunUnused(options); });
+    unused->add_option("CONFIG", options.assignments, "Only the files of these configurations");
 }

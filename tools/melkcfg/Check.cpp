@@ -1,7 +1,6 @@
 // The configuration directory is checked whole unless configurations or files are named. A file elsewhere is checked in
 // the directory that it lies in.
-#include "Check.h"
-
+#include "CommandLine.h"
 #include "Explain.h"
 #include "Findings.h"
 #include "Patch.h"
@@ -12,12 +11,20 @@
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
+#include <memory>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace {
 
 namespace fs = std::filesystem;
+
+struct CheckOptions
+{
+    std::vector<std::string> names; // of configurations and files
+    std::string level = "warning";  // the lowest one that counts
+    bool writes = false;            // fix: in place
+};
 
 struct Target
 {
@@ -145,21 +152,19 @@ VEXMELKLevel LevelOf(const std::string& name)
     return name == "error" ? VEXMELKLevel::Error : name == "note" ? VEXMELKLevel::Note : VEXMELKLevel::Warning;
 }
 
-} // namespace
-
-ExitStatus RunCheck(const CheckOptions& options)
+ExitStatus RunCheck(const CheckOptions& options, const std::string& format)
 {
     Target target = ReadTarget(options.names);
     VEXMELKCheckResult result = Check(target);
     const VEXMELKLevel lowest = LevelOf(options.level);
     std::erase_if(result.findings, [&](const VEXMELKFinding& finding) { return finding.level > lowest; });
-    if (options.format == "json")
+    if (format == "json")
         PrintJson(FindingsToJson(result));
-    else if (options.format == "sarif")
+    else if (format == "sarif")
         PrintJson(FindingsToSarif(result, MELKCFG_VERSION));
-    else if (options.format == "github")
+    else if (format == "github")
         PrintForGitHub(std::cout, result, target.directory);
-    else if (options.format == "junit")
+    else if (format == "junit")
         PrintForJUnit(std::cout, result);
     else
         PrintFindings(std::cout, result, target.directory, StyleOfOutput());
@@ -182,6 +187,7 @@ ExitStatus RunFix(const CheckOptions& options)
     return result.files.empty() && result.findings.empty() ? NothingThere : Done;
 }
 
+// The page of a rule, or of all.
 ExitStatus RunRule(const std::string& id)
 {
     if (id.empty())
@@ -199,4 +205,26 @@ ExitStatus RunRule(const std::string& id)
     for (const VEXMELKRule& rule : VEXMELKRules())
         known.emplace_back(rule.id);
     throw UnknownName("rule", id, known);
+}
+
+} // namespace
+
+void AddCheckCommands(CommandLine& line)
+{
+    const auto options = std::make_shared<CheckOptions>();
+    CLI::App* check = line.Add("check", "What is wrong with the files; exit status 1 when something is",
+        [&line, options](const Host&) { return RunCheck(*options, line.options.format); },
+        {"text", "json", "sarif", "github", "junit"});
+    check->add_option("--level", options->level, "The lowest level that is shown and counts")
+        ->check(CLI::IsMember({"error", "warning", "note"}))
+        ->capture_default_str();
+    CLI::App* fix = line.Add(
+        "fix", "The findings that have one safe mend, as a patch", [options](const Host&) { return RunFix(*options); });
+    fix->add_flag("--write", options->writes, "Mend the files in place");
+    for (CLI::App* command : {check, fix})
+        command->add_option("CONFIG|FILE", options->names, "Only these configurations and files");
+
+    const auto id = std::make_shared<std::string>();
+    line.Add("rule", "What a rule of check is about", [id](const Host&) { return RunRule(*id); })
+        ->add_option("ID", *id, "The rule; without it, all of them");
 }

@@ -1,14 +1,14 @@
 // Each command: what it asks the library, and how it prints the answer as text or JSON.
-#include "Commands.h"
-
+#include "Batch.h"
+#include "CommandLine.h"
 #include "Explain.h"
 #include "Table.h"
 #include "VEXMELKCheckConfig.h"
-#include "VEXMELKFormatTable.h"
 #include "VEXMELKUtilities.h"
 #include "Values.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <iostream>
 #include <unordered_set>
 
@@ -168,8 +168,6 @@ void Assign(const Operation& operation, const std::string& assignment, Json& arg
     throw UnknownName("argument", name, names);
 }
 
-} // namespace
-
 ExitStatus RunList(const CommandOptions& options, const Host& host)
 {
     const CATUnicodeString directory = CurrentDirectory();
@@ -188,7 +186,7 @@ ExitStatus RunList(const CommandOptions& options, const Host& host)
             documents.empty() ? "-" : Joined(documents), standards < 0 ? "broken" : std::to_string(standards),
             configuration.keys.empty() ? "-" : Joined(configuration.keys)});
     }
-    if (options.asJson)
+    if (options.AsJson())
         PrintJson(json);
     else
         PrintTable(rows);
@@ -216,12 +214,12 @@ ExitStatus RunStandards(const CommandOptions& options, const Host& host)
     for (const CATUnicodeString& name : names)
     {
         const int level = check->FindStandardLevel(name);
-        if (options.asJson)
+        if (options.AsJson())
             json.push_back({{"name", name.ConvertToChar()}, {"level", level}});
         else
             std::cout << level << "  " << name.ConvertToChar() << '\n';
     }
-    if (options.asJson)
+    if (options.AsJson())
         PrintJson(json);
     if (names.Size() == 0 && !host.HasErrors())
         PrintReason("no standard up to level " + std::to_string(options.maxLevel) + " has a category " +
@@ -235,7 +233,7 @@ ExitStatus RunCategories(const CommandOptions& options, const Host& host)
     Inspector inspector(CurrentDirectory(), configuration);
     CATListValCATUnicodeString names;
     const bool known = inspector.Categories(CATUnicodeString(options.standard), names);
-    if (options.asJson)
+    if (options.AsJson())
         PrintJson(ToJson(VEXMELKValueOf(names)));
     else
         for (const CATUnicodeString& name : names)
@@ -254,30 +252,18 @@ ExitStatus RunOperations(const CommandOptions& options)
     {
         if (!options.configuration.empty() && &configuration != &FindConfiguration(options.configuration))
             continue;
-        if (!options.asJson)
+        if (!options.AsJson())
             std::cout << configuration.name << '\n';
         for (const Operation& operation : configuration.operations)
-            if (options.asJson)
+            if (options.AsJson())
                 json[configuration.name].push_back(OperationJson(operation));
             else
                 std::cout << "  " << OperationText(operation) << '\n';
     }
-    if (options.asJson)
+    if (options.AsJson())
         PrintJson(json);
     return Done;
 }
-
-ExitStatus RunSchema(const CommandOptions& options)
-{
-    const std::string only = options.configuration.empty() ? "" : FindConfiguration(options.configuration).name;
-    for (const auto& configuration : VEXMELKConfigManager::GetConfigurations())
-        if (only.empty() || configuration.description->name == only)
-            std::cout << "## " << configuration.description->name << "\n\n"
-                      << VEXMELKFormatTable(*configuration.description) << '\n';
-    return Done;
-}
-
-namespace {
 
 // The question that a command line asks.
 struct CommandLineQuestion
@@ -347,8 +333,6 @@ bool IsOperation(const CommandOptions& options)
                [](const std::string& text) { return text.find('=') != std::string::npos; });
 }
 
-} // namespace
-
 ExitStatus RunExplain(const CommandOptions& options, const Host& host)
 {
     const CommandLineQuestion question = IsOperation(options) ? QuestionOf(options) : MainQuestionOf(options);
@@ -367,7 +351,7 @@ ExitStatus RunExplain(const CommandOptions& options, const Host& host)
             known.push_back(origin.value.field);
         throw UnknownName("field", options.field, known);
     }
-    if (options.asJson)
+    if (options.AsJson())
     {
         Json json = {{"version", 1}, {"config", question.configuration.name}, {"operation", question.operation.name},
             {"arguments", question.arguments}, {"result", ToJson(explanation.result)},
@@ -392,7 +376,7 @@ ExitStatus RunCall(const CommandOptions& options, const Host& host)
     const CommandLineQuestion question = QuestionOf(options);
     const Answered answered = RunOperation(
         question.configuration, question.operation, question.arguments, question.outputs, options.showSecrets);
-    if (options.asJson)
+    if (options.AsJson())
         PrintJson({{"result", answered.result}, {"outputs", answered.outputs}});
     else
     {
@@ -406,4 +390,60 @@ ExitStatus RunCall(const CommandOptions& options, const Host& host)
     if (!host.HasErrors() && (answered.result == false || mayFallBack))
         PrintReason(ReasonFor(question.configuration, question.Askable()));
     return StatusOf(question.configuration, host, answered.result == false);
+}
+
+ExitStatus RunCallOrBatch(const CommandOptions& options, Host& host)
+{
+    if (!options.batch)
+    {
+        if (options.operation.empty())
+            throw RequestError("call needs CONFIG and OPERATION, or --batch");
+        return RunCall(options, host);
+    }
+    if (!options.configuration.empty())
+        throw RequestError("--batch takes its requests from standard input, and no CONFIG");
+    const bool understood = RunBatch(std::cin, std::cout, host, options.showSecrets);
+    if (std::ferror(stdin) != 0)
+        throw RequestError("standard input cannot be read");
+    return understood ? Done : NotDone;
+}
+
+} // namespace
+
+void AddQuestionCommands(CommandLine& line)
+{
+    CommandOptions& options = line.options;
+    line.Add("list", "Every configuration, with its file and number of standards",
+        [&](const Host& host) { return RunList(options, host); });
+
+    CLI::App* standards = line.Add("standards", "The standards of a category, with their priority levels",
+        [&](const Host& host) { return RunStandards(options, host); });
+    standards->add_option("CONFIG", options.configuration, "The configuration")->required();
+    standards->add_option("--category", options.category, "The vehicle category")->capture_default_str();
+    standards->add_option("--max-level", options.maxLevel, "The highest priority level")->capture_default_str();
+    standards->add_flag("--unordered", options.unordered, "In the order of the files, whatever the level");
+
+    CLI::App* categories = line.Add(
+        "categories", "The categories of a standard", [&](const Host& host) { return RunCategories(options, host); });
+    categories->add_option("CONFIG", options.configuration, "The configuration")->required();
+    categories->add_option("STANDARD", options.standard, "The standard")->required();
+
+    CLI::App* operations = line.Add("operations", "Every query operation, with its arguments and outputs",
+        [&](const Host&) { return RunOperations(options); });
+    operations->add_option("CONFIG", options.configuration, "Only those of this configuration");
+
+    CLI::App* explain = line.Add("explain", "Where each value of an answer comes from, and what it hides",
+        [&](const Host& host) { return RunExplain(options, host); });
+    explain->add_option("CONFIG", options.configuration, "The configuration")->required();
+    explain->add_option("OPERATION", options.operation, "The operation, or the standard of the main query")->required();
+    explain->add_option("NAME=VALUE", options.assignments, "The operation's arguments, or the category");
+    explain->add_option("--field", options.field, "Only this field, such as definition.FrontOffset");
+    explain->add_flag("--steps", options.steps, "Every look-up, in the order in which it is tried");
+
+    CLI::App* call = line.Add("call", "Run one query operation, or a batch of them",
+        [&](Host& host) { return RunCallOrBatch(options, host); });
+    call->add_option("CONFIG", options.configuration, "The configuration");
+    call->add_option("OPERATION", options.operation, "The operation");
+    call->add_option("NAME=VALUE", options.assignments, "Its arguments; an output's value before the call as JSON");
+    call->add_flag("--batch", options.batch, "JSON Lines on standard input, one answer a line on standard output");
 }

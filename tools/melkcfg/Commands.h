@@ -17,7 +17,8 @@ enum ExitStatus
 
 struct CommandOptions
 {
-    bool asJson = false;
+    std::string format = "text";
+    bool batch = false; // boxes and log lines go into the answers
     bool showSecrets = false;
     std::string configuration;
     std::string standard;
@@ -29,14 +30,8 @@ struct CommandOptions
     std::string field; // only this one is explained
     bool steps = false;
     std::string overlay; // edited files
-};
 
-ExitStatus RunList(const CommandOptions& options, const Host& host);
-ExitStatus RunStandards(const CommandOptions& options, const Host& host);
-ExitStatus RunCategories(const CommandOptions& options, const Host& host);
-ExitStatus RunOperations(const CommandOptions& options);
-ExitStatus RunExplain(const CommandOptions& options, const Host& host);
-ExitStatus RunSchema(const CommandOptions& options);
-ExitStatus RunCall(const CommandOptions& options, const Host& host);
+    bool AsJson() const { return format == "json"; }
+};
 
 #endif

@@ -1,0 +1,98 @@
+// Which command was given is known after all have been added, so each brings what it runs.
+#include "CommandLine.h"
+
+#include "CATIXMLDOMDocumentBuilder.h"
+#include "VEXMELKUtilities.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr const char* footer = R"(Exit status:
+  0  done: the query answered true, or has no boolean result
+  1  the query answered false
+  2  it could not be done: wrong command line or batch line, a file that could not be read or parsed
+  3  there was nothing to work on: no configuration file found)";
+
+std::string VersionText()
+{
+    const auto number = [](std::size_t value) { return std::to_string(value); };
+    return std::string("melkcfg ") + MELKCFG_VERSION + "\nparser: " + CATIXMLDOMDocumentBuilder::GetParserVersion() +
+           "\nbounds of a document: " + number(CATXMLBounds::documentBytes) + " bytes, " +
+           number(CATXMLBounds::elementDepth) + " elements deep, " + number(CATXMLBounds::entityDepth) +
+           " entities deep, " + number(CATXMLBounds::declaredAttributes) + " attributes declared of one element, " +
+           number(CATXMLBounds::externalFiles) + " external files, " + number(CATXMLBounds::externalDepth) +
+           " of them deep, expansion to " + number(CATXMLBounds::expandedBytes) + " bytes and past that to " +
+           number(CATXMLBounds::expandedFactor) + " times its size";
+}
+
+} // namespace
+
+CommandLine::CommandLine()
+{
+    m_Application.footer(footer);
+    m_Application.require_subcommand(1);
+    m_Application.fallthrough();
+    m_Application.set_version_flag("--version", VersionText);
+    m_Application.add_option("--config", m_Directory, "The configuration directory; without it, MELK_CFG_PATH")
+        ->type_name("DIR");
+    m_Application.add_option("--test-path", m_TestPath, "Test mode: files are read from DIR/Configuration")
+        ->type_name("DIR");
+    m_Application.add_flag("--comma", m_Comma, "The application's decimal separator is the comma");
+    m_Application.add_option(
+        "--format", options.format, "text for people, json for programs; of check also sarif, github, junit");
+    m_Application.add_flag("--trace", m_Trace, "Log lines at trace level on standard error");
+    m_Application.add_flag("--show-secrets", options.showSecrets, "Print the database password");
+}
+
+CLI::App* CommandLine::Add(
+    const std::string& name, const std::string& description, Action action, std::vector<std::string> formats)
+{
+    CLI::App* parser = m_Application.add_subcommand(name, description);
+    m_Commands.push_back({parser, std::move(action), std::move(formats)});
+    return parser;
+}
+
+ExitStatus CommandLine::Run(int argc, char** argv)
+{
+    try
+    {
+        m_Application.parse(argc, argv);
+    }
+    catch (const CLI::ParseError& error)
+    {
+        return m_Application.exit(error) == 0 ? Done : NotDone;
+    }
+    if (m_Application.count("--config") > 0 && m_Directory.empty())
+        throw RequestError("--config names no directory");
+    const Command& command =
+        *std::find_if(m_Commands.begin(), m_Commands.end(), [](const Command& one) { return one.parser->parsed(); });
+    RequireFormat(command);
+    Host host(!options.batch);
+    ApplyTo(host);
+    return command.action(host);
+}
+
+void CommandLine::RequireFormat(const Command& command) const
+{
+    if (std::find(command.formats.begin(), command.formats.end(), options.format) != command.formats.end())
+        return;
+    std::string message = command.parser->get_name() + " prints ";
+    for (const std::string& format : command.formats)
+        message += format + (&format == &command.formats.back() ? "" : ", ");
+    throw RequestError(message + "; not " + Shown(options.format));
+}
+
+void CommandLine::ApplyTo(Host& host) const
+{
+    if (!m_Directory.empty())
+        host.SetConfigurationDirectory(m_Directory);
+    if (!m_TestPath.empty())
+    {
+        host.SetTestPath(m_TestPath);
+        VEXMELKUtilities::SetAppMode(VEXMELKTestMode);
+    }
+    VEXMELKUtilities::SetCommaDelimeter(m_Comma ? 1 : 0);
+    if (m_Trace)
+        VEXMELKLog::SetLevel(VEXMELKLog::TraceLevel);
+}
