@@ -1,4 +1,5 @@
 // Runs the passes over the files of a directory and sorts what they find.
+#include "CATNumberText.h"
 #include "VEXMELKCheckPasses.h"
 
 #include "VEXMELKTrial.h"
@@ -76,7 +77,8 @@ public:
                 m_Scope.onFile(++number, wanted.size(), VEXMELKFileOf(*description));
             CheckConfiguration(*description);
         }
-        CompareStandardsOfFiles(wanted);
+        CompareNamesOfFiles(wanted, "standard");
+        CompareNamesOfFiles(wanted, "category");
         VEXMELKCheckFolders(m_Directory, m_Findings);
         for (const VEXMELKDescription* description : wanted)
             for (const auto& file : m_Directory.Of(*description).files)
@@ -130,14 +132,14 @@ private:
         VEXMELKCheckOverrides(configuration, m_Findings);
     }
 
-    // A standard that one file alone calls so, where many others have one of nearly that name.
-    void CompareStandardsOfFiles(const std::vector<const VEXMELKDescription*>& descriptions)
+    // A standard or a category that one configuration alone calls so, where many others have one of nearly that name.
+    void CompareNamesOfFiles(const std::vector<const VEXMELKDescription*>& descriptions, const std::string& tag)
     {
         constexpr int many = 3;
         constexpr std::size_t most = 100; // compared with each other
         std::map<std::string, std::set<const VEXMELKDescription*>> files;
         for (const VEXMELKDescription* description : descriptions)
-            for (const std::string& name : m_Directory.NamesOf(m_Directory.Of(*description), "standard"))
+            for (const std::string& name : m_Directory.NamesOf(m_Directory.Of(*description), tag))
                 files[name].insert(description);
         std::vector<std::string> common;
         for (const auto& [name, in] : files)
@@ -146,26 +148,34 @@ private:
         std::size_t compared = 0;
         for (const auto& [name, in] : files)
         {
-            const std::string meant =
-                in.size() == 1 && ++compared <= most * most ? VEXMELKNearlySame(name, common) : std::string();
-            if (!meant.empty() && files[meant].count(*in.begin()) == 0)
-                ReportSimilar(m_Directory.Of(**in.begin()), name, meant);
+            if (in.size() > 1 || name != CATStripped(name) || ++compared > most * most)
+                continue;
+            const std::string meant = VEXMELKNearlySame(name, common);
+            if (meant.empty() || files[meant].count(*in.begin()) != 0)
+                continue;
+            // Categories of standards have been compared with those of the other standards.
+            const VEXMELKCheckedConfiguration& configuration = m_Directory.Of(**in.begin());
+            if (tag == "standard" || m_Directory.NamesOf(configuration, "standard").empty())
+                ReportSimilar(configuration, tag, name, meant);
         }
     }
-    void ReportSimilar(
-        const VEXMELKCheckedConfiguration& configuration, const std::string& name, const std::string& meant)
+    // At the first that is called so. Where another file took the name for the right one, it is taken back.
+    void ReportSimilar(const VEXMELKCheckedConfiguration& configuration, const std::string& tag,
+        const std::string& name, const std::string& meant)
     {
+        std::erase_if(m_Findings.All(), [&](const VEXMELKFinding& finding)
+            { return finding.rule->id == "similar-name" && finding.suggestion == name; });
         for (const auto& file : configuration.files)
-            file->ForEachChild(0,
-                [&, in = file.get()](std::size_t node)
+            for (std::size_t node = 1; node < file->Nodes().size(); ++node)
+                if (file->Is(node, tag) && !file->Nodes()[node].isLeftOut && file->TextOf(node, "name") == name)
                 {
-                    if (in->TagOf(node) == "standard" && in->TextOf(node, "name") == name)
-                        m_Findings
-                            .AtValue("similar-name", *in, node, "name",
-                                "the standard " + VEXMELKQuoted(name) + " is nearly " + VEXMELKQuoted(meant) +
-                                    " of other files")
-                            .suggestion = meant;
-                });
+                    m_Findings
+                        .AtValue("similar-name", *file, node, "name",
+                            "the " + tag + " " + VEXMELKQuoted(name) + " is nearly " + VEXMELKQuoted(meant) +
+                                " of other files")
+                        .suggestion = meant;
+                    return;
+                }
     }
 
     void AddProblems(const File& file)

@@ -82,9 +82,22 @@ private:
         finding.effect = VEXMELKAskedAs(m_File, node) + "nothing in it is read";
         finding.suggestion = meant;
         if (meant.empty())
+        {
             finding.level = VEXMELKLevel::Warning;
+            ReportTooDeep(node);
+        }
         else if (m_File.Nodes()[node].tag)
             MendTag(finding, *m_File.Nodes()[node].tag, meant);
+    }
+    // What an unknown element keeps from being read.
+    void ReportTooDeep(std::size_t node)
+    {
+        m_File.ForEachChild(node,
+            [&](std::size_t child)
+            {
+                if (const VEXMELKElement* elsewhere = m_File.Places().FindTag(m_File.TagOf(child)))
+                    ReportMisplaced(child, *elsewhere);
+            });
     }
     void MendTag(VEXMELKFinding& finding, const VEXMELKWrittenFile::Tag& tag, const std::string& meant) const
     {

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cctype>
 #include <cmath>
+#include <iterator>
+#include <numeric>
 
 namespace {
 
@@ -24,6 +26,48 @@ std::string Joined(const Names& names)
     for (const std::string& name : names)
         joined += (joined.empty() ? "" : ", ") + VEXMELKQuoted(name);
     return joined;
+}
+
+bool IsOfWord(unsigned char byte) { return std::isalnum(byte) != 0 || byte >= 0x80; }
+
+// What stands between blanks and signs.
+Names WordsOf(const std::string& name)
+{
+    Names words;
+    for (auto begin = std::find_if(name.begin(), name.end(), IsOfWord); begin != name.end();)
+    {
+        const auto end = std::find_if_not(begin, name.end(), IsOfWord);
+        words.emplace_back(begin, end);
+        begin = std::find_if(end, name.end(), IsOfWord);
+    }
+    return words;
+}
+
+bool HasDigit(const std::string& word)
+{
+    return std::any_of(word.begin(), word.end(), [](unsigned char byte) { return std::isdigit(byte) != 0; });
+}
+
+bool IsSameInLower(const std::string& left, const std::string& right)
+{
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+        [](unsigned char one, unsigned char other) { return std::tolower(one) == std::tolower(other); });
+}
+
+// Whether names may differ by a slip of the pen only. Those with another number, another word or another abbreviation
+// differ on purpose, as their authors tell them apart by it: "2024" and "2025", "EU" and "US", a "draft".
+bool IsSlip(const Names& left, const Names& right)
+{
+    constexpr std::size_t abbreviation = 3;
+    const auto join = [](const Names& words) { return std::accumulate(words.begin(), words.end(), std::string()); };
+    if (join(left) == join(right))
+        return true;
+    const auto isSlip = [&](const std::string& one, const std::string& other)
+    {
+        const bool isAbbreviation = left.size() > 1 && std::min(one.size(), other.size()) <= abbreviation;
+        return one == other || (!HasDigit(one) && !HasDigit(other) && (!isAbbreviation || IsSameInLower(one, other)));
+    };
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(), isSlip);
 }
 
 class StandardPass
@@ -292,15 +336,11 @@ private:
 
 std::string VEXMELKNearlySame(const std::string& name, const std::vector<std::string>& others)
 {
-    const auto digits = [](const std::string& text)
-    {
-        std::string found;
-        std::copy_if(text.begin(), text.end(), std::back_inserter(found),
-            [](unsigned char byte) { return std::isdigit(byte) != 0; });
-        return found;
-    };
-    const std::string meant = VEXMELKMeant(name, others);
-    return digits(meant) == digits(name) ? meant : std::string();
+    const Names words = WordsOf(name);
+    Names slips;
+    std::copy_if(others.begin(), others.end(), std::back_inserter(slips),
+        [&](const std::string& other) { return IsSlip(words, WordsOf(other)); });
+    return VEXMELKMeant(name, slips);
 }
 
 void VEXMELKCheckStandards(VEXMELKCheckedDirectory& directory, const VEXMELKCheckedConfiguration& configuration,

@@ -98,7 +98,7 @@ private:
     void CheckElement(std::size_t node, const VEXMELKElement& element, std::size_t anchor)
     {
         if (Weight(element) == 1)
-            return; // each of them counts
+            return CheckOfList(node, element, anchor);
         const bool isKeyed = Weight(element) > 1;
         const auto key = isKeyed ? m_File.TextOf(node, element.key->attribute) : std::optional<std::string_view>("");
         if (!key)
@@ -113,6 +113,33 @@ private:
             ReportKey(node, first->second, element, *key);
         else
             ReportElement(node, first->second, element);
+    }
+
+    // Of a list each element counts. The same one again, or one of the same name, is hardly meant.
+    void CheckOfList(std::size_t node, const VEXMELKElement& element, std::size_t anchor)
+    {
+        const VEXMELKWrittenFile::Tag* tag = m_File.Nodes()[node].tag;
+        const VEXMELKElementKind::Attribute* names = m_File.Nodes()[node].place.kind->Find("name");
+        const auto name = names ? m_File.TextOf(node, "name") : std::nullopt;
+        if (!tag || m_File.Nodes()[node].place.kind->attributes.empty())
+            return;
+        // A standard has one level, whatever list it stands in.
+        const bool isInGroups = name && element.below && element.below->key && names->rows.front()->names == "standard";
+        const std::string scope = std::to_string(isInGroups ? m_File.Nodes()[anchor].parent : anchor) + " ";
+        const std::string written(m_File.Written()->Text({tag->span.begin, m_File.Written()->EndOfElement(*tag)}));
+        const auto [same, isNew] = m_First.emplace(scope + written, node);
+        const auto [named, isNewName] = name && !name->empty()
+                                            ? m_First.emplace(scope + "name " + std::string(*name), node)
+                                            : std::pair(m_First.end(), true);
+        const std::string mark = "<" + std::string(m_File.TagOf(node)) + ">";
+        if (!isNewName)
+            m_Findings.AtValue("duplicate-name", m_File, node, "name",
+                "another " + mark + " has the name " + VEXMELKQuoted(*name) + AtFirst(named->second) +
+                    (isInGroups ? ": the lowest " + std::string(element.below->key->attribute) + " counts"
+                                : ": both count"));
+        else if (!isNew)
+            m_Findings.AtElement("duplicate-element", m_File, node,
+                mark + " repeats the one before" + AtFirst(same->second) + " letter for letter: both count");
     }
 
     std::string AtFirst(std::size_t first) const

@@ -89,10 +89,14 @@ constexpr VEXMELKRule rules[] = {
         "name=\"EU Passenger\""},
     {"blanks-around-name", Warning, "Blanks stand around a name", "Names are compared exactly, blanks and all.",
         "<category name=\"suv \"/>", "<category name=\"suv\"/>"},
-    {"duplicate-name", Warning, "Two elements have one name", "Only the first counts.",
+    {"duplicate-name", Warning, "Two elements have one name",
+        "Of elements that are looked for by name only the first counts. Of a list both count, and a standard of "
+        "several "
+        "priority lists has the lowest level.",
         "<category name=\"suv\"/><category name=\"suv\"/>", "<category name=\"suv\"/><category name=\"van\"/>"},
     {"duplicate-element", Warning, "An element is there twice",
-        "Only one counts: the first, for minor axes the last; of elements that have to be alone, none.",
+        "Only one counts: the first, for minor axes the last; of elements that have to be alone, none. Of a list both "
+        "count, but one that repeats another letter for letter is hardly meant.",
         "<tip_angles/><tip_angles/>", "<tip_angles/>"},
     {"row-order", Warning, "A row is never chosen",
         "Rows of eye ellipses are written with decreasing travel, those of head contours with increasing travel.",

@@ -2,18 +2,31 @@
 #include "VEXMELKSuggestions.h"
 
 #include <algorithm>
-#include <cctype>
 #include <numeric>
 #include <utility>
 
 namespace {
 
+// The characters of a text, so that one outside of ASCII counts as one.
+std::u32string CharactersOf(std::string_view text)
+{
+    std::u32string characters;
+    for (const char byte : text)
+        if ((static_cast<unsigned char>(byte) & 0xC0U) == 0x80U && !characters.empty())
+            characters.back() = characters.back() << 6U | static_cast<unsigned char>(byte);
+        else
+            characters += static_cast<unsigned char>(byte);
+    return characters;
+}
+
 // Letters put in, left out, replaced or swapped with the next that turn one name into the other, letter case left
 // aside.
-std::size_t Distance(std::string_view left, std::string_view right)
+std::size_t Distance(std::string_view leftText, std::string_view rightText)
 {
-    const auto isSame = [](char one, char other)
-    { return std::tolower(static_cast<unsigned char>(one)) == std::tolower(static_cast<unsigned char>(other)); };
+    const std::u32string left = CharactersOf(leftText);
+    const std::u32string right = CharactersOf(rightText);
+    const auto lower = [](char32_t one) { return one >= U'A' && one <= U'Z' ? one - U'A' + U'a' : one; };
+    const auto isSame = [&](char32_t one, char32_t other) { return lower(one) == lower(other); };
     std::vector<std::size_t> last(right.size() + 1);
     std::vector<std::size_t> row(right.size() + 1);
     std::vector<std::size_t> next(right.size() + 1);
