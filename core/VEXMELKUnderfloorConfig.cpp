@@ -18,7 +18,7 @@ constexpr auto EyesOf(const char* standards)
 constexpr decltype(EyesOf("")) eyesTables[] = {EyesOf("standard of EyePoints.xml"),
     EyesOf("standard of EyeEllipses.xml"), EyesOf("standard of ExtendedEyePoints.xml")};
 constexpr VEXMELKTable percentilTable{
-    Text<&Eyes::Percentil>("percentil", "the percentile", AsWritten(), Keep),
+    Text<&Eyes::Percentil>("percentil", "the percentile", AsWritten(), Keep, Share),
 };
 constexpr VEXMELKOutputTable<CATUnicodeString> pointTable{
     Text("point_to_pick", "the point that the user is to pick", Fills{"point"})};

@@ -224,7 +224,7 @@ Judgement JudgeQuantity(const VEXMELKRow& row, std::string_view text)
 
 Judgement JudgeInteger(const VEXMELKRow& row, std::string_view text)
 {
-    std::string_view digits = CATStripped(text);
+    std::string_view digits = row.isAsWritten ? text : CATStripped(text);
     if (digits.starts_with('+'))
         digits.remove_prefix(1);
     int integer = 0;
@@ -235,7 +235,7 @@ Judgement JudgeInteger(const VEXMELKRow& row, std::string_view text)
         return NoNumber(row, text);
     if (end != digits.data() + digits.size())
         return Fault("trailing-text", VEXMELKQuoted(text) + " goes on behind its whole number",
-            "counts as " + std::to_string(integer));
+            row.form == VEXMELKForm::Text ? "is handed out as it stands" : "counts as " + std::to_string(integer));
     return JudgeSense(row, text, integer);
 }
 
@@ -309,12 +309,47 @@ std::string EffectOfOther(const VEXMELKRow& row)
                                          : "is handed out as it stands";
 }
 
+// A number with a unit that is none because of a letter O or l, or a second point. No other text looks like it.
+bool IsNearlyQuantity(std::string_view text)
+{
+    const std::size_t rest = std::min(text.find_first_not_of("0123456789OoIl.,+-"), text.size());
+    const std::string_view unit = CATStripped(text.substr(rest));
+    const auto isUnit = [&](VEXMELKKind kind)
+    {
+        const std::vector<std::string> units = UnitsOf(kind);
+        return std::find(units.begin(), units.end(), unit) != units.end();
+    };
+    double amount = 0.0;
+    return std::any_of(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(rest), CATIsDigit) &&
+           (isUnit(VEXMELKKind::Length) || isUnit(VEXMELKKind::Angle)) && !CATLengthFromText(text, amount) &&
+           !CATAngleFromText(text, amount);
+}
+
+// A text that stands for a number where it has a range: a percentile.
+Judgement JudgeText(const VEXMELKRow& row, std::string_view text)
+{
+    if (row.sensible.upTo != 0)
+    {
+        VEXMELKRow number = row;
+        number.kind = VEXMELKKind::Integer;
+        return JudgeInteger(number, text);
+    }
+    if (!IsNearlyQuantity(text))
+        return std::nullopt;
+    Judgement judgement =
+        Fault("not-a-number", VEXMELKQuoted(text) + " is nearly a number with a unit", "is handed out as it stands");
+    judgement->level = VEXMELKLevel::Warning;
+    return judgement;
+}
+
 Judgement JudgeWord(const VEXMELKRow& row, std::string_view text)
 {
     const std::vector<std::string> known = TextsOf(row.words);
     const std::string meant = VEXMELKMeant(text, known);
     const bool isOpen = row.kind == VEXMELKKind::Text;
-    if (known.empty() || (isOpen && meant.empty()))
+    if (isOpen && meant.empty())
+        return JudgeText(row, text);
+    if (known.empty())
         return std::nullopt;
     if (isOpen)
         return Fault("doubtful-word", VEXMELKQuoted(text) + " is nearly a word that is known here", {}, meant);
