@@ -246,9 +246,9 @@ void PrintForGitHub(std::ostream& stream, const VEXMELKCheckResult& result, cons
     for (const VEXMELKFinding& finding : result.findings)
     {
         const char* commands[] = {"error", "warning", "notice"};
-        std::string text = MessageOf(finding);
+        std::string text = Printable(MessageOf(finding));
         if (!finding.effect.empty())
-            text += "\neffect: " + finding.effect;
+            text += "\neffect: " + Printable(finding.effect);
         stream << "::" << commands[static_cast<int>(finding.level)]
                << " file=" << ForCommand(Printable(directory + "/" + finding.file), true)
                << ",line=" << finding.begin.line << ",col=" << finding.begin.column << ",endLine=" << finding.end.line
