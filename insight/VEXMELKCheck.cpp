@@ -165,6 +165,9 @@ private:
     {
         std::erase_if(m_Findings.All(), [&](const VEXMELKFinding& finding)
             { return finding.rule->id == "similar-name" && finding.suggestion == name; });
+        for (VEXMELKFinding& finding : m_Findings.All())
+            if (finding.rule->id == "unknown-reference" && finding.suggestion == name)
+                finding.edits.clear(); // what refers to it is right
         for (const auto& file : configuration.files)
             for (std::size_t node = 1; node < file->Nodes().size(); ++node)
                 if (file->Is(node, tag) && !file->Nodes()[node].isLeftOut && file->TextOf(node, "name") == name)

@@ -48,11 +48,16 @@ private:
         VEXMELKFinding& finding = m_Findings.AtValue("unknown-reference", file, node, row.attribute,
             "there is no " + NounOf(row.names) + " " + VEXMELKQuoted(name));
         finding.effect = VEXMELKAskedAs(file, node) + std::string(row.attribute) + " leads to nothing";
-        if (++m_Unknown <= mostSuggestions)
-            finding.suggestion = VEXMELKMeant(name, {known->begin(), known->end()});
+        if (++m_Unknown > mostSuggestions)
+            return;
+        const std::vector<std::string> names(known->begin(), known->end());
+        finding.suggestion = VEXMELKNearlySame(name, names);
+        const bool isSafe = !finding.suggestion.empty();
+        if (!isSafe)
+            finding.suggestion = VEXMELKMeant(name, names);
         const VEXMELKWrittenFile::Tag* tag = file.Nodes()[node].tag;
         const auto* written = tag ? file.Written()->AttributeOf(*tag, row.attribute) : nullptr;
-        if (!finding.suggestion.empty() && written && file.Written()->Text(written->value) == name &&
+        if (isSafe && written && file.Written()->Text(written->value) == name &&
             VEXMELKEscaped(finding.suggestion) == finding.suggestion)
             finding.edits.push_back({written->value.begin, written->value.end, finding.suggestion});
     }
