@@ -70,8 +70,8 @@ std::string VEXMELKFileOf(const VEXMELKDescription& description);
 std::string VEXMELKAskedAs(const VEXMELKCheckedFile& file, std::size_t node);
 // What the checks get without the attribute: "front_offset is 120mm (of "default", 35:23)".
 std::string VEXMELKWithout(const VEXMELKCheckedFile& file, std::size_t node, const VEXMELKRow& row);
-// The name that this one is but for letters; not for digits, by which names differ on purpose. Empty when there is
-// none.
+// The name that this one is but for a slip of the pen. Names with other numbers, words or abbreviations are not. Empty
+// when there is none.
 std::string VEXMELKNearlySame(const std::string& name, const std::vector<std::string>& others);
 // "35:23".
 std::string VEXMELKPlaceText(VEXMELKPosition position);
