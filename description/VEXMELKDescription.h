@@ -70,6 +70,7 @@ struct VEXMELKDescription
     std::span<const VEXMELKOperation> operations = {};
     const VEXMELKDescription* base = nullptr; // what the class inherits
     VEXMELKLayout layout = VEXMELKLayout::Parts;
+    std::string_view root = "configuration"; // the usual tag of the root; any other is read as well
 };
 
 #endif

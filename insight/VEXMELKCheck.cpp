@@ -342,13 +342,6 @@ std::vector<std::string> VEXMELKCheckedDirectory::NamesOf(
     return names;
 }
 
-std::string VEXMELKFileOf(const VEXMELKDescription& description)
-{
-    std::string file(description.file);
-    std::replace(file.begin(), file.end(), '\\', '/');
-    return file;
-}
-
 std::string VEXMELKPlaceText(VEXMELKPosition position)
 {
     return std::to_string(position.line) + ":" + std::to_string(position.column);

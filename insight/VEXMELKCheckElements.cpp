@@ -277,18 +277,12 @@ private:
     void CheckMissing(std::size_t node, const VEXMELKElementKind::Attribute& attribute)
     {
         const VEXMELKElementKind& kind = *m_File.Nodes()[node].place.kind;
-        const auto isKeyOf = [&](const VEXMELKElement* element)
-        {
-            return element->key && element->key->attribute == attribute.name &&
-                   (element->key->whenMissing.rule == VEXMELKWhenMissing::Skips ||
-                       element->key->whenMissing.rule == VEXMELKWhenMissing::Fails);
-        };
         const std::string tag = TagText(m_File.TagOf(node));
         const std::string name = VEXMELKQuoted(attribute.name);
-        if (std::any_of(kind.described.begin(), kind.described.end(), isKeyOf))
+        if (kind.IsFoundBy(attribute))
             m_Findings.AtElement("missing-name", m_File, node, tag + " has no " + name + ": it is never found").effect =
                 VEXMELKAskedAs(m_File, node) + "the element plays no part";
-        else if (attribute.rows.front()->whenMissing.rule == VEXMELKWhenMissing::Fails)
+        else if (kind.Needs(attribute))
             m_Findings.AtElement("missing-attribute", m_File, node, tag + " has no " + name + ": queries for it fail");
         else if (attribute.rows.front()->whenMissing.rule == VEXMELKWhenMissing::Repeats && HasEarlierTwin(node))
             m_Findings

@@ -2,6 +2,7 @@
 #include "VEXMELKCheckPasses.h"
 
 #include "VEXMELKSuggestions.h"
+#include "VEXMELKTrial.h"
 
 #include <algorithm>
 #include <cctype>

@@ -63,9 +63,6 @@ private:
     std::map<const VEXMELKDescription*, VEXMELKCheckedConfiguration> m_Configurations;
 };
 
-// "OVA/UFCurb.xml".
-std::string VEXMELKFileOf(const VEXMELKDescription& description);
-
 // "UFCurb, EU Passenger Car, suv: ", as far as the node stands in these.
 std::string VEXMELKAskedAs(const VEXMELKCheckedFile& file, std::size_t node);
 // What the checks get without the attribute: "front_offset is 120mm (of "default", 35:23)".

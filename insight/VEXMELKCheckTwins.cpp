@@ -9,51 +9,6 @@ namespace {
 
 using File = VEXMELKCheckedFile;
 
-bool IsRowRule(VEXMELKChoice choice)
-{
-    switch (choice)
-    {
-    case VEXMELKChoice::NearestAngle:
-    case VEXMELKChoice::LengthBelow:
-    case VEXMELKChoice::NearestTravel:
-    case VEXMELKChoice::Coeficients1997:
-    case VEXMELKChoice::Radii1997:
-    case VEXMELKChoice::Radii2002:
-    case VEXMELKChoice::HeadContour:
-        return true;
-    default:
-        return false;
-    }
-}
-
-// How much a description says about which of several elements counts.
-int Weight(const VEXMELKElement& element)
-{
-    const bool isRead =
-        std::any_of(element.tables.begin(), element.tables.end(), [](VEXMELKRows table) { return !table.empty(); });
-    if (element.tag == "*" && (!element.below || !isRead))
-        return -1; // the root, and what only counts elements
-    if (IsRowRule(element.choice))
-        return 4;
-    if (element.key && element.choice == VEXMELKChoice::ByKey)
-        return 3;
-    if (element.key && element.choice == VEXMELKChoice::Each && element.fallBack == VEXMELKFallBack::Overlay)
-        return 2;
-    return element.choice == VEXMELKChoice::Each || element.choice == VEXMELKChoice::ByKey ? 1 : 0;
-}
-
-const VEXMELKElement* Ruling(const VEXMELKElementKind& kind)
-{
-    const VEXMELKElement* ruling = nullptr;
-    for (const VEXMELKElement* element : kind.described)
-    {
-        const bool isNearer = !ruling || ruling->tag == "*" || Weight(*element) > Weight(*ruling);
-        if (Weight(*element) >= 0 && isNearer && (!ruling || element->tag != "*"))
-            ruling = element;
-    }
-    return ruling;
-}
-
 // The element below which the described one is looked for.
 std::size_t AnchorOf(const File& file, std::size_t node, const VEXMELKElement& element)
 {
@@ -79,7 +34,7 @@ template <class Act> void ForEachRuled(const File& file, Act act)
 {
     for (std::size_t node = 1; node < file.Nodes().size(); ++node)
         if (!file.Nodes()[node].isLeftOut)
-            if (const VEXMELKElement* ruling = Ruling(*file.Nodes()[node].place.kind))
+            if (const VEXMELKElement* ruling = file.Nodes()[node].place.kind->Ruling())
                 act(node, *ruling, AnchorOf(file, node, *ruling));
 }
 
@@ -97,13 +52,14 @@ public:
 private:
     void CheckElement(std::size_t node, const VEXMELKElement& element, std::size_t anchor)
     {
-        if (Weight(element) == 1)
+        const VEXMELKTwins twins = VEXMELKTwinsOf(element);
+        if (twins == VEXMELKTwins::Each)
             return CheckOfList(node, element, anchor);
-        const bool isKeyed = Weight(element) > 1;
+        const bool isKeyed = twins > VEXMELKTwins::Each;
         const auto key = isKeyed ? m_File.TextOf(node, element.key->attribute) : std::optional<std::string_view>("");
         if (!key)
             return;
-        const auto amount = IsRowRule(element.choice) ? VEXMELKAmountOf(*element.key, *key) : std::nullopt;
+        const auto amount = twins == VEXMELKTwins::ByRow ? VEXMELKAmountOf(*element.key, *key) : std::nullopt;
         const std::string identity = std::to_string(anchor) + " " + std::string(m_File.TagOf(node)) + " " +
                                      (amount ? NumberText(*amount) : std::string(*key));
         const auto [first, isNew] = m_First.emplace(identity, node);
@@ -214,7 +170,7 @@ public:
         ForEachRuled(m_File,
             [&](std::size_t node, const VEXMELKElement& element, std::size_t anchor)
             {
-                if (!IsOrdered(element.choice))
+                if (!IsOrdered(element))
                     return;
                 const auto key = m_File.TextOf(node, element.key->attribute);
                 const auto amount = key ? VEXMELKAmountOf(*element.key, *key) : std::nullopt;
@@ -229,10 +185,10 @@ public:
     }
 
 private:
-    static bool IsOrdered(VEXMELKChoice choice)
+    static bool IsOrdered(const VEXMELKElement& element)
     {
-        return IsRowRule(choice) && choice != VEXMELKChoice::NearestAngle && choice != VEXMELKChoice::LengthBelow &&
-               choice != VEXMELKChoice::NearestTravel;
+        return VEXMELKTwinsOf(element) == VEXMELKTwins::ByRow && element.choice != VEXMELKChoice::NearestAngle &&
+               element.choice != VEXMELKChoice::LengthBelow && element.choice != VEXMELKChoice::NearestTravel;
     }
 
     // Rows of head contours are written with increasing travel, where the last below the travel counts; the others with

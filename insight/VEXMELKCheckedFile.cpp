@@ -30,37 +30,16 @@ private:
 
 } // namespace
 
-const VEXMELKElementKind::Attribute* VEXMELKElementKind::Find(std::string_view attribute) const
-{
-    const auto found = std::find_if(
-        attributes.begin(), attributes.end(), [&](const Attribute& each) { return each.name == attribute; });
-    return found == attributes.end() ? nullptr : &*found;
-}
-
-const VEXMELKElement* VEXMELKElementKind::As(std::string_view tag) const
-{
-    const auto found = std::find_if(
-        described.begin(), described.end(), [&](const VEXMELKElement* element) { return element->tag == tag; });
-    return found == described.end() ? nullptr : *found;
-}
-
 VEXMELKElementPlaces::VEXMELKElementPlaces(const VEXMELKDescription& description)
+    : m_Elements(VEXMELKElementsWithParents(description))
 {
-    for (const VEXMELKElement* element : VEXMELKElementsOf(description))
-        Add(*element);
-}
-
-std::size_t VEXMELKElementPlaces::Add(const VEXMELKElement& element)
-{
-    const auto known = std::find(m_Elements.begin(), m_Elements.end(), &element);
-    if (known != m_Elements.end())
-        return static_cast<std::size_t>(known - m_Elements.begin());
-    const std::size_t below = element.below ? Add(*element.below) : 0;
-    const std::size_t number = m_Elements.size();
-    m_Elements.push_back(&element);
-    m_Below.push_back(element.below ? below : number);
-    m_ByTag[element.tag].push_back(number);
-    return number;
+    for (std::size_t number = 0; number < m_Elements.size(); ++number)
+    {
+        const VEXMELKElement* below = m_Elements[number]->below ? m_Elements[number]->below : m_Elements[number];
+        m_Below.push_back(
+            static_cast<std::size_t>(std::find(m_Elements.begin(), m_Elements.end(), below) - m_Elements.begin()));
+        m_ByTag[m_Elements[number]->tag].push_back(number);
+    }
 }
 
 const VEXMELKElementKind* VEXMELKElementPlaces::KindOf(const Set& own) const
@@ -68,27 +47,11 @@ const VEXMELKElementKind* VEXMELKElementPlaces::KindOf(const Set& own) const
     std::unique_ptr<VEXMELKElementKind>& kind = m_Kinds[own];
     if (kind)
         return kind.get();
-    kind = std::make_unique<VEXMELKElementKind>();
-    const auto add = [&](const VEXMELKRow& row)
-    {
-        auto found = std::find_if(kind->attributes.begin(), kind->attributes.end(),
-            [&](const VEXMELKElementKind::Attribute& attribute) { return attribute.name == row.attribute; });
-        if (found == kind->attributes.end())
-            found = kind->attributes.insert(found, {row.attribute, {}});
-        found->rows.push_back(&row);
-    };
+    std::vector<const VEXMELKElement*> elements;
     for (std::size_t number = 0; number < m_Elements.size(); ++number)
-    {
-        if (!own[number])
-            continue;
-        const VEXMELKElement& element = *m_Elements[number];
-        kind->described.push_back(&element);
-        for (const VEXMELKRows table : element.tables)
-            std::for_each(table.begin(), table.end(), add);
-        if (element.key && !kind->Find(element.key->attribute))
-            add(*element.key);
-        kind->isKnown = kind->isKnown || element.tag != "*" || !kind->attributes.empty();
-    }
+        if (own[number])
+            elements.push_back(m_Elements[number]);
+    kind = std::make_unique<VEXMELKElementKind>(std::move(elements));
     return kind.get();
 }
 

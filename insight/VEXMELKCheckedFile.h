@@ -3,7 +3,7 @@
 #define VEXMELKCheckedFile_H
 
 #include "CATIDOM.h"
-#include "VEXMELKDescription.h"
+#include "VEXMELKElementKind.h"
 #include "VEXMELKWrittenFile.h"
 
 #include <bitset>
@@ -12,24 +12,6 @@
 #include <memory>
 #include <optional>
 #include <unordered_map>
-
-// Elements that stand at the same place of a description: all that is said of them.
-struct VEXMELKElementKind
-{
-    struct Attribute
-    {
-        std::string_view name;
-        std::vector<const VEXMELKRow*> rows; // several may read it
-    };
-    std::vector<const VEXMELKElement*> described;
-    std::vector<Attribute> attributes;
-    // False when it is only among elements whose tags are free and nothing is read from them.
-    bool isKnown = false;
-
-    const Attribute* Find(std::string_view attribute) const;
-    // The described element with the tag, at any depth or not; null when it is none.
-    const VEXMELKElement* As(std::string_view tag) const;
-};
 
 // The elements of a description by where they stand.
 class VEXMELKElementPlaces
@@ -60,7 +42,6 @@ public:
     const VEXMELKElement* FindReaderOf(std::string_view attribute) const;
 
 private:
-    std::size_t Add(const VEXMELKElement& element);
     const VEXMELKElementKind* KindOf(const Set& own) const;
 
     std::vector<const VEXMELKElement*> m_Elements;

@@ -1,8 +1,9 @@
 // Elements that are alike in all but their tags, and attributes that are alike in all but their names, share a line.
 #include "VEXMELKFormatTable.h"
 
+#include "VEXMELKRowText.h"
+
 #include <algorithm>
-#include <charconv>
 #include <vector>
 
 namespace {
@@ -18,69 +19,6 @@ std::string Line(
     return line + "\n";
 }
 
-std::string Number(double number)
-{
-    char text[32];
-    return {text, std::to_chars(std::begin(text), std::end(text), number).ptr};
-}
-
-std::string ValueWhenMissing(const VEXMELKRow& row)
-{
-    const VEXMELKWhenMissing& missing = row.whenMissing;
-    switch (row.form)
-    {
-    case VEXMELKForm::Flag:
-        return missing.flag ? "true" : "false";
-    case VEXMELKForm::Text:
-        return missing.text.empty() ? "empty" : Quoted(missing.text);
-    case VEXMELKForm::Integer:
-        return std::to_string(missing.integer);
-    case VEXMELKForm::Word:
-        for (const VEXMELKWord& word : row.words.list)
-            if (word.value == missing.integer)
-                return Quoted(word.text);
-        return std::to_string(missing.integer);
-    default:
-        return Number(missing.number);
-    }
-}
-
-std::string WhenMissing(const VEXMELKRow& row)
-{
-    switch (row.whenMissing.rule)
-    {
-    case VEXMELKWhenMissing::Keeps:
-        return "kept";
-    case VEXMELKWhenMissing::Repeats:
-        return "**that of the one before it**";
-    case VEXMELKWhenMissing::Skips:
-        return "skipped";
-    case VEXMELKWhenMissing::Fails:
-        return "kept; the query fails";
-    default:
-        return ValueWhenMissing(row);
-    }
-}
-
-std::string_view HandedOutAs(VEXMELKForm form)
-{
-    switch (form)
-    {
-    case VEXMELKForm::Millimetres:
-        return "a number in millimetres";
-    case VEXMELKForm::Metres:
-        return "a number in metres";
-    case VEXMELKForm::Radians:
-        return "a number in radians";
-    case VEXMELKForm::Number:
-        return "a plain number";
-    case VEXMELKForm::Integer:
-        return "an integer";
-    default:
-        return {};
-    }
-}
-
 std::string Meaning(const VEXMELKRow& row, bool isKey)
 {
     std::string meaning(row.meaning);
@@ -88,7 +26,7 @@ std::string Meaning(const VEXMELKRow& row, bool isKey)
         meaning = "flag: " + meaning;
     if (row.isSecret)
         meaning += " (secret)";
-    const std::string_view handedOut = HandedOutAs(row.form);
+    const std::string_view handedOut = VEXMELKHandedOutAs(row.form);
     if (!isKey && !handedOut.empty())
         meaning += " (" + std::string(handedOut) + ")";
     return meaning;
@@ -124,7 +62,7 @@ std::string Joined(const std::vector<std::string>& names)
 
 void AddRow(std::vector<Entry>& entries, const VEXMELKRow& row, bool isKey = false)
 {
-    const Entry entry{{Quoted(row.attribute)}, std::string(row.unit), Meaning(row, isKey), WhenMissing(row)};
+    const Entry entry{{Quoted(row.attribute)}, std::string(row.unit), Meaning(row, isKey), VEXMELKWhenMissingText(row)};
     const auto like =
         std::find_if(entries.begin(), entries.end(), [&](const Entry& each) { return entry.IsLike(each); });
     if (like == entries.end())

@@ -104,21 +104,39 @@ std::vector<const VEXMELKElement*> VEXMELKElementsOf(const VEXMELKDescription& d
     return elements;
 }
 
+std::vector<const VEXMELKElement*> VEXMELKElementsWithParents(const VEXMELKDescription& description)
+{
+    std::vector<const VEXMELKElement*> all;
+    for (const VEXMELKElement* element : VEXMELKElementsOf(description))
+    {
+        const auto begin = static_cast<std::ptrdiff_t>(all.size());
+        for (; element && std::find(all.begin(), all.end(), element) == all.end(); element = element->below)
+            all.push_back(element);
+        std::reverse(all.begin() + begin, all.end());
+    }
+    return all;
+}
+
+std::string VEXMELKFileOf(const VEXMELKDescription& description)
+{
+    std::string file(description.file);
+    std::replace(file.begin(), file.end(), '\\', '/');
+    return file;
+}
+
 std::vector<VEXMELKSourceFile> VEXMELKLoadFiles(
     const VEXMELKDescription& description, const CATUnicodeString& directory)
 {
-    CATUnicodeString name(description.file);
-    name.ReplaceAll('\\', '/');
+    const std::string name = VEXMELKFileOf(description);
     const auto loader = CATHandle<Loader>::Create(description, directory);
     const VEXMELKRootDOMElementsDefinition roots = loader->Roots();
-    const bool isSplit =
-        description.layout == VEXMELKLayout::Parts && VEXMELKUtilities::FileExists(directory + "/Default/" + name) != 0;
+    const bool isSplit = description.layout == VEXMELKLayout::Parts &&
+                         VEXMELKUtilities::FileExists(directory + CATUnicodeString("/Default/" + name)) != 0;
     std::vector<VEXMELKSourceFile> files;
     const auto add = [&](const char* folder, const CATIDOMElement_var& root)
     {
         if (root != NULL_var)
-            files.push_back({folder + std::string(name.ConvertToChar()),
-                directory.ConvertToChar() + std::string("/") + folder + name.ConvertToChar(), root});
+            files.push_back({folder + name, directory.ConvertToChar() + std::string("/") + folder + name, root});
     };
     add(isSplit ? "Default/" : "", roots.DefaultRootElement);
     add("Customer/", roots.CustomerRootElement);

@@ -51,6 +51,11 @@ std::vector<VEXMELKSourceFile> VEXMELKLoadFiles(
 
 // The elements that a configuration reads, those of its bases too.
 std::vector<const VEXMELKElement*> VEXMELKElementsOf(const VEXMELKDescription& description);
+// The same with those that others are described below, each behind the one that it is below.
+std::vector<const VEXMELKElement*> VEXMELKElementsWithParents(const VEXMELKDescription& description);
+
+// "OVA/UFCurb.xml"; empty when its creator gives it.
+std::string VEXMELKFileOf(const VEXMELKDescription& description);
 
 class VEXMELKTrial
 {

@@ -73,7 +73,8 @@ public:
     const Attribute* AttributeOf(const Tag& tag, std::string_view name) const;
     // The offset of a place; the end of the text when there is none.
     std::size_t OffsetOf(VEXMELKPosition position) const;
-    // The place of an offset inside a tag.
+    // The place of an offset; inside a tag the tag makes it quicker to find.
+    VEXMELKPosition PositionOf(std::size_t offset) const;
     VEXMELKPosition PositionIn(const Tag& tag, std::size_t offset) const;
     // Behind the end tag of an element, or behind its only tag.
     std::size_t EndOfElement(const Tag& tag) const;
@@ -102,7 +103,6 @@ public:
 
 private:
     void FindTags();
-    VEXMELKPosition PositionOf(std::size_t offset) const;
     std::size_t LineOf(std::size_t offset) const;
     int CharactersIn(Span span) const;
 

@@ -22,7 +22,7 @@ constexpr VEXMELKElement baseCategories{.tag = "category",
     .key = &baseCategoryName,
     .tables = {overallTable.rows},
     .meaning = "a vehicle category",
-    .whenMissing = "see below"};
+    .whenMissing = "the overall dimensions fail, all else is that of `default`"};
 
 constexpr VEXMELKTable loadingTable{
     Text<&Loading::name>("name", "its name", Skip),
@@ -124,6 +124,7 @@ constinit const VEXMELKDescription VEXMELKBaseDataConfig::description{
     .elements = elements,
     .operations = operations,
     .base = &VEXMELKConfig::description,
+    .root = "basedata",
 };
 
 VEXMELKBaseDataConfig::VEXMELKBaseDataConfig(const CATUnicodeString& configurationDirectory)

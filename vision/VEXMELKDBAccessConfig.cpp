@@ -30,6 +30,7 @@ constinit const VEXMELKDescription VEXMELKDBAccessConfig::description{
     .operations = operations,
     .base = &VEXMELKConfig::description,
     .layout = VEXMELKLayout::Single,
+    .root = "dbaccess",
 };
 
 VEXMELKDBAccessConfig::VEXMELKDBAccessConfig(const CATUnicodeString& configurationDirectory)

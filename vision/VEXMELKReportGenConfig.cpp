@@ -55,6 +55,7 @@ constinit const VEXMELKDescription VEXMELKReportGenConfig::description{
     .elements = elements,
     .operations = operations,
     .base = &VEXMELKConfig::description,
+    .root = "templates",
 };
 
 VEXMELKReportGenConfig::VEXMELKReportGenConfig(const CATUnicodeString& configurationDirectory)

@@ -5,6 +5,7 @@
 #include "Findings.h"
 #include "Patch.h"
 #include "Table.h"
+#include "VEXMELKTrial.h"
 
 #include <algorithm>
 #include <chrono>
@@ -32,13 +33,6 @@ struct Target
     VEXMELKCheckScope scope;
 };
 
-std::string FileOf(const VEXMELKDescription& description)
-{
-    std::string file(description.file);
-    std::replace(file.begin(), file.end(), '\\', '/');
-    return file;
-}
-
 // The directory in which a file would be one of those that are read; nothing when no file has such a name.
 std::optional<fs::path> DirectoryOf(const fs::path& file)
 {
@@ -46,7 +40,7 @@ std::optional<fs::path> DirectoryOf(const fs::path& file)
     for (const Configuration& configuration : AllConfigurations())
         for (const char* folder : {"/Default/", "/Customer/", "/"})
         {
-            const std::string end = folder + FileOf(*configuration.entry->description);
+            const std::string end = folder + VEXMELKFileOf(*configuration.entry->description);
             if (configuration.entry->create && name.ends_with(end))
                 return fs::path(name.substr(0, name.size() - end.size()));
         }
@@ -176,29 +170,48 @@ ExitStatus RunCheck(const CheckOptions& options, const std::string& format)
     return NothingThere;
 }
 
-ExitStatus RunFix(const CheckOptions& options)
+ExitStatus RunFix(const CheckOptions& options, bool asJson)
 {
     Target target = ReadTarget(options.names);
     const VEXMELKCheckResult result = Check(target);
-    const std::size_t mended = options.writes ? WriteFixes(result.findings, target.directory)
-                                              : PrintFixes(std::cout, result.findings, target.directory);
+    std::size_t mended = 0;
+    if (asJson)
+    {
+        const Json fixes = FixesToJson(result.findings, target.directory);
+        PrintJson(fixes);
+        for (const Json& file : fixes["files"])
+            mended += file["findings"].get<std::size_t>();
+    }
+    else if (!options.writes)
+        mended = PrintFixes(std::cout, result.findings, target.directory);
+    if (options.writes)
+        mended = WriteFixes(result.findings, target.directory);
     std::cerr << mended << (mended == 1 ? " finding" : " findings") << (options.writes ? " mended" : " can be mended")
               << std::endl;
     return result.files.empty() && result.findings.empty() ? NothingThere : Done;
 }
 
-// The page of a rule, or of all.
-ExitStatus RunRule(const std::string& id)
+Json RulesToJson(std::span<const VEXMELKRule> rules)
 {
-    if (id.empty())
+    Json list = Json::array();
+    for (const VEXMELKRule& rule : rules)
+        list.push_back({{"id", rule.id}, {"level", VEXMELKNameOf(rule.level)}, {"title", rule.title},
+            {"text", rule.text}, {"bad", rule.bad}, {"good", rule.good}});
+    return {{"version", 1}, {"rules", list}};
+}
+
+// The page of a rule, or of all.
+ExitStatus RunRule(const std::string& id, bool asJson)
+{
+    const VEXMELKRule* one = VEXMELKFindRule(id);
+    if (one || id.empty())
     {
-        for (const VEXMELKRule& rule : VEXMELKRules())
-            std::cout << VEXMELKPageOf(rule) << "\n";
-        return Done;
-    }
-    if (const VEXMELKRule* rule = VEXMELKFindRule(id))
-    {
-        std::cout << VEXMELKPageOf(*rule);
+        const std::span<const VEXMELKRule> rules = one ? std::span(one, 1) : VEXMELKRules();
+        if (asJson)
+            PrintJson(RulesToJson(rules));
+        else
+            for (const VEXMELKRule& rule : rules)
+                std::cout << VEXMELKPageOf(rule) << (one ? "" : "\n");
         return Done;
     }
     std::vector<std::string> known;
@@ -218,13 +231,14 @@ void AddCheckCommands(CommandLine& line)
     check->add_option("--level", options->level, "The lowest level that is shown and counts")
         ->check(CLI::IsMember({"error", "warning", "note"}))
         ->capture_default_str();
-    CLI::App* fix = line.Add(
-        "fix", "The findings that have one safe mend, as a patch", [options](const Host&) { return RunFix(*options); });
+    CLI::App* fix = line.Add("fix", "The findings that have one safe mend, as a patch",
+        [&line, options](const Host&) { return RunFix(*options, line.options.AsJson()); });
     fix->add_flag("--write", options->writes, "Mend the files in place");
     for (CLI::App* command : {check, fix})
         command->add_option("CONFIG|FILE", options->names, "Only these configurations and files");
 
     const auto id = std::make_shared<std::string>();
-    line.Add("rule", "What a rule of check is about", [id](const Host&) { return RunRule(*id); })
+    line.Add("rule", "What a rule of check is about",
+            [&line, id](const Host&) { return RunRule(*id, line.options.AsJson()); })
         ->add_option("ID", *id, "The rule; without it, all of them");
 }

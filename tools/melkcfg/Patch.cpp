@@ -2,8 +2,6 @@
 // mended in place only.
 #include "Patch.h"
 
-#include "Json.h"
-
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -229,4 +227,24 @@ std::size_t WriteFixes(const std::vector<VEXMELKFinding>& findings, const std::s
         count += mend.findings;
     }
     return count;
+}
+
+Json FixesToJson(const std::vector<VEXMELKFinding>& findings, const std::string& directory)
+{
+    Json files = Json::array();
+    for (const auto& [name, mend] : MendsOf(findings))
+    {
+        Json edits = Json::array();
+        const auto file = mend.edits.empty() ? std::nullopt : std::optional(Read(directory + "/" + name));
+        for (const VEXMELKTextEdit& edit : mend.edits)
+        {
+            const VEXMELKPosition begin = file->PositionOf(edit.begin);
+            const VEXMELKPosition end = file->PositionOf(edit.end);
+            edits.push_back({{"line", begin.line}, {"column", begin.column}, {"endLine", end.line},
+                {"endColumn", end.column}, {"text", edit.text}});
+        }
+        files.push_back({{"file", name}, {"findings", mend.findings}, {"edits", edits},
+            {"renamed", mend.renamed.empty() ? Json() : Json(mend.renamed)}});
+    }
+    return {{"version", 1}, {"files", files}};
 }

@@ -2,6 +2,7 @@
 #ifndef MELKCFG_Patch_H
 #define MELKCFG_Patch_H
 
+#include "Json.h"
 #include "VEXMELKCheck.h"
 
 #include <iosfwd>
@@ -10,5 +11,8 @@
 // mends that overlap the first is taken; the others are found again afterwards.
 std::size_t PrintFixes(std::ostream& stream, const std::vector<VEXMELKFinding>& findings, const std::string& directory);
 std::size_t WriteFixes(const std::vector<VEXMELKFinding>& findings, const std::string& directory);
+
+// The same as data: of each file its edits, by lines and columns, and its other name.
+Json FixesToJson(const std::vector<VEXMELKFinding>& findings, const std::string& directory);
 
 #endif
