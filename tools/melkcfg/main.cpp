@@ -14,6 +14,7 @@ ExitStatus Run(int argc, char** argv)
     AddChangeCommands(line);
     AddCheckCommands(line);
     AddSchemaCommands(line);
+    AddDrawCommands(line);
     return line.Run(argc, argv);
 }
 
