@@ -6,16 +6,13 @@
 
 void CATOutOfMemory() { throw std::bad_alloc(); }
 
-// The same names come in the same order over and over: the one that followed the last time is tried first.
-CATXMLNames::Symbol CATXMLNames::Intern(const char* name)
+CATXMLNames::Symbol CATXMLNames::Intern(std::string_view name)
 {
-    Symbol symbol = m_Latest == none ? none : m_Entries[m_Latest].following;
-    if (!Is(symbol, name))
-    {
-        symbol = FindOrAdd(name);
-        if (m_Latest != none)
-            m_Entries[m_Latest].following = symbol;
-    }
+    if (m_Latest != none && CATTextEqual(Name(Likely()), name))
+        return m_Latest = Likely();
+    const Symbol symbol = FindOrAdd(name);
+    if (m_Latest != none)
+        m_Entries[m_Latest].followingBefore = std::exchange(m_Entries[m_Latest].following, symbol);
     return m_Latest = symbol;
 }
 
@@ -25,9 +22,10 @@ CATXMLNames::Symbol CATXMLNames::FindOrAdd(std::string_view name)
     const Symbol symbol = m_Table.FindOrAdd(name, added, [this](Symbol known) { return Name(known); });
     if (symbol == added)
     {
-        m_Entries.Append(
-            {static_cast<std::uint32_t>(m_Characters.Size()), static_cast<std::uint32_t>(name.size()), none});
-        *std::copy(name.begin(), name.end(), m_Characters.Extend(name.size() + 1)) = '\0';
+        const std::size_t begin = m_Characters.Size();
+        m_Entries.Append({static_cast<std::uint32_t>(begin), static_cast<std::uint32_t>(name.size()), 0, 0, 0});
+        std::copy(name.begin(), name.end(), m_Characters.Extend(name.size() + readableBytes));
+        m_Characters.Resize(begin + name.size());
     }
     return symbol;
 }
@@ -85,4 +83,39 @@ CATXMLDocument::Elements CATXMLDocument::ElementsByTagName(Index node, std::stri
     const Index* begin = first == last || *first > node ? first : std::lower_bound(first, last, node + 1);
     const Index* end = begin == last || last[-1] < after ? last : std::lower_bound(begin, last, after);
     return {m_TagElements.Data(), static_cast<Index>(begin - m_TagElements.Data()), static_cast<Index>(end - begin)};
+}
+
+void CATXMLDocument::Complete()
+{
+    m_Nodes[0].endOrLength = static_cast<Index>(m_Nodes.Size());
+    m_Heads.Append({0, static_cast<Index>(m_Attributes.Size()), 0, 0});
+    m_Names.Shrink();
+    m_Nodes.Shrink();
+    m_Heads.Shrink();
+    m_Attributes.Shrink();
+    m_Text.Shrink();
+    IndexTags();
+}
+
+// A counting sort: counts the elements of each tag, turns the counts into begins, and deals the elements out.
+void CATXMLDocument::IndexTags()
+{
+    const std::size_t elements = m_Heads.Size() - 1;
+    const std::size_t symbols = m_Names.Size();
+    const auto tagOf = [&](std::size_t element) { return m_Nodes[m_Heads[element].node].symbol; };
+
+    m_TagBegins.Resize(symbols + 1);
+    std::fill_n(&m_TagBegins[0], symbols + 1, 0U);
+    for (std::size_t element = 0; element < elements; ++element)
+        ++m_TagBegins[tagOf(element)];
+    Index next = 0;
+    for (std::size_t symbol = 0; symbol <= symbols; ++symbol)
+        next += std::exchange(m_TagBegins[symbol], next);
+    m_TagElements.Resize(elements);
+    for (std::size_t element = 0; element < elements; ++element)
+        m_TagElements[m_TagBegins[tagOf(element)]++] = m_Heads[element].node;
+    // Each begin now stands where the next one belongs.
+    for (std::size_t symbol = symbols; symbol > 0; --symbol)
+        m_TagBegins[symbol] = m_TagBegins[symbol - 1];
+    m_TagBegins[0] = 0;
 }

@@ -18,6 +18,7 @@
 #include <new>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 
 // Throws std::bad_alloc: apart, so that programs without exceptions may include this.
 [[noreturn]] void CATOutOfMemory();
@@ -114,13 +115,30 @@ public:
         return m_Latest;
     }
     // The symbol of the name, which is numbered now if it is new.
-    Symbol Intern(const char* name);
+    Symbol Intern(std::string_view name);
+    // The symbols that are likely to be asked for next, once there is any: the same names come in the same order over
+    // and over, so it is the one that followed the last time, or the one before.
+    Symbol Likely() const { return m_Entries[m_Latest].following; }
+    Symbol LessLikely() const { return m_Entries[m_Latest].followingBefore; }
+    void TakeLikely() { m_Latest = Likely(); }
+    void TakeLessLikely()
+    {
+        Entry& latest = m_Entries[m_Latest];
+        std::swap(latest.following, latest.followingBefore);
+        m_Latest = latest.following;
+    }
+    // The one that was asked for last.
+    Symbol Latest() const { return m_Latest; }
+    // Marks the name with the number; false when that is the mark that it has. The first mark has to be above 0.
+    bool Mark(Symbol symbol, std::uint32_t mark) { return std::exchange(m_Entries[symbol].mark, mark) != mark; }
     std::string_view Name(Symbol symbol) const
     {
         const Entry& entry = m_Entries[symbol];
         return {m_Characters.Data() + entry.offset, entry.length};
     }
     std::size_t Size() const { return m_Entries.Size(); }
+    // While names are added, so many bytes may be read from where the text of a name begins, however short it is.
+    static constexpr std::size_t readableBytes = 16;
     void BeginIn(CATXMLStorage& characters, CATXMLStorage& entries)
     {
         m_Characters.BeginIn(characters);
@@ -133,16 +151,14 @@ private:
     {
         std::uint32_t offset;
         std::uint32_t length;
-        Symbol following; // the one that was asked for next, the last time
+        Symbol following; // the one that was asked for next, the last time; at first any
+        Symbol followingBefore;
+        std::uint32_t mark;
     };
     Symbol FindOrAdd(std::string_view name);
-    bool Is(Symbol symbol, const char* name) const
-    {
-        return symbol != none && std::strcmp(m_Characters.Data() + m_Entries[symbol].offset, name) == 0;
-    }
 
     CATTextTable m_Table;
-    CATXMLBuffer<char> m_Characters; // each name ends with a zero
+    CATXMLBuffer<char> m_Characters;
     CATXMLBuffer<Entry> m_Entries;
     mutable Symbol m_Latest = none;
 };
@@ -248,6 +264,7 @@ public:
 
 private:
     friend class CATXMLDocumentWriter;
+    template <class Block> friend class CATXMLPlainReader;
 
     struct Node
     {
@@ -267,6 +284,9 @@ private:
 
     static void Destroy(const CATXMLDocument* document);
     std::string_view OtherNodeName(Index node) const;
+    // What is left to do when all nodes are there.
+    void Complete();
+    void IndexTags();
 
     bool HasChildren(Index node) const { return Type(node) == Element || Type(node) == Document; }
     Index EndOf(Index node) const { return HasChildren(node) ? m_Nodes[node].endOrLength : node + 1; }

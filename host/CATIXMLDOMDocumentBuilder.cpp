@@ -4,10 +4,10 @@
 #include "CATFiles.h"
 #include "CATPath.h"
 #include "CATXMLParse.h"
+#include "CATXMLPlainReader.h"
 
-#include <algorithm>
-#include <cstring>
 #include <new>
+#include <utility>
 
 namespace {
 
@@ -85,10 +85,37 @@ private:
     CATISAXEntityResolver_var m_EntityResolver;
 };
 
-CATResult Finish(
-    CATXMLParse& parse, const CATXMLParse::Reader& reader, std::size_t bytes, CATIDOMDocument_var& document)
+// Bytes that are read as a file is.
+class Memory
 {
-    std::unique_ptr<const CATXMLDocument> parsed = parse.Run(reader, bytes);
+public:
+    explicit Memory(std::string_view bytes) : m_Bytes(bytes) {}
+    std::size_t Size() const { return m_Bytes.size(); }
+    long Read(void* buffer, std::size_t size)
+    {
+        const std::size_t piece = m_Bytes.copy(static_cast<char*>(buffer), size, m_Place);
+        m_Place += piece;
+        return static_cast<long>(piece);
+    }
+    void Rewind() { m_Place = 0; }
+
+private:
+    std::string_view m_Bytes;
+    std::size_t m_Place = 0;
+};
+
+// Most documents are plain. Of all others, CATXMLParse decides what they are.
+template <class Source>
+CATResult Read(Source& source, std::string path, std::string documentTypeDirectory, Listener& listener,
+    CATIDOMDocument_var& document)
+{
+    const auto read = [&](void* buffer, std::size_t size) { return source.Read(buffer, size); };
+    std::unique_ptr<const CATXMLDocument> parsed = CATReadPlainXML(read, source.Size());
+    if (!parsed)
+    {
+        source.Rewind();
+        parsed = CATXMLParse(std::move(path), std::move(documentTypeDirectory), listener).Run(read, source.Size());
+    }
     if (!parsed)
         return E_FAIL;
     document = CATIDOMDocument::Adopt(parsed.release());
@@ -113,11 +140,10 @@ CATResult CATIXMLDOMDocumentBuilder::Parse(const CATUnicodeString& path, const C
         return E_FAIL;
     CATInputFile file(path.ConvertToChar());
     Listener listener(errorHandler, entityResolver);
-    CATXMLParse parse(path.ConvertToChar(), DocumentTypeDirectory(path, optionNames, optionValues), listener);
+    std::string documentTypeDirectory = DocumentTypeDirectory(path, optionNames, optionValues);
     if (file.IsOpen())
-        return Finish(
-            parse, [&](void* buffer, std::size_t size) { return file.Read(buffer, size); }, file.Size(), document);
-    parse.Refuse(file.Reason());
+        return Read(file, path.ConvertToChar(), std::move(documentTypeDirectory), listener, document);
+    CATXMLParse(path.ConvertToChar(), std::move(documentTypeDirectory), listener).Refuse(file.Reason());
     return E_FAIL;
 }
 
@@ -125,16 +151,9 @@ CATResult CATIXMLDOMDocumentBuilder::ParseMemory(
     std::string_view bytes, const CATISAXErrorHandler_var& errorHandler, CATIDOMDocument_var& document) const
 {
     document = NULL_var;
+    Memory memory(bytes);
     Listener listener(errorHandler, NULL_var);
-    CATXMLParse parse("", CATFolderOfFile(""), listener);
-    const auto read = [&](void* buffer, std::size_t size)
-    {
-        const std::size_t piece = std::min(size, bytes.size());
-        std::copy_n(bytes.data(), piece, static_cast<char*>(buffer));
-        bytes.remove_prefix(piece);
-        return static_cast<long>(piece);
-    };
-    return Finish(parse, read, bytes.size(), document);
+    return Read(memory, "", CATFolderOfFile(""), listener, document);
 }
 
 const char* CATIXMLDOMDocumentBuilder::GetParserVersion() { return XML_ExpatVersion(); }

@@ -69,19 +69,21 @@ def shares(path):
             for pattern in patterns
         )
 
-    events = total("Guarded<.*OnStartElement", "Guarded<.*OnText", "Guarded<.*OnEndElement")
-    positions = total("^XML_GetCurrentLineNumber", "^XML_GetCurrentColumnNumber")
-    names = total(r"CATXMLNames::Intern\(")
     document = total(r"VEXMELKConfig::GetRootDOMElement\(CATUnicodeString")
-    parser = total("^XML_ParseBuffer")
-    if not parser:
+    contents = total("CATXMLPlainReader<.*::ReadContents")
+    attributes = total("CATXMLPlainReader<.*::ReadAttributes")
+    texts = total("CATXMLPlainReader<.*::ReadText")
+    room = total("CATXMLPlainReader<.*::ReserveFor")
+    lists = total(r"CATXMLDocument::Complete\(")
+    if not contents:
         return {}
     return {
-        "parser": parser - events,
-        "positions of elements": positions,
-        "names": names,
-        "arena": events - positions - names,
-        "finishing, reading the file": document - parser,
+        "attributes": attributes,
+        "tags": contents - attributes - texts,
+        "texts": texts,
+        "counting beforehand": room,
+        "lists of elements": lists,
+        "finding and reading the file": document - contents - room - lists,
         "catalogue": total(r"VEXMELKConfig::LoadDocuments\(") - document,
     }
 
@@ -180,8 +182,9 @@ def instructions_table(results):
     for size, label in (("1000000", "1 MB"), ("19000000", "19 MB")):
         own = {reader: of[size] - of["1000"] for reader, of in counts.items() if size in of}
         if own:
-            rows.append([label, *(f"{own[reader] / own['expat']:.3f}" for reader in counts)])
-    return table(["instructions, Expat alone = 1", *counts], rows)
+            rows.append([label, *(f"{own[reader] / own['expat']:.3f}" for reader in counts),
+                         f"{own['library'] / own['pugixml']:.2f}"])
+    return table(["instructions, Expat alone = 1", *counts, "library / pugixml"], rows)
 
 
 def load_table(results):
@@ -192,8 +195,8 @@ def load_table(results):
     for what in ("1 MB", "19 MB", "44 files of 10 kB", "sample", "DBAccess.xml"):
         at = {reader: times[f"load/{what}/{reader}"]["time"] for reader in everyone}
         rows.append([labels.get(what, what), *(f"{time / at['expat']:.2f}" for time in at.values()),
-                     duration(at["library"]), duration(at["expat"])])
-    return table(["time, Expat alone = 1", *everyone, "library takes", "Expat takes"], rows)
+                     f"{at['library'] / at['pugixml']:.2f}", duration(at["library"]), duration(at["expat"])])
+    return table(["time, Expat alone = 1", *everyone, "library / pugixml", "library takes", "Expat takes"], rows)
 
 
 def shares_table(results):

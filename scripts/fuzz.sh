@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# scripts/fuzz.sh SECONDS [TARGET...]: runs each fuzzer (document, quantity, configuration, session; two at a time) for that long
-# and prints executions, coverage and finds. Finds stay in build/fuzz-run/TARGET.
+# scripts/fuzz.sh SECONDS [TARGET...]: runs each fuzzer (document, plain, quantity, configuration, session; two at a time) for
+# that long and prints executions, coverage and finds. Finds stay in build/fuzz-run/TARGET. Each execution of "plain"
+# tries 21 documents.
 # scripts/fuzz.sh 0: only replays the committed corpora and the sample configuration.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -8,7 +9,7 @@ cd "$(dirname "$0")/.."
 ensure_packages "${build_packages[@]}" clang-14 libclang-rt-14-dev
 seconds=${1:?usage: scripts/fuzz.sh SECONDS [TARGET...]}
 targets=("${@:2}")
-[ ${#targets[@]} -gt 0 ] || targets=(document quantity configuration session)
+[ ${#targets[@]} -gt 0 ] || targets=(document plain quantity configuration session)
 bin=$PWD/build/fuzz/bin
 run=$PWD/build/fuzz-run
 
@@ -37,7 +38,7 @@ prepare() {
     mkdir -p "$seeds" "$run/$1/corpus" "$run/$1/finds"
     cp fuzz/corpus/"$1"/* "$seeds"
     case $1 in
-    document) find configuration -name '*.xml' -exec cp --backup=numbered {} "$seeds" \; ;;
+    document | plain) find configuration -name '*.xml' -exec cp --backup=numbered {} "$seeds" \; ;;
     configuration) pack_samples "$seeds" ;;
     esac
 }
@@ -63,6 +64,7 @@ report() {
         "$(find "$run/$1/finds" -type f | wc -l)"
 }
 
+export MELK_DAMAGES=20
 # Short stacks of allocations and a small quarantine double the speed.
 export ASAN_OPTIONS=detect_leaks=1:malloc_context_size=4:quarantine_size_mb=32 UBSAN_OPTIONS=print_stacktrace=1
 failed=0

@@ -98,6 +98,36 @@ TEST(Dom, ShowsEveryKindOfNode)
     EXPECT_TRUE(CATIDOMText_var(text->GetNextSibling()) == NULL_var);
 }
 
+// Each document is read twice, the second time with a document type in front: that goes another way.
+TEST(Dom, IsTheSameWhicheverWayItIsRead)
+{
+    std::string lengths = "\n<r>";
+    for (const std::size_t length : {1U, 14U, 15U, 16U, 17U, 31U, 32U, 33U, 63U, 64U, 65U, 127U, 128U, 129U})
+    {
+        const std::string text(length, 'n');
+        lengths += "\n<" + text + " a='" + text + "' " + text + "a='" + text + "\u00E4'>" + text + "</" + text + ">" +
+                   std::string(length, ' ') + "<" + text + "/>" + std::string(length, ' ') + "\n" + text + "&lt;";
+    }
+    std::vector<std::string> documents{lengths + "</r>"};
+    for (const std::vector<std::string>& row : Cells(CaseFile("plainDocuments")))
+        documents.push_back(row[0]);
+    for (const std::string& document : documents)
+    {
+        std::vector<std::string> lines[2];
+        for (int way = 0; way < 2; ++way)
+        {
+            const CATIDOMDocument_var parsed = Parsed((way == 0 ? "" : "<!DOCTYPE r>") + document);
+            Describe(parsed, "", lines[way]);
+            std::vector<CATIDOMElement_var> elements;
+            Walk(parsed, "*", elements);
+            for (const CATIDOMElement_var& element : elements)
+                lines[way].push_back(
+                    std::to_string(element->GetLineNumber()) + ":" + std::to_string(element->GetColumnNumber()));
+        }
+        EXPECT_EQ(lines[0], lines[1]) << document;
+    }
+}
+
 TEST(Dom, FindsAttributesByWholeName)
 {
     std::string many = "<r><none/><e";

@@ -199,6 +199,13 @@ long CATInputFile::Read(void* buffer, std::size_t size)
     return read;
 }
 
+void CATInputFile::Rewind()
+{
+    m_Place = 0;
+    if (m_Descriptor >= 0)
+        lseek(m_Descriptor, 0, SEEK_SET);
+}
+
 CATFileArea::CATFileArea(const std::string& directory) : m_Error(0)
 {
     const std::optional<std::string> real = RealPath(CATSystemPath(directory));

@@ -43,6 +43,8 @@ public:
 
     // Reads the next bytes: the number read, 0 at the end, -1 when the system reports an error.
     long Read(void* buffer, std::size_t size);
+    // Reads from its beginning again.
+    void Rewind();
 
 private:
     friend class CATFileArea;

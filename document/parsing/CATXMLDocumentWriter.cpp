@@ -1,4 +1,4 @@
-// Builds the arena while the parser reports its events, and sorts the elements by tag when the document ends.
+// Builds the arena while the parser reports its events.
 #include "CATXMLDocumentWriter.h"
 
 #include <algorithm>
@@ -121,41 +121,8 @@ std::size_t CATXMLDocumentWriter::Bytes() const
            document.m_Attributes.Size() * sizeof(CATXMLDocument::AttributeEntry) + document.m_Text.Size();
 }
 
-// A counting sort: counts the elements of each tag, turns the counts into begins, and deals the elements out.
-void CATXMLDocumentWriter::IndexTags()
-{
-    CATXMLDocument& document = *m_Document;
-    const std::size_t elements = document.m_Heads.Size() - 1;
-    const std::size_t symbols = document.m_Names.Size();
-    const auto tagOf = [&](std::size_t element) { return document.m_Nodes[document.m_Heads[element].node].symbol; };
-
-    CATXMLBuffer<Index>& begins = document.m_TagBegins;
-    begins.Resize(symbols + 1);
-    std::fill_n(&begins[0], symbols + 1, 0U);
-    for (std::size_t element = 0; element < elements; ++element)
-        ++begins[tagOf(element)];
-    Index next = 0;
-    for (std::size_t symbol = 0; symbol <= symbols; ++symbol)
-        next += std::exchange(begins[symbol], next);
-    document.m_TagElements.Resize(elements);
-    for (std::size_t element = 0; element < elements; ++element)
-        document.m_TagElements[begins[tagOf(element)]++] = document.m_Heads[element].node;
-    // Each begin now stands where the next one belongs.
-    for (std::size_t symbol = symbols; symbol > 0; --symbol)
-        begins[symbol] = begins[symbol - 1];
-    begins[0] = 0;
-}
-
 std::unique_ptr<const CATXMLDocument> CATXMLDocumentWriter::Finish()
 {
-    CATXMLDocument& document = *m_Document;
-    document.m_Nodes[0].endOrLength = static_cast<Index>(document.m_Nodes.Size());
-    document.m_Heads.Append({0, static_cast<Index>(document.m_Attributes.Size()), 0, 0});
-    document.m_Names.Shrink();
-    document.m_Nodes.Shrink();
-    document.m_Heads.Shrink();
-    document.m_Attributes.Shrink();
-    document.m_Text.Shrink();
-    IndexTags();
+    m_Document->Complete();
     return std::move(m_Document);
 }

@@ -36,7 +36,6 @@ private:
     void AppendCharacters(std::string_view text);
     Index AddValue(std::string_view value);
     void CloseText();
-    void IndexTags();
 
     static constexpr std::size_t sharedLengths = 64;
 

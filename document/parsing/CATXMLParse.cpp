@@ -172,20 +172,13 @@ void CATXMLParse::Feed(const Reader& reader, std::size_t expectedBytes)
             return;
         atEnd = read < piece;
         if (isFirst)
-            SeeBegin({buffer, read}, atEnd);
+            m_Mark = MarkOf({buffer, read});
         const XML_Index before = XML_GetCurrentByteIndex(m_Parser);
         CheckParsed(XML_ParseBuffer(m_Parser, static_cast<int>(read), atEnd ? XML_TRUE : XML_FALSE));
         // A single piece of markup larger than the buffer: larger steps keep the work linear.
         if (XML_GetCurrentByteIndex(m_Parser) == before)
             piece = std::min(piece * 2, CATXMLBounds::documentBytes);
     }
-}
-
-void CATXMLParse::SeeBegin(std::string_view bytes, bool isWhole)
-{
-    m_Mark = MarkOf(bytes);
-    if (isWhole)
-        m_Places.SeeDocument(bytes);
 }
 
 // Reads until the buffer is full or the file ends, and tells how many bytes that were.
@@ -254,15 +247,9 @@ CATXMLParse::Place CATXMLParse::Here() const
     return {line, afterMark ? column - 1 : column};
 }
 
-CATXMLParse::Place CATXMLParse::ElementPlace()
-{
-    const bool moved = m_Places.MoveTo(XML_GetCurrentByteIndex(m_Parser));
-    return moved ? Place{m_Places.Line(), m_Places.Column()} : Here();
-}
-
 void CATXMLParse::OnStartElement(const XML_Char* tag, const XML_Char** attributes)
 {
-    const Place place = ElementPlace();
+    const Place place = Here();
     if (++m_Depth > CATXMLBounds::elementDepth)
         return Fail(Bound(CATXMLBounds::elementDepth, "levels of nested elements"));
     if (m_HasDoctype)
@@ -309,8 +296,6 @@ void CATXMLParse::OnEndCData() { m_Writer.EndCData(); }
 
 void CATXMLParse::OnXmlDeclaration(const XML_Char* version, const XML_Char* encoding, int /*standalone*/)
 {
-    if (encoding && m_ExternalDepth == 0)
-        m_Places.SeeEncoding(encoding);
     if (encoding && m_Mark == CATXMLByteOrderMark::UTF8 && strcasecmp(encoding, "UTF-8") != 0)
         Fail("the byte-order mark is that of another encoding than the declared one");
     if (version && std::string_view(version) != "1.0")

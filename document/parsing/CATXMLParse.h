@@ -4,7 +4,6 @@
 
 #include "CATXMLDocumentWriter.h"
 #include "CATXMLEntities.h"
-#include "CATXMLPlaceCounter.h"
 
 #include <expat.h>
 #include <functional>
@@ -70,7 +69,6 @@ private:
 
     void SetHandlers();
     void Feed(const Reader& reader, std::size_t expectedBytes);
-    void SeeBegin(std::string_view bytes, bool isWhole);
     std::size_t Fill(const Reader& reader, char* buffer, std::size_t size);
     void FailToRead(const char* reason);
     void CheckParsed(XML_Status status);
@@ -84,7 +82,6 @@ private:
     };
     Place Here() const;
     std::string InFile(const std::string& message) const;
-    Place ElementPlace();
     void Fail(const std::string& message) { FailAt(Here(), message); }
     void FailAt(Place place, const std::string& message);
     void FailForMemory();
@@ -137,7 +134,6 @@ private:
     CATXMLByteOrderMark m_Mark = CATXMLByteOrderMark::None; // of the document or that file
     CATXMLDocumentWriter m_Writer;
     CATXMLEntities m_Entities;
-    CATXMLPlaceCounter m_Places;
     std::optional<CATXMLParseListener::Problem> m_Failure;
     std::set<std::string> m_MissingExternals;
     std::string m_Markup;
