@@ -19,6 +19,11 @@ if(NOT MSVC)
         $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>)
     # Calls within the library are bound when it is built.
     target_compile_options(melk_compiler INTERFACE -fno-semantic-interposition)
+    # The few words that are each thread's own are found without a call; they fit where any process keeps room for
+    # those of libraries that it loads later.
+    if(UNIX)
+        target_compile_options(melk_compiler INTERFACE -ftls-model=initial-exec)
+    endif()
 endif()
 # The tool and the tests are built in short time rather than to be fast.
 add_library(melk_quick_compiler INTERFACE)

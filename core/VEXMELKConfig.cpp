@@ -69,7 +69,7 @@ static constexpr VEXMELKOperation operations[] = {
 
 constinit const VEXMELKDescription VEXMELKConfig::description{.elements = elements, .operations = operations};
 
-CATIXMLDOMDocumentBuilder* VEXMELKConfig::m_spDOMParser = nullptr;
+constinit std::atomic<CATIXMLDOMDocumentBuilder*> VEXMELKConfig::m_spDOMParser = nullptr;
 
 VEXMELKConfig::VEXMELKConfig(CATUnicodeString path, CATUnicodeString fileName)
     : m_StandardLevels{{{1, {}}, {2, {}}, {3, {}}}},
@@ -163,13 +163,14 @@ unsigned char VEXMELKConfig::CompareStrings(const CATUnicodeString& left, const 
 
 CATIXMLDOMDocumentBuilder* VEXMELKConfig::GetDOMParser()
 {
-    CATIXMLDOMDocumentBuilder_var parser;
-    if (!m_spDOMParser && SUCCEEDED(CreateCATIXMLDOMDocumentBuilder(parser, CLSID_XML4C_DOM)))
-    {
-        m_spDOMParser = parser.Get();
-        m_spDOMParser->AddRef();
-    }
-    return m_spDOMParser;
+    CATIXMLDOMDocumentBuilder* parser = m_spDOMParser;
+    CATIXMLDOMDocumentBuilder_var created;
+    if (parser || FAILED(CreateCATIXMLDOMDocumentBuilder(created, CLSID_XML4C_DOM)))
+        return parser;
+    if (!m_spDOMParser.compare_exchange_strong(parser, created.Get()))
+        return parser; // of another thread
+    created->AddRef();
+    return created.Get();
 }
 
 unsigned char VEXMELKConfig::GetRootDOMElement(const CATUnicodeString& filePath, CATIDOMElement_var& root)

@@ -1,4 +1,4 @@
-// The managers of the two modes, and the one list of all configurations.
+// The managers of the two modes, which each thread has for itself, and the one list of all configurations.
 #include "VEXMELKConfigManager.h"
 
 #include "VEXMELKAPillarConfig.h"
@@ -35,6 +35,7 @@
 #include "VEXMELKReportGenConfig.h"
 #include "VEXMELKSRPLocationCurvesConfig.h"
 #include "VEXMELKSeatingBeltsConfig.h"
+#include "VEXMELKThreadEnd.h"
 #include "VEXMELKUFCompleteConfig.h"
 #include "VEXMELKUFCurbConfig.h"
 #include "VEXMELKUFDynamicCurbConfig.h"
@@ -54,8 +55,14 @@
 #include <type_traits>
 #include <utility>
 
-VEXMELKConfigManager* VEXMELKConfigManager::m_Configuration = nullptr;
-VEXMELKConfigManager* VEXMELKConfigManager::m_TestConfiguration = nullptr;
+// The managers of the calling thread.
+struct [[gnu::visibility("hidden")]] VEXMELKConfigManager::OfThread
+{
+    VEXMELKConfigManager* m_Configuration = nullptr;     // normal mode
+    VEXMELKConfigManager* m_TestConfiguration = nullptr; // test mode
+    static thread_local OfThread managers;
+};
+constinit thread_local VEXMELKConfigManager::OfThread VEXMELKConfigManager::OfThread::managers;
 
 namespace {
 
@@ -182,9 +189,14 @@ VEXMELKConfigManager* VEXMELKConfigManager::GetCurrentManager()
     const VEXMELKAppMode mode = VEXMELKUtilities::GetAppMode();
     if (mode != VEXMELKNormalMode && mode != VEXMELKTestMode)
         return nullptr;
-    VEXMELKConfigManager*& manager = mode == VEXMELKNormalMode ? m_Configuration : m_TestConfiguration;
+    OfThread& managers = OfThread::managers;
+    VEXMELKConfigManager*& manager =
+        mode == VEXMELKNormalMode ? managers.m_Configuration : managers.m_TestConfiguration;
     if (!manager)
+    {
+        VEXMELKAtThreadEnd(ReleaseConfigManager);
         manager = new (std::nothrow) VEXMELKConfigManager;
+    }
     return manager;
 }
 
@@ -196,7 +208,8 @@ bool VEXMELKConfigManager::WritesCommas()
 
 void VEXMELKConfigManager::ReleaseConfigManager()
 {
-    for (VEXMELKConfigManager** manager : {&m_Configuration, &m_TestConfiguration})
+    OfThread& managers = OfThread::managers;
+    for (VEXMELKConfigManager** manager : {&managers.m_Configuration, &managers.m_TestConfiguration})
     {
         if (*manager)
             (*manager)->m_IsReleased = true;

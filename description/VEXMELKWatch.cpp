@@ -1,8 +1,21 @@
-// The installed watch.
+// The installed watches.
 #include "VEXMELKWatch.h"
 
 #include <utility>
 
-VEXMELKWatch* VEXMELKWatch::m_Installed = nullptr;
+namespace {
 
-VEXMELKWatch* VEXMELKWatch::Install(VEXMELKWatch* watch) { return std::exchange(m_Installed, watch); }
+constinit thread_local VEXMELKWatch* watchOfThread = nullptr;
+
+} // namespace
+
+constinit std::atomic<int> VEXMELKWatch::m_Count = 0;
+
+VEXMELKWatch* VEXMELKWatch::OfThread() { return watchOfThread; }
+
+VEXMELKWatch* VEXMELKWatch::Install(VEXMELKWatch* watch)
+{
+    VEXMELKWatch* before = std::exchange(watchOfThread, watch);
+    m_Count += (watch ? 1 : 0) - (before ? 1 : 0);
+    return before;
+}

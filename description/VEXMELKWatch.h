@@ -1,13 +1,15 @@
 // Watching look-ups: which elements were looked for and which attributes were read, as the descriptions name them.
 //
-// While a watch is installed, it is told of each look-up that a reader makes. Without one a look-up costs a branch that
-// is not taken.
+// While a thread has a watch installed, it is told of each look-up that a reader makes in that thread. Where no thread
+// has one, a look-up costs a branch that is not taken.
 #ifndef VEXMELKWatch_H
 #define VEXMELKWatch_H
 
 #include "CATIDOM.h"
 #include "VEXMELKConfigurationExport.h"
 #include "VEXMELKRow.h"
+
+#include <atomic>
 
 struct VEXMELKElement;
 
@@ -21,12 +23,13 @@ public:
     virtual void OnRows(
         const CATIDOMNamedNodeMap_var& map, const CATIDOMNamedNodeMap_var& defaultMap, VEXMELKRows rows) = 0;
 
-    // Installs a watch, or null, and returns the one before. The caller keeps ownership.
+    // Installs a watch of the calling thread, or null, and returns the one before. The caller keeps ownership.
     static VEXMELKWatch* Install(VEXMELKWatch* watch);
-    static VEXMELKWatch* Installed() { return m_Installed; }
+    static VEXMELKWatch* Installed() { return m_Count.load(std::memory_order_relaxed) == 0 ? nullptr : OfThread(); }
 
 private:
-    static VEXMELKWatch* m_Installed;
+    static VEXMELKWatch* OfThread();
+    static std::atomic<int> m_Count; // of the watches that are installed, in all threads
 };
 
 #endif

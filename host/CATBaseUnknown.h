@@ -16,7 +16,7 @@ constexpr bool SUCCEEDED(CATResult result) { return result >= 0; }
 constexpr bool FAILED(CATResult result) { return result < 0; }
 
 // Base of every component. An object starts with one reference, its creator's; the last Release destroys it.
-// Components are used from one thread; the count is not atomic.
+// A component belongs to one thread, and so do the handles that hold it: the count is not atomic.
 class CATBaseUnknown
 {
 public:

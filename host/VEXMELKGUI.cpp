@@ -1,8 +1,8 @@
 // Hands boxes to the presenter. An exception of the host's does not get past it.
 #include "VEXMELKGUI.h"
 
+#include <atomic>
 #include <iostream>
-#include <utility>
 
 namespace {
 
@@ -11,17 +11,20 @@ class StandardErrorPresenter final : public VEXMELKMessagePresenter
 public:
     void Show(Kind kind, const CATUnicodeString& title, const CATUnicodeString& text) override
     {
-        std::cerr << (kind == Error ? "error: " : "warning: ") << title.ConvertToChar() << ": " << text.ConvertToChar()
-                  << std::endl;
+        // In one piece, whichever threads write.
+        const CATUnicodeString line = CATUnicodeString(kind == Error ? "error: " : "warning: ") + title + ": " + text;
+        std::cerr << (line + "\n").ConvertToChar() << std::flush;
     }
 };
 
-VEXMELKMessagePresenter* installedPresenter = nullptr;
+std::atomic<VEXMELKMessagePresenter*> installedPresenter = nullptr;
 
 void Show(VEXMELKMessagePresenter::Kind kind, const CATUnicodeString& title, const CATUnicodeString& text)
 {
     StandardErrorPresenter standardError;
-    VEXMELKMessagePresenter* presenter = installedPresenter ? installedPresenter : &standardError;
+    VEXMELKMessagePresenter* presenter = installedPresenter;
+    if (!presenter)
+        presenter = &standardError;
     try
     {
         presenter->Show(kind, title, text);
@@ -47,5 +50,5 @@ void VEXMELKGUI::ShowWarning(
 
 VEXMELKMessagePresenter* VEXMELKGUI::InstallPresenter(VEXMELKMessagePresenter* presenter)
 {
-    return std::exchange(installedPresenter, presenter);
+    return installedPresenter.exchange(presenter);
 }

@@ -1,4 +1,6 @@
 // Message boxes. They go to the presenter that the host installed, or else, one line each, to standard error.
+//
+// The presenter is called by the thread whose query shows the box, so by several at once when several threads ask.
 #ifndef VEXMELKGUI_H
 #define VEXMELKGUI_H
 
@@ -28,7 +30,8 @@ public:
     static void ShowWarning(
         const CATUnicodeString& text, const CATUnicodeString& title, int options, CATDialog* parent);
 
-    // Installs the presenter, null for none, and returns the one before. The caller keeps ownership.
+    // Installs the presenter, null for none, and returns the one before. The caller keeps ownership; a query of
+    // another thread that runs meanwhile may still show its boxes by the one before.
     static VEXMELKMessagePresenter* InstallPresenter(VEXMELKMessagePresenter* presenter);
 };
 

@@ -1,10 +1,10 @@
 // The settings that are read from the environment, unless the host has put its own in their place.
 #include "VEXMELKGetAdminAccess.h"
 
+#include <atomic>
 #include <cstddef>
 #include <cstdlib>
 #include <new>
-#include <optional>
 
 namespace {
 
@@ -37,7 +37,8 @@ public:
     }
 };
 
-std::optional<const VEXIMELKAccessAdminAttr*> replacement;
+std::atomic<const VEXIMELKAccessAdminAttr*> replacement = nullptr;
+std::atomic<bool> isReplaced = false;
 
 } // namespace
 
@@ -46,9 +47,13 @@ const VEXIMELKAccessAdminAttr* VEXMELKGetAdminAccess::VEXMELKGetAdminAccessAttr(
     // Never destroyed: callers may ask while the process ends.
     alignas(EnvironmentAccess) static std::byte storage[sizeof(EnvironmentAccess)];
     static const EnvironmentAccess* const environment = new (storage) EnvironmentAccess;
-    return replacement.value_or(environment);
+    return isReplaced ? replacement.load() : environment;
 }
 
-void VEXMELKGetAdminAccess::ReplaceAccessAttr(const VEXIMELKAccessAdminAttr* access) { replacement = access; }
+void VEXMELKGetAdminAccess::ReplaceAccessAttr(const VEXIMELKAccessAdminAttr* access)
+{
+    replacement = access;
+    isReplaced = true;
+}
 
-void VEXMELKGetAdminAccess::Reset() { replacement.reset(); }
+void VEXMELKGetAdminAccess::Reset() { isReplaced = false; }

@@ -1,4 +1,7 @@
 // The administration settings: where the application finds its configuration.
+//
+// A settings object is asked by the thread that needs a setting, so by several at once when several threads ask. One
+// that reads the environment needs it to stay as it is while they do.
 #ifndef VEXMELKGetAdminAccess_H
 #define VEXMELKGetAdminAccess_H
 
@@ -25,7 +28,8 @@ public:
     // variable that is empty counts as not set.
     static const VEXIMELKAccessAdminAttr* VEXMELKGetAdminAccessAttr();
 
-    // Puts the host's object, or null, in the place of the default. The caller keeps ownership.
+    // Puts the host's object, or null, in the place of the default. The caller keeps ownership; a query of another
+    // thread that runs meanwhile may still ask the one before.
     static void ReplaceAccessAttr(const VEXIMELKAccessAdminAttr* access);
     static void Reset();
 };

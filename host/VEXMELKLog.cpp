@@ -1,23 +1,24 @@
 // Hands lines to the sink. An exception of the host's does not get past it.
 #include "VEXMELKLog.h"
 
+#include <atomic>
 #include <iostream>
 #include <utility>
 
 namespace {
 
-int currentLevel = VEXMELKLog::ErrorLevel;
-VEXMELKLogSink* installedSink = nullptr;
+std::atomic<int> currentLevel = VEXMELKLog::ErrorLevel;
+std::atomic<VEXMELKLogSink*> installedSink = nullptr;
 
 void Write(const char* tag, const char* area, const CATUnicodeString& text)
 {
     const CATUnicodeString line = CATUnicodeString(tag) + area + ": " + text;
     try
     {
-        if (installedSink)
-            installedSink->Write(line);
+        if (VEXMELKLogSink* sink = installedSink)
+            sink->Write(line);
         else
-            std::cerr << line.ConvertToChar() << std::endl;
+            std::cerr << (line + "\n").ConvertToChar() << std::flush; // in one piece, whichever threads write
     }
     catch (...) // of the host: it must not pass the operation that logs
     {
@@ -42,4 +43,4 @@ void VEXMELKLog::Error(const char* area, const CATUnicodeString& text)
         Write("(EE) ", area, text);
 }
 
-VEXMELKLogSink* VEXMELKLog::InstallSink(VEXMELKLogSink* sink) { return std::exchange(installedSink, sink); }
+VEXMELKLogSink* VEXMELKLog::InstallSink(VEXMELKLogSink* sink) { return installedSink.exchange(sink); }

@@ -1,5 +1,8 @@
 // The application's log. Each line begins with the tag of its level, "(TT) " for trace and "(EE) " for errors, and
 // goes to the sink that the host installed, or else to standard error.
+//
+// Any thread may read or change the level. The sink is called by the thread whose query logs, so by several at once
+// when several threads ask.
 #ifndef VEXMELKLog_H
 #define VEXMELKLog_H
 
@@ -30,7 +33,8 @@ public:
     static void Trace(const char* area, const CATUnicodeString& text);
     static void Error(const char* area, const CATUnicodeString& text);
 
-    // Installs the sink, null for none, and returns the one before. The caller keeps ownership.
+    // Installs the sink, null for none, and returns the one before. The caller keeps ownership; a query of another
+    // thread that runs meanwhile may still write to the one before.
     static VEXMELKLogSink* InstallSink(VEXMELKLogSink* sink);
 };
 

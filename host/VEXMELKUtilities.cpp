@@ -6,6 +6,8 @@
 #include "CATQuantity.h"
 
 #include <algorithm>
+#include <atomic>
+#include <cstdint>
 #include <cstdlib>
 #include <optional>
 #include <sstream>
@@ -14,18 +16,12 @@
 
 namespace {
 
-struct ApplicationState
-{
-    VEXMELKAppMode mode = VEXMELKNormalMode;
-    bool reload = false;
-    bool comma = false;
-};
+std::atomic<VEXMELKAppMode> currentMode = VEXMELKNormalMode;
+std::atomic<bool> writesCommas = false;
 
-ApplicationState& State()
-{
-    static ApplicationState state;
-    return state;
-}
+// Requests to reload are counted; a thread has one pending as long as it has not carried out the last one.
+std::atomic<std::uint64_t> lastReload = 0;
+constinit thread_local std::uint64_t carriedOutReload = 0;
 
 struct CatalogueText
 {
@@ -111,17 +107,23 @@ int Distance(unsigned int left, unsigned int right)
 
 } // namespace
 
-VEXMELKAppMode VEXMELKUtilities::GetAppMode() { return State().mode; }
+VEXMELKAppMode VEXMELKUtilities::GetAppMode() { return currentMode; }
 
-void VEXMELKUtilities::SetAppMode(VEXMELKAppMode mode) { State().mode = mode; }
+void VEXMELKUtilities::SetAppMode(VEXMELKAppMode mode) { currentMode = mode; }
 
-unsigned char VEXMELKUtilities::GetReloadConfigurationFlag() { return State().reload; }
+unsigned char VEXMELKUtilities::GetReloadConfigurationFlag() { return carriedOutReload != lastReload; }
 
-void VEXMELKUtilities::SetReloadConfigurationFlag(unsigned char reload) { State().reload = reload != 0; }
+void VEXMELKUtilities::SetReloadConfigurationFlag(unsigned char reload)
+{
+    if (reload != 0)
+        ++lastReload;
+    else
+        carriedOutReload = lastReload;
+}
 
-unsigned char VEXMELKUtilities::IsCommaDelimeter() { return State().comma; }
+unsigned char VEXMELKUtilities::IsCommaDelimeter() { return writesCommas; }
 
-void VEXMELKUtilities::SetCommaDelimeter(unsigned char comma) { State().comma = comma != 0; }
+void VEXMELKUtilities::SetCommaDelimeter(unsigned char comma) { writesCommas = comma != 0; }
 
 void VEXMELKUtilities::AlterStringBecauseOfDelimeter(CATUnicodeString& text) { text.ReplaceAll(',', '.'); }
 
@@ -188,4 +190,9 @@ CATUnicodeString VEXMELKUtilities::ConvertColorToColorString(unsigned int color)
     return {text};
 }
 
-void VEXMELKUtilities::Reset() { State() = ApplicationState(); }
+void VEXMELKUtilities::Reset()
+{
+    SetAppMode(VEXMELKNormalMode);
+    SetReloadConfigurationFlag(0);
+    SetCommaDelimeter(0);
+}

@@ -1,6 +1,7 @@
 // What the application knows besides the configuration: its mode, the reload request, the decimal separator, files,
 // message texts, quantities and the colour palette. A host sets it up through the Set... operations; Reset gives the
-// state of a fresh process back.
+// state of a fresh process back. The settings are those of the whole process, and any thread may read or change them
+// at any time.
 #ifndef VEXMELKUtilities_H
 #define VEXMELKUtilities_H
 
@@ -18,7 +19,9 @@ public:
     static VEXMELKAppMode GetAppMode();
     static void SetAppMode(VEXMELKAppMode mode);
 
-    // A request to reload the configuration, seen at the next request for its manager.
+    // A request to reload the configuration, seen at the next request for its manager. It is made to all threads, and
+    // each thread has it pending until it has carried it out: a thread that has not asked for a manager since the last
+    // request was made has one pending. Clearing the flag withdraws the request for the calling thread.
     static unsigned char GetReloadConfigurationFlag();
     static void SetReloadConfigurationFlag(unsigned char reload);
 
@@ -54,6 +57,7 @@ public:
     // "#RRGGBB".
     static CATUnicodeString ConvertColorToColorString(unsigned int color);
 
+    // A pending reload is withdrawn for the calling thread.
     static void Reset();
 };
 

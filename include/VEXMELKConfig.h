@@ -11,7 +11,8 @@
 // A file holds elements "standard" with a "name" below its root; inside a standard, elements "category" with a "name"
 // carry the data. The category "default" supplies what a specific category leaves out.
 //
-// Results of type unsigned char are booleans. No operation throws. All objects are used from one thread.
+// Results of type unsigned char are booleans. No operation throws. An object belongs to the thread
+// that made it, and so do the documents that it loads.
 #ifndef VEXMELKConfig_H
 #define VEXMELKConfig_H
 
@@ -21,6 +22,7 @@
 #include "VEXMELKConfigurationExport.h"
 
 #include <array>
+#include <atomic>
 #include <memory>
 #include <string_view>
 
@@ -244,9 +246,9 @@ private:
     std::shared_ptr<VEXMELKStandardCatalogue> m_Catalogue;
     OwnQueryState m_Query;
 
-    // One parser for all objects, created on first use. It keeps its reference for good: objects may still load when
-    // the library's other statics are gone.
-    static CATIXMLDOMDocumentBuilder* m_spDOMParser;
+    // One parser for all objects of all threads, created on first use, and never counted after that. It keeps its
+    // reference for good: objects may still load when the library's other statics are gone.
+    static std::atomic<CATIXMLDOMDocumentBuilder*> m_spDOMParser;
 };
 
 #endif

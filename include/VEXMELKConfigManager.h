@@ -6,7 +6,14 @@
 //         ... curb.FrontOffset is "120mm"
 //
 // There is one manager per application mode, each with a directory of its own. Pointers to configuration objects stay
-// valid until the next reload or release. All of it is used from one thread.
+// valid until the next reload or release.
+//
+// Threads: each thread that asks has managers, configuration objects and documents of its own, and shares nothing with
+// the others that a query counts or keeps. So any number of threads may ask at once, without a lock. What a thread got
+// from its manager - the manager, its objects, handles into their documents - is for that thread alone; the records
+// that a query filled are the caller's. A request to reload (VEXMELKUtilities) reaches every thread, and each carries
+// it out when it asks for its manager the next time. A thread that ends releases its managers; the main thread keeps
+// them to the end of the process, so that the host may ask while it ends.
 #ifndef VEXMELKConfigManager_H
 #define VEXMELKConfigManager_H
 
@@ -68,9 +75,10 @@ class ExportedByVEXMELKConfiguration VEXMELKConfigManager : public CATBaseUnknow
 {
 public:
     // The manager of the current application mode, created on first request; null in an unknown mode. A pending reload
-    // request is carried out first: both managers go, with every configuration object they own.
+    // request is carried out first: both managers of the calling thread go, with every configuration object they own.
     static VEXMELKConfigManager* GetConfigManager();
-    // Releases both managers, with every configuration object they own.
+    // Releases both managers of the calling thread, with every configuration object they own. Those of other threads
+    // stay.
     static void ReleaseConfigManager();
 
     // A copy has the pointers as they are, without references of its own. Managers are not meant to be copied.
@@ -161,6 +169,7 @@ public:
 
 private:
     class List;
+    struct OfThread;
     VEXMELKConfigManager();
     static VEXMELKConfigManager* GetCurrentManager();
     static void ReleaseConfigManager(VEXMELKConfigManager* manager);
@@ -214,9 +223,6 @@ private:
     VEXMELKDBAccessConfig* m_DBAccessConfig = nullptr;
     VEXMELKReportGenConfig* m_ReportGenConfig = nullptr;
     bool m_IsReleased = false; // it lives on only for an operation that is running
-
-    static VEXMELKConfigManager* m_Configuration;     // normal mode
-    static VEXMELKConfigManager* m_TestConfiguration; // test mode
 };
 
 #endif

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds everything and passes every check: release build and tests, the same under AddressSanitizer and
-# UndefinedBehaviorSanitizer (the fuzzers' corpora among them), formatting, clang-tidy, and a program built against the
-# installed package. Installs what is missing. Ends with CTest's summary of the release tests.
+# UndefinedBehaviorSanitizer (the fuzzers' corpora among them), the tests of threads under ThreadSanitizer, formatting,
+# clang-tidy, and a program built against the installed package. Installs what is missing. Ends with CTest's summary of the release tests.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
@@ -26,6 +26,11 @@ step "sanitized build and tests"
 cmake --preset asan >/dev/null
 cmake --build --preset asan
 ctest --preset asan -j "$(nproc)" --progress
+
+step "threads under ThreadSanitizer"
+cmake --preset tsan >/dev/null
+cmake --build --preset tsan
+ctest --preset tsan
 
 step "clang-tidy"
 scripts/tidy.sh

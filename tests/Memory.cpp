@@ -1,18 +1,22 @@
 // In place of the program's allocation functions: counts them and lets one of them fail.
 #include "Memory.h"
 
+#include <algorithm>
 #include <array>
+#include <atomic>
 #include <cstdlib>
 #include <new>
 
 namespace {
 
-std::size_t allocations = 0;
-std::size_t failingAllocation = 0; // 0: none
+// Of the calling thread.
+constinit thread_local std::size_t allocations = 0;
+constinit thread_local std::size_t failingAllocation = 0; // 0: none
 
-const std::set<void*>* watchedObjects = nullptr;
+// Deletions are watched in all threads.
+std::atomic<const std::set<void*>*> watchedObjects = nullptr;
 std::array<void*, 64> deletedObjects;
-std::size_t deletedCount = 0;
+std::atomic<std::size_t> deletedCount = 0;
 
 void* Allocate(std::size_t size)
 {
@@ -22,8 +26,10 @@ void* Allocate(std::size_t size)
 
 void Free(void* object)
 {
-    if (watchedObjects && deletedCount < deletedObjects.size() && watchedObjects->contains(object))
-        deletedObjects[deletedCount++] = object;
+    const std::set<void*>* watched = watchedObjects;
+    if (watched && watched->contains(object))
+        if (const std::size_t place = deletedCount++; place < deletedObjects.size())
+            deletedObjects[place] = object;
     std::free(object);
 }
 
@@ -59,5 +65,6 @@ std::vector<void*> Memory::Deletions(const std::set<void*>& watched, const std::
     watchedObjects = &watched;
     run();
     watchedObjects = nullptr;
-    return std::vector<void*>(deletedObjects.data(), deletedObjects.data() + deletedCount);
+    const std::size_t count = std::min(deletedCount.load(), deletedObjects.size());
+    return std::vector<void*>(deletedObjects.data(), deletedObjects.data() + count);
 }

@@ -9,10 +9,11 @@
 
 namespace Memory {
 
-// Runs the function with the n-th call of operator new, counted from 1, failing. Tells whether it came to that.
+// Runs the function with the n-th call of operator new in this thread, counted from 1, failing. Tells whether it came
+// to that.
 bool RunFailingAllocation(std::size_t number, const std::function<void()>& run);
 
-// The objects of the set that are deleted while the function runs, in that order.
+// The objects of the set that are deleted while the function runs, by whatever thread, in that order.
 std::vector<void*> Deletions(const std::set<void*>& watched, const std::function<void()>& run);
 
 } // namespace Memory

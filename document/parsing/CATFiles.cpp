@@ -10,6 +10,7 @@
 #include <fcntl.h>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -48,6 +49,9 @@ void PushNames(std::string_view path, std::vector<std::string>& names)
         end = separator;
     }
 }
+
+// Guards the files in memory, of which each thread that tries something out has its own.
+std::mutex memoryFilesMutex;
 
 // Never destroyed: files may still be asked for while the process ends.
 std::map<std::string, std::string>& AllMemoryFiles()
@@ -134,11 +138,13 @@ std::string CATFolderOfFile(std::string_view path)
 
 void CATMemoryFiles::Write(const std::string& systemPath, std::string bytes)
 {
+    const std::lock_guard lock(memoryFilesMutex);
     AllMemoryFiles()[systemPath] = std::move(bytes);
 }
 
 void CATMemoryFiles::RemoveBelow(const std::string& systemDirectory)
 {
+    const std::lock_guard lock(memoryFilesMutex);
     std::erase_if(AllMemoryFiles(), [&](const auto& file) { return file.first.starts_with(systemDirectory + "/"); });
 }
 
@@ -146,6 +152,7 @@ const std::string* CATMemoryFiles::Find(const std::string& systemPath)
 {
     if (!systemPath.starts_with(firstCharacter))
         return nullptr;
+    const std::lock_guard lock(memoryFilesMutex);
     const auto found = AllMemoryFiles().find(systemPath);
     return found == AllMemoryFiles().end() ? nullptr : &found->second;
 }
