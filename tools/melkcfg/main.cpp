@@ -12,6 +12,9 @@ ExitStatus Run(int argc, char** argv)
     CommandLine line;
     AddQuestionCommands(line);
     AddChangeCommands(line);
+    AddDumpCommands(line);
+    AddMatrixCommands(line);
+    AddDiffCommands(line);
     AddCheckCommands(line);
     AddSchemaCommands(line);
     AddDrawCommands(line);
