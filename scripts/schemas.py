@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
-"""scripts/schemas.py MELKCFG: what scripts/schemas.sh checks. The sample is valid under each validator; each mistake of
-tests/cases/check/mistakes.txt is refused by the schemas that can express its rule, and by no other; habits are valid."""
+"""scripts/schemas.py MELKCFG: what scripts/schemas.sh checks. The sample is valid under each validator; each mistake
+of tests/cases/check/mistakes.txt is refused by the schemas that can express its rule, and by no other; habits are
+valid."""
 import json
 import pathlib
 import re
@@ -121,7 +122,8 @@ def refused_by_jing(documents, folder, extension):
 def refused_by_emacs(documents):
     """As an engineer has it: the schema is found by the path of the file."""
     (WORK / "list").write_text("".join(f"{document}\n" for document in documents))
-    done = run("emacs", "-Q", "--batch", "-l", WORK / "editors/melkcfg.el", "-l", ROOT / "scripts/schemas.el", WORK / "list")
+    done = run("emacs", "-Q", "--batch", "-l", WORK / "editors/melkcfg.el", "-l", ROOT / "scripts/schemas.el",
+               WORK / "list")
     told = [line.split("\t") for line in done.stdout.splitlines() if line.count("\t") == 2]
     expect(len(told) == len(documents), f"emacs looked at {len(told)} of {len(documents)} files: {done.stderr[-500:]}")
     for path, schema, _ in told:
@@ -188,7 +190,7 @@ def check_document_types():
 def check_editor_files():
     settings = json.loads((WORK / "editors/settings.json").read_text())
     for file in SAMPLE.rglob("*.xml"):
-        fitting = [each for each in settings["xml.fileAssociations"] if ("/" + str(file)).endswith(each["pattern"][2:])]
+        fitting = [each for each in settings["xml.fileAssociations"] if str(file).endswith(each["pattern"][2:])]
         expect(len(fitting) == 1 and pathlib.Path(fitting[0]["systemId"]).is_file(), f"VS Code has {fitting} for {file}")
     for catalog in settings["xml.catalogs"]:
         done = run("xmlcatalog", catalog, "urn:melkcfg:OVA/UFCurb.xsd")
