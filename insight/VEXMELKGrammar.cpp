@@ -63,16 +63,19 @@ std::string WhenMissing(const VEXMELKRow& row, bool isNeeded)
 std::string DocumentationOf(const std::vector<const VEXMELKRow*>& rows, bool isNeeded)
 {
     std::string text;
+    std::string types;
     for (const VEXMELKRow* row : rows)
     {
         AddOnce(text, VEXMELKSentence(VEXMELKPlainText(row->meaning)));
         AddOnce(text, VEXMELKKindText(*row));
         if (!row->onlyFor.empty())
-            AddOnce(text, "Read for the type \"" + std::string(row->onlyFor) + "\" only.");
+            types += (types.empty() ? "\"" : " or \"") + std::string(row->onlyFor) + "\"";
         const std::string_view handedOut = VEXMELKHandedOutAs(row->form);
         if (!handedOut.empty())
             AddOnce(text, "Handed out as " + std::string(handedOut) + ".");
     }
+    if (!types.empty())
+        AddOnce(text, "Read for the type " + types + " only.");
     for (const VEXMELKRow* row : rows)
         AddOnce(text, WhenMissing(*row, isNeeded));
     return text;
@@ -174,8 +177,8 @@ void VEXMELKGrammar::AddAttributes(Element& element)
     for (const VEXMELKElementKind::Attribute& attribute : element.kind.attributes)
     {
         const bool isNeeded = element.kind.Needs(attribute);
-        element.attributes.push_back({attribute.name, AddType(attribute.rows), isNeeded,
-            DocumentationOf(attribute.rows, isNeeded), {}, {}});
+        element.attributes.push_back(
+            {attribute.name, AddType(attribute.rows), isNeeded, DocumentationOf(attribute.rows, isNeeded), {}, {}});
     }
     const std::vector<std::string> types = TypesOf(element.kind);
     if (types.empty())

@@ -170,8 +170,8 @@ std::string NounOf(const Row& row)
         noun = "colour";
     else if (row.isAsWritten && IsAnyText(row))
         noun = "name";
-    else if (row.kind == VEXMELKKind::Word || (row.kind == VEXMELKKind::Text && !row.words.list.empty()))
-        noun = std::string(row.attribute) + (row.kind == VEXMELKKind::Word ? "Word" : "Text");
+    else if (row.kind == VEXMELKKind::Word)
+        noun = std::string(row.attribute) + "Word";
     else if (!row.words.list.empty())
         noun += "OrWord";
     if (row.isExact)

@@ -48,5 +48,8 @@ flags=$(PKG_CONFIG_PATH=build/installed/lib/pkgconfig:$(echo build/installed/lib
 # shellcheck disable=SC2086
 g++ -std=c++20 -fno-exceptions tests/consumer/consumer.cpp $flags -o build/consumer/by-pkg-config
 
+step "schemas, editors and reports under the validators of the distribution"
+scripts/schemas.sh
+
 step "release tests"
 ctest --preset release -j "$(nproc)"

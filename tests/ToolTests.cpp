@@ -2,6 +2,7 @@
 #include "Batch.h"
 #include "LibraryTest.h"
 
+#include <filesystem>
 #include <regex>
 #include <sstream>
 #include <sys/wait.h>
@@ -163,4 +164,59 @@ TEST_F(ToolTest, CommandsAndTheirExitStatus)
         EXPECT_EQ(outcome.status, std::stoi(status)) << arguments << "\n" << outcome.output;
         EXPECT_THAT(outcome.output, HasSubstr(output)) << arguments;
     }
+}
+
+TEST_F(ToolTest, SchemasAreThoseOfOneFileOrOfAll)
+{
+    const ToolOutcome all = RunTool("schema --rng");
+    EXPECT_EQ(all.status, 2);
+    EXPECT_THAT(all.output, HasSubstr("name a configuration, or a folder for all of them by --output"));
+    EXPECT_EQ(RunTool("schema --rng --xsd UFCurb").status, 2);
+    EXPECT_THAT(RunTool("--format json schema --rng UFCurb").output, HasSubstr("one form at a time"));
+    EXPECT_THAT(RunTool("schema --output /tmp UFCurb").output, HasSubstr("--output is for --rng, --rnc and --xsd"));
+
+    // The names of roots are those that are usual, and those in use.
+    EXPECT_THAT(RunTool(Tool() + "schema --xsd DBAccess").output,
+        testing::AllOf(HasSubstr("<xs:element name=\"db\""), HasSubstr("<xs:element name=\"dbaccess\"")));
+    const ToolOutcome written = RunTool(Tool() + "schema --rnc --output " + directory.Path() + "/schemas");
+    EXPECT_EQ(written.status, 0) << written.output;
+    EXPECT_THAT(TextOfFile(directory.Path() + "/schemas/OVA/UFCurb.rnc"),
+        HasSubstr(
+            "## Offsets in front and behind. A length (mm, cm, dm, m, km, in, ft, mic); a bare number is in mm."));
+}
+
+TEST_F(ToolTest, SettingsOfOthersAreNotOverwritten)
+{
+    directory.Write("editors/settings.json", R"({"editor.tabSize": 2})");
+    const ToolOutcome refused = RunTool(Tool() + "schema --editors " + directory.Path() + "/editors");
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_THAT(refused.output, HasSubstr("holds other settings"));
+    EXPECT_FALSE(std::filesystem::exists(directory.Path() + "/editors/catalog.xml"));
+    directory.Remove("editors/settings.json");
+    for (int time = 0; time < 2; ++time)
+        EXPECT_EQ(RunTool(Tool() + "schema --editors " + directory.Path() + "/editors").status, 0);
+    const Json settings = Json::parse(TextOfFile(directory.Path() + "/editors/settings.json"));
+    EXPECT_EQ(settings["xml.fileAssociations"].size(), 41U);
+}
+
+TEST_F(ToolTest, DescriptionsRulesAndMendsAreDataToo)
+{
+    const Json description = Json::parse(RunTool("schema --json UFCurb").output);
+    EXPECT_EQ(description, Json::parse(RunTool("--format json schema UFCurb").output));
+    EXPECT_EQ(description["version"], 1);
+    EXPECT_EQ(description["configurations"][0]["file"], "OVA/UFCurb.xml");
+    EXPECT_EQ(description["configurations"][0]["elements"][1]["attributes"][0].dump(),
+        R"({"name":"front_offset","kind":"length","form":"text","meaning":"offsets in front and behind",)"
+        R"("whenMissing":"gives","default":"","unit":"mm","units":["mm","cm","dm","m","km","in","ft","mic"]})");
+
+    const Json rule = Json::parse(RunTool("--format json rule not-a-flag").output);
+    EXPECT_EQ(rule["rules"][0]["id"], "not-a-flag");
+    EXPECT_GT(Json::parse(RunTool("--format json rule").output)["rules"].size(), 40U);
+
+    directory.Write("Default/OVA/Bumpers.xml", "<configuration/>");
+    directory.Write("Default/OVA/UFCurb.xml", OneCategory("\nfront_ofset=\"25\""));
+    const std::string mends = RunTool("--format json " + Tool() + "fix UFCurb 2>/dev/null").output;
+    EXPECT_EQ(Json::parse(mends)["files"].dump(),
+        R"([{"file":"Default/OVA/UFCurb.xml","findings":1,"edits":[{"line":2,"column":1,"endLine":2,"endColumn":12,)"
+        R"("text":"front_offset"}],"renamed":null}])");
 }
