@@ -49,6 +49,7 @@ void AddQuestionCommands(CommandLine& line); // list, standards, categories, ope
 void AddChangeCommands(CommandLine& line);   // whatif, unused
 void AddCheckCommands(CommandLine& line);    // check, fix, rule
 void AddSchemaCommands(CommandLine& line);
-void AddDrawCommands(CommandLine& line); // draw
+void AddDrawCommands(CommandLine& line);   // draw
+void AddReportCommands(CommandLine& line); // report
 
 #endif
