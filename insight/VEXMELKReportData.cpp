@@ -2,6 +2,7 @@
 // that have it: a report repeats no answer.
 #include "VEXMELKReportData.h"
 
+#include "VEXMELKAnswers.h"
 #include "VEXMELKPictures.h"
 
 #include <algorithm>
@@ -13,7 +14,7 @@ class Reporter
 public:
     Reporter(const VEXMELKConfigManager::Configuration& configuration, const CATUnicodeString& directory,
         VEXMELKPictures& pictures)
-        : m_Directory(directory), m_Pictures(pictures)
+        : m_Directory(directory), m_Pictures(pictures), m_Asker(configuration, directory)
     {
         m_Made.configuration = &configuration;
         m_Made.files = VEXMELKLoadFiles(*configuration.description, directory);
@@ -127,14 +128,32 @@ private:
             if (!isOwn)
                 continue;
             if (const auto arguments = ArgumentsIn(question, cell, isFirst))
-                cell.answers.push_back({std::string(question.Operation().Name()), *arguments,
-                    VEXMELKExplain(*m_Made.configuration, question, m_Directory)});
+                AddAnswer(cell, question, *arguments);
         }
         m_Made.cells.push_back(std::move(cell));
     }
 
+    void AddAnswer(VEXMELKReportCell& cell, const VEXMELKPreparedQuestion& question, const std::string& arguments)
+    {
+        const std::string operation(question.Operation().Name());
+        const bool isKnown = std::any_of(cell.answers.begin(), cell.answers.end(),
+            [&](const VEXMELKReportAnswer& answer) { return answer.operation == operation; });
+        VEXMELKReportAnswer answer{operation, arguments, {}};
+        if (!isKnown)
+            answer.explanation = VEXMELKExplain(*m_Made.configuration, question, m_Directory);
+        else
+        {
+            const VEXMELKFlatAnswer flat = m_Asker.Ask(question);
+            answer.explanation.result = flat.result;
+            for (VEXMELKNamedValue& value : flat.Fields())
+                answer.explanation.fields.push_back({std::move(value), {}});
+        }
+        cell.answers.push_back(std::move(answer));
+    }
+
     const CATUnicodeString& m_Directory;
     VEXMELKPictures& m_Pictures;
+    VEXMELKAsker m_Asker;
     std::vector<VEXMELKDocumentText> m_Documents;
     std::vector<VEXMELKPreparedQuestion> m_Questions;
     VEXMELKReportConfiguration m_Made;

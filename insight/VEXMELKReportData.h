@@ -9,7 +9,8 @@
 
 #include <functional>
 
-// A question with its answer.
+// A question with its answer. Origins are those of the first question of an operation in a cell: the others, which differ
+// in a travel or a name, have values alone, because proving where a value comes from takes a thousand times its query.
 struct VEXMELKReportAnswer
 {
     std::string operation;
