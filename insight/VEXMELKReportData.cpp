@@ -4,6 +4,7 @@
 
 #include "VEXMELKAnswers.h"
 #include "VEXMELKPictures.h"
+#include "VEXMELKUtilities.h"
 
 #include <algorithm>
 
@@ -159,6 +160,14 @@ private:
     VEXMELKReportConfiguration m_Made;
 };
 
+// Of files that are there and cannot be read boxes tell; most directories do not have the files of every configuration.
+bool HasFile(const VEXMELKDescription& description, const CATUnicodeString& directory)
+{
+    const CATUnicodeString file(description.file);
+    return VEXMELKUtilities::FileExists(directory + "\\Default\\" + file) != 0 ||
+           VEXMELKUtilities::FileExists(directory + "\\" + file) != 0;
+}
+
 } // namespace
 
 std::vector<VEXMELKReportConfiguration> VEXMELKReportOn(
@@ -172,7 +181,7 @@ std::vector<VEXMELKReportConfiguration> VEXMELKReportOn(
         const std::string name(all[number].description->name);
         if (onConfiguration)
             onConfiguration(number + 1, all.size(), name);
-        if (!all[number].create)
+        if (!all[number].create || !HasFile(*all[number].description, directory))
             continue;
         VEXMELKReportConfiguration configuration = Reporter(all[number], directory, pictures).Make();
         if (!configuration.files.empty())

@@ -53,7 +53,7 @@ a{color:inherit;text-decoration:none}
 )";
 
 // Hides what does not have the words that are looked for. Nothing is sent or loaded, and nothing is kept.
-constexpr std::string_view script = R"(
+constexpr std::string_view script = R"js(
 "use strict";
 (() => {
   const form = document.getElementById("filter");
@@ -100,7 +100,7 @@ constexpr std::string_view script = R"(
   apply();
   open();
 })();
-)";
+)js";
 
 } // namespace
 
