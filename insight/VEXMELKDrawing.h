@@ -72,8 +72,9 @@ struct VEXMELKPanel
     std::string title;
     std::string xAxis; // "x, to the rear"
     std::string yAxis;
-    std::string unit; // of both axes: "mm", "deg", "%"
+    std::string unit; // of both axes: "mm", "deg", "%"; empty for directions alone, which have no axes
     std::vector<VEXMELKShape> shapes;
+    bool isDetail = false; // shows what is drawn for the layers; of the surroundings what is near
 };
 
 struct VEXMELKDrawingNote

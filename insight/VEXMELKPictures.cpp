@@ -1,7 +1,7 @@
 // Chooses what draws a configuration, and which layers there are.
 #include "VEXMELKPictures.h"
 
-#include "CATMemoryDirectory.h"
+#include "VEXMELKDefaultAlone.h"
 #include "VEXMELKSheet.h"
 #include "VEXMELKTrial.h"
 
@@ -55,20 +55,10 @@ void DropEmptyPanels(VEXMELKDrawing& drawing)
 bool VEXMELKIsDrawn(const VEXMELKDescription& description) { return DrawerOf(description) != nullptr; }
 
 VEXMELKPictures::VEXMELKPictures(const CATUnicodeString& directory)
-    : m_DefaultAlone(std::make_unique<CATMemoryDirectory>()),
+    : m_DefaultAlone(std::make_unique<VEXMELKDefaultAlone>(directory)),
       m_Default(std::make_unique<VEXMELKPictureSource>(m_DefaultAlone->Path())),
       m_Effective(std::make_unique<VEXMELKPictureSource>(directory))
 {
-    const VEXMELKSilence silence; // missing files are told of when they are asked for
-    for (const VEXMELKConfigManager::Configuration& configuration : VEXMELKConfigManager::GetConfigurations())
-    {
-        if (!configuration.create || configuration.description->layout != VEXMELKLayout::Parts)
-            continue;
-        const std::vector<VEXMELKSourceFile> files = VEXMELKLoadFiles(*configuration.description, directory);
-        if (!files.empty() && files.front().name.starts_with("Default/"))
-            m_DefaultAlone->Write(files.front().name, VEXMELKDocumentText(files.front().root, 1).Text());
-        m_HasDefaultAlone = m_HasDefaultAlone || files.size() > 1;
-    }
 }
 
 VEXMELKPictures::~VEXMELKPictures() = default;
@@ -92,7 +82,7 @@ VEXMELKDrawing VEXMELKPictures::Draw(const VEXMELKConfigManager::Configuration& 
         return made;
     };
     VEXMELKDrawing effective = drawn(VEXMELKLayer::Customer, *m_Effective);
-    VEXMELKDrawing byDefault = m_HasDefaultAlone ? drawn(VEXMELKLayer::Default, *m_Default)
+    VEXMELKDrawing byDefault = m_DefaultAlone->IsLess() ? drawn(VEXMELKLayer::Default, *m_Default)
                                                  : drawn(VEXMELKLayer::Default, *m_Effective);
     if (byDefault.panels.empty())
         return effective;

@@ -8,8 +8,9 @@
 
 #include <memory>
 
+class VEXMELKDefaultAlone;
 class VEXMELKPictureSource;
-class CATMemoryDirectory;
+struct VEXMELKDescription;
 
 // Whether there is anything to draw for a configuration: it describes geometry.
 bool VEXMELKIsDrawn(const VEXMELKDescription& description);
@@ -29,8 +30,7 @@ public:
         const CATUnicodeString& category);
 
 private:
-    bool m_HasDefaultAlone = false;
-    std::unique_ptr<CATMemoryDirectory> m_DefaultAlone;
+    std::unique_ptr<VEXMELKDefaultAlone> m_DefaultAlone;
     std::unique_ptr<VEXMELKPictureSource> m_Default;
     std::unique_ptr<VEXMELKPictureSource> m_Effective;
 };

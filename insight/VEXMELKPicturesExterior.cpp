@@ -190,7 +190,7 @@ void DrawBumper(const VEXMELKSheet& sheet, const VEXMELKBumpersDefinition& bumpe
 {
     const VEXMELKVehicle& car = sheet.vehicle;
     const VEXMELKPen plan = sheet.PlanView();
-    const VEXMELKPen side = sheet.SideView();
+    const VEXMELKPen side = sheet.SideDetail(bumper.Position ? "Front end" : "Rear end");
     const VEXMELKMeasure width = sheet.Length(name + " Width", bumper.Width);
     const VEXMELKMeasure depth = sheet.Length(name + " Depth", bumper.Depth);
     const VEXMELKMeasure height = sheet.Length(name + " Height", bumper.Height);

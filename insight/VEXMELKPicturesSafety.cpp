@@ -114,7 +114,7 @@ void DrawPedestrianProtection(const VEXMELKSheet& sheet)
     if (!sheet.New<VEXMELKPedestrianProtectionConfig>()->GetStandardData(sheet.standard, sheet.category, front))
         return;
     const double nose = sheet.vehicle.front;
-    const VEXMELKPen edges = sheet.SideView("Straight edges at the front end");
+    const VEXMELKPen edges = sheet.SideDetail("Straight edges at the front end");
     DrawEdge(sheet, edges, {"UpperBumper", front.upperBumper}, nose - 160.0);
     DrawEdge(sheet, edges, {"LowerBumper", front.lowerBumper}, nose - 60.0);
     DrawEdge(sheet, edges, {"BonnetLeadingEdge", front.bonnetLeadingEdge}, nose - 40.0);
@@ -224,7 +224,7 @@ void DrawHorizontal(const VEXMELKSheet& sheet, const std::string& name, const CA
 {
     const VEXMELKMeasure from = sheet.Angle(fromField, fromText);
     const VEXMELKMeasure to = sheet.Angle(toField, toText);
-    const VEXMELKPen pen = sheet.On(name + ", plan view", "schematic", "schematic");
+    const VEXMELKPen pen = sheet.On(name + ", plan view", "", "", "");
     pen.Surroundings().Mark({0.0, 0.0}, "");
     if (from && to)
         pen.Sector({0.0, 0.0}, from.value, to.value, zone, from);
@@ -238,7 +238,7 @@ void DrawDirection(const VEXMELKSheet& sheet, const std::string& name, const CAT
     const VEXMELKMeasure angle = sheet.Angle(field, text);
     if (!angle)
         return;
-    const VEXMELKPen pen = sheet.On(name + ", plan view", "schematic", "schematic");
+    const VEXMELKPen pen = sheet.On(name + ", plan view", "", "", "");
     pen.Ray({0.0, 0.0}, angle.value, zone, angle);
     pen.Angle(angle, {0.0, 0.0}, 0.0, angle.value, 0.55 * zone);
     pen.Axis({0.0, 0.0}, {1.15 * zone, 0.0});
@@ -249,7 +249,7 @@ void DrawVertical(
 {
     const VEXMELKMeasure least = sheet.Angle("MinVAngle", minText);
     const VEXMELKMeasure most = sheet.Angle("MaxVAngle", maxText);
-    const VEXMELKPen pen = sheet.On(name + ", side view", "schematic", "schematic");
+    const VEXMELKPen pen = sheet.On(name + ", side view", "", "", "");
     if (least && most)
         pen.Sector({0.0, 0.0}, least.value, most.value, zone, least);
     pen.Angle(least, {0.0, 0.0}, 0.0, least.value, 0.8 * zone);
@@ -371,7 +371,7 @@ void DrawBeltAngles(const VEXMELKSheet& sheet, bool isFront)
         const VEXMELKMeasure to = sheet.Angle(pair.toField, pair.to);
         if (!from || !to)
             continue;
-        const VEXMELKPen pen = sheet.On(seat + pair.title + " angles", "X, to the rear from the seat's point", "Z, up");
+        const VEXMELKPen pen = sheet.On(seat + pair.title + " angles", "", "", "");
         const bool isSecond = std::string(pair.fromField).ends_with("X");
         pen.Surroundings().Mark({0.0, 0.0}, "");
         pen.Sector({0.0, 0.0}, -from.value, -to.value, isSecond ? 0.72 * reach : reach, from);

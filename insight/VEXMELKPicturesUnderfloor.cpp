@@ -57,13 +57,14 @@ void DrawCurb(const VEXMELKSheet& sheet)
     VEXMELKUFCurbConfigDefinition curb;
     if (!sheet.New<VEXMELKUFCurbConfig>()->GetStandardData(sheet.standard, sheet.category, curb))
         return;
-    const VEXMELKPen pen = sheet.SideView();
     const VehicleEnd front = FrontOf(sheet.vehicle);
     const VehicleEnd rear = RearOf(sheet.vehicle);
-    DrawHeight(pen, sheet.Length("FrontOffset", curb.FrontOffset), front.axle - front.radius, front.end);
-    DrawHeight(pen, sheet.Length("BackOffset", curb.BackOffset), rear.axle + rear.radius, rear.end);
-    DrawTyreTangent(pen, front, sheet.Angle("FrontAngle", curb.FrontAngle));
-    DrawTyreTangent(pen, rear, sheet.Angle("BackAngle", curb.BackAngle));
+    const VEXMELKPen ahead = sheet.SideDetail("Front end");
+    const VEXMELKPen behind = sheet.SideDetail("Rear end");
+    DrawHeight(ahead, sheet.Length("FrontOffset", curb.FrontOffset), front.axle - front.radius, front.end);
+    DrawHeight(behind, sheet.Length("BackOffset", curb.BackOffset), rear.axle + rear.radius, rear.end);
+    DrawTyreTangent(ahead, front, sheet.Angle("FrontAngle", curb.FrontAngle));
+    DrawTyreTangent(behind, rear, sheet.Angle("BackAngle", curb.BackAngle));
 }
 
 void DrawDynamicCurb(const VEXMELKSheet& sheet)
@@ -75,7 +76,7 @@ void DrawDynamicCurb(const VEXMELKSheet& sheet)
     if (!sheet.New<VEXMELKUFDynamicCurbConfig>()->GetStandardData(
             sheet.standard, sheet.category, outOffset, inOffset, inLength, calculation))
         return;
-    const VEXMELKPen pen = sheet.SideView();
+    const VEXMELKPen pen = sheet.SideDetail("Front end");
     const VehicleEnd front = FrontOf(sheet.vehicle);
     const VEXMELKMeasure inside = sheet.Length("in_offset", inOffset);
     const VEXMELKMeasure length = sheet.Length("in_length", inLength);
@@ -120,7 +121,7 @@ void DrawOilTub(const VEXMELKSheet& sheet)
     if (!sheet.New<VEXMELKUFOilTubConfig>()->GetStandardData(
             sheet.standard, sheet.category, outOffset, outAngle, inOffset, inAngle))
         return;
-    const VEXMELKPen pen = sheet.SideView();
+    const VEXMELKPen pen = sheet.SideDetail("Front end");
     const double reach = sheet.vehicle.frontRadius * 2.2;
     const auto draw = [&](const VEXMELKMeasure& offset, const VEXMELKMeasure& angle, double sign)
     {
@@ -148,9 +149,8 @@ void DrawSlopeAngle(const VEXMELKSheet& sheet)
     if (!sheet.New<VEXMELKUFSlopeAngleConfig>()->GetStandardData(
             sheet.standard, sheet.category, frontAngle, backAngle))
         return;
-    const VEXMELKPen pen = sheet.SideView();
-    DrawTyreTangent(pen, FrontOf(sheet.vehicle), sheet.Angle("front_angle", frontAngle));
-    DrawTyreTangent(pen, RearOf(sheet.vehicle), sheet.Angle("back_angle", backAngle));
+    DrawTyreTangent(sheet.SideDetail("Front end"), FrontOf(sheet.vehicle), sheet.Angle("front_angle", frontAngle));
+    DrawTyreTangent(sheet.SideDetail("Rear end"), RearOf(sheet.vehicle), sheet.Angle("back_angle", backAngle));
 }
 
 struct SpaceToRoad

@@ -57,7 +57,7 @@ VEXMELKPen VEXMELKSheet::On(
         panels.begin(), panels.end(), [&](const VEXMELKPanel& panel) { return panel.title == title; });
     const auto position = static_cast<std::size_t>(found - panels.begin());
     if (found == panels.end())
-        panels.push_back({title, xAxis, yAxis, unit, {}});
+        panels.push_back({title, xAxis, yAxis, unit, {}, false});
     return {drawing, position, layer};
 }
 
@@ -185,36 +185,65 @@ void VEXMELKVehicle::DrawSide(const VEXMELKPen& pen) const
 {
     const double length = rear - front;
     const double sill = 0.6 * frontRadius;
-    const double belt = 0.62 * height;
     const auto x = [&](double share) { return front + share * length; };
-    pen.Line({{x(0.0), sill + 130.0}, {x(0.005), 0.42 * height}, {x(0.03), 0.5 * height}, {x(0.25), belt},
-        {x(0.39), 0.97 * height}, {x(0.52), height}, {x(0.74), 0.96 * height}, {x(0.93), belt}, {x(0.99), 0.55 * height},
-        {x(1.0), sill + 170.0}});
-    pen.Line({{x(0.0), sill + 130.0}, {x(0.03), sill}, {-1.15 * frontRadius, sill}});
-    pen.Line({{1.15 * frontRadius, sill}, {rearAxle - 1.15 * rearRadius, sill}});
-    pen.Line({{rearAxle + 1.15 * rearRadius, sill}, {x(0.97), sill + 30.0}, {x(1.0), sill + 170.0}});
-    pen.Circle({0.0, frontRadius}, frontRadius);
-    pen.Circle({rearAxle, rearRadius}, rearRadius);
-    pen.Line({{front - 0.08 * length, 0.0}, {rear + 0.08 * length, 0.0}});
+    const auto z = [&](double share) { return sill + share * (height - sill); };
+    pen.Line({{x(0.03), sill}, {x(0.006), z(0.06)}, {x(0.0), z(0.18)}, {x(0.004), z(0.3)}, {x(0.02), z(0.38)},
+        {x(0.06), z(0.44)}, {x(0.15), z(0.5)}, {x(0.255), z(0.56)}, {x(0.32), z(0.74)}, {x(0.385), z(0.9)},
+        {x(0.44), z(0.97)}, {x(0.53), z(1.0)}, {x(0.63), z(0.99)}, {x(0.73), z(0.945)}, {x(0.82), z(0.84)},
+        {x(0.9), z(0.68)}, {x(0.96), z(0.63)}, {x(0.985), z(0.58)}, {x(0.992), z(0.42)}, {x(1.0), z(0.3)},
+        {x(0.998), z(0.16)}, {x(0.975), z(0.03)}});
+    // The windows' edge, the sill between the wheel arches, the arches.
+    pen.Line({{x(0.29), z(0.6)}, {x(0.35), z(0.775)}, {x(0.41), z(0.885)}, {x(0.53), z(0.925)}, {x(0.64), z(0.91)},
+        {x(0.74), z(0.85)}, {x(0.82), z(0.66)}, {x(0.29), z(0.6)}});
+    const auto arch = [&](double axle, double radius)
+    {
+        const double wide = 1.17 * radius;
+        std::vector<VEXMELKSpot> points;
+        for (double turn = 180.0; turn >= 0.0; turn -= 15.0)
+            points.push_back(VEXMELKPolar({axle, radius}, turn, wide));
+        points.front().y = sill;
+        points.back().y = sill;
+        pen.Line(points);
+        pen.Circle({axle, radius}, radius);
+        pen.Circle({axle, radius}, 0.62 * radius);
+    };
+    arch(0.0, frontRadius);
+    arch(rearAxle, rearRadius);
+    pen.Line({{x(0.03), sill}, {-1.17 * frontRadius, sill}});
+    pen.Line({{1.17 * frontRadius, sill}, {rearAxle - 1.17 * rearRadius, sill}});
+    pen.Line({{rearAxle + 1.17 * rearRadius, sill}, {x(0.975), z(0.03)}});
+    pen.Line({{front - 0.06 * length, 0.0}, {rear + 0.06 * length, 0.0}});
 }
 
 void VEXMELKVehicle::DrawPlan(const VEXMELKPen& pen) const
 {
     const double half = width / 2.0;
-    const double corner = 0.14 * width;
-    pen.Outline({{front, half - corner}, {front, corner - half}, {front + corner, -half}, {rear - corner, -half},
-        {rear, corner - half}, {rear, half - corner}, {rear - corner, half}, {front + corner, half}});
     const double length = rear - front;
-    pen.Line({{front + 0.27 * length, -0.92 * half}, {front + 0.24 * length, 0.0}, {front + 0.27 * length, 0.92 * half}});
-    pen.Axis({front - 0.05 * length, 0.0}, {rear + 0.05 * length, 0.0});
+    const auto outline = [&](const std::vector<VEXMELKSpot>& shares)
+    {
+        std::vector<VEXMELKSpot> points;
+        for (const VEXMELKSpot& share : shares)
+            points.push_back({front + share.x * length, share.y * half});
+        for (auto share = shares.rbegin(); share != shares.rend(); ++share)
+            points.push_back({front + share->x * length, -share->y * half});
+        pen.Outline(points);
+    };
+    outline({{0.0, 0.0}, {0.004, 0.4}, {0.018, 0.72}, {0.05, 0.9}, {0.12, 0.98}, {0.25, 1.0}, {0.7, 1.0}, {0.88, 0.97},
+        {0.96, 0.87}, {0.99, 0.65}, {1.0, 0.3}, {1.0, 0.0}});
+    outline({{0.27, 0.0}, {0.275, 0.4}, {0.3, 0.8}, {0.41, 0.68}, {0.4, 0.35}, {0.395, 0.0}});
+    outline({{0.74, 0.0}, {0.745, 0.6}, {0.86, 0.72}, {0.875, 0.3}, {0.875, 0.0}});
+    pen.Axis({front - 0.04 * length, 0.0}, {rear + 0.04 * length, 0.0});
 }
 
 void VEXMELKVehicle::DrawAcross(const VEXMELKPen& pen) const
 {
     const double half = width / 2.0;
     const double sill = 0.6 * frontRadius;
-    pen.Outline({{-half, sill}, {-half, 0.6 * height}, {-0.72 * half, height}, {0.72 * half, height},
-        {half, 0.6 * height}, {half, sill}});
+    pen.Outline({{-0.94 * half, sill}, {-half, 0.35 * height}, {-0.98 * half, 0.6 * height}, {-0.74 * half, 0.94 * height},
+        {-0.6 * half, height}, {0.6 * half, height}, {0.74 * half, 0.94 * height}, {0.98 * half, 0.6 * height},
+        {half, 0.35 * height}, {0.94 * half, sill}});
+    pen.Outline({{-0.88 * half, 0.62 * height}, {-0.66 * half, 0.92 * height}, {0.66 * half, 0.92 * height},
+        {0.88 * half, 0.62 * height}});
     const double tyre = 0.24 * half;
     pen.Outline(VEXMELKBox({-half + 20.0, 0.0}, {-half + 20.0 + tyre, sill}));
     pen.Outline(VEXMELKBox({half - 20.0 - tyre, 0.0}, {half - 20.0, sill}));
@@ -239,6 +268,12 @@ VEXMELKPen VEXMELKSheet::SideView(const std::string& title) const
 {
     return WithVehicle(*this, On(title, "X, to the rear from the front axle", "Z, up from the road"),
         [&](const VEXMELKPen& pen) { vehicle.DrawSide(pen); });
+}
+VEXMELKPen VEXMELKSheet::SideDetail(const std::string& title) const
+{
+    const VEXMELKPen pen = SideView(title);
+    drawing.panels[pen.Panel()].isDetail = true;
+    return pen;
 }
 VEXMELKPen VEXMELKSheet::PlanView(const std::string& title) const
 {

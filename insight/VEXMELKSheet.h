@@ -70,11 +70,12 @@ struct VEXMELKSheet
     CATUnicodeString category;
     const VEXMELKVehicle& vehicle;
 
-    // The panel of that title, made when it is the first of it; null units are millimetres.
+    // The panel of that title, made when it is the first of it.
     VEXMELKPen On(const std::string& title, const std::string& xAxis, const std::string& yAxis,
         const std::string& unit = "mm") const;
     // With the vehicle around it. Panels of one view have the same axes.
     VEXMELKPen SideView(const std::string& title = "Side view") const;
+    VEXMELKPen SideDetail(const std::string& title) const;
     VEXMELKPen PlanView(const std::string& title = "Plan view") const;
     VEXMELKPen FrontView(const std::string& title = "Seen from the front") const;
     VEXMELKPen RearView(const std::string& title = "Seen from the rear") const;

@@ -13,8 +13,6 @@
 namespace {
 
 constexpr double pixelsPerMillimetre = 96.0 / 25.4;
-constexpr double widestPlot = 470.0;
-constexpr double highestPlot = 330.0;
 constexpr double narrowestPlot = 150.0;
 constexpr double lowestPlot = 110.0;
 constexpr double fontSize = 10.0;
@@ -23,6 +21,19 @@ constexpr double lane = 19.0; // from dimension to dimension
 constexpr double widestRow = 1180.0;
 constexpr double gap = 26.0; // between panels
 constexpr double margin = 14.0;
+
+// How large a plot may become: alone it has more room, and among many less.
+struct Room
+{
+    double width;
+    double height;
+};
+Room RoomAmong(std::size_t panels)
+{
+    if (panels == 1)
+        return {860.0, 420.0};
+    return panels <= 8 ? Room{480.0, 330.0} : Room{250.0, 190.0};
+}
 
 // Texts --------------------------------------------------------------------------------------------------------------
 
@@ -125,6 +136,8 @@ Rectangle BoundsOf(const VEXMELKPanel& panel)
     Rectangle bounds;
     for (const VEXMELKShape& shape : panel.shapes)
     {
+        if (panel.isDetail && shape.layer == VEXMELKLayer::Surroundings)
+            continue;
         if (shape.kind == VEXMELKShape::Ellipse)
         {
             const double turn = shape.turn * std::numbers::pi / 180.0;
@@ -142,7 +155,8 @@ Rectangle BoundsOf(const VEXMELKPanel& panel)
     }
     const double most = std::max({bounds.Width(), bounds.Height(), 1e-3});
     bounds.Widen(0.12 * most, 0.12 * most);
-    bounds.Widen(1.1 * bounds.Width(), 1.1 * bounds.Height());
+    const double around = panel.isDetail ? 0.3 * most : 0.1 * most;
+    bounds.Widen(bounds.Width() + around, bounds.Height() + around);
     return bounds;
 }
 
@@ -151,20 +165,19 @@ Rectangle BoundsOf(const VEXMELKPanel& panel)
 class PanelWriter
 {
 public:
-    PanelWriter(const VEXMELKPanel& panel, bool hasBothLayers)
-        : m_Panel(panel), m_HasBothLayers(hasBothLayers), m_Bounds(BoundsOf(panel))
+    PanelWriter(const VEXMELKPanel& panel, bool hasBothLayers, Room room, std::string id)
+        : m_Panel(panel), m_HasBothLayers(hasBothLayers), m_Id(std::move(id)), m_Bounds(BoundsOf(panel))
     {
         const double widest =
-            std::min(widestPlot / m_Bounds.Width(), highestPlot / m_Bounds.Height()) / pixelsPerMillimetre;
+            std::min(room.width / m_Bounds.Width(), room.height / m_Bounds.Height()) / pixelsPerMillimetre;
         m_UnitsPerMillimetre = RoundedUp(1.0 / widest);
         m_Scale = pixelsPerMillimetre / m_UnitsPerMillimetre;
         m_Bounds.Widen(narrowestPlot / m_Scale, lowestPlot / m_Scale);
         PlanDimensions();
         m_TickStep = TickStep(52.0 / m_Scale);
-        double longest = 0.0;
-        for (const double tick : Ticks(m_Bounds.bottom, m_Bounds.top))
-            longest = std::max(longest, WidthOf(VEXMELKNumberText(tick)));
-        m_Left = longest + 24.0;
+        if (HasAxes())
+            for (const double tick : Ticks(m_Bounds.bottom, m_Bounds.top))
+                m_Left = std::max(m_Left, WidthOf(VEXMELKNumberText(tick)) + 9.0);
         m_Top = 34.0 + lane * static_cast<double>(m_AcrossLanes.size());
     }
 
@@ -172,9 +185,9 @@ public:
     {
         const double plot = m_Left + m_Scale * m_Bounds.Width() + 8.0 + lane * static_cast<double>(m_UpLanes.size());
         const double title = WidthOf(m_Panel.title) * 1.15 + WidthOf(Caption()) + 12.0;
-        return std::max({plot, title, m_Left + WidthOf(m_Panel.xAxis) + 36.0});
+        return std::max({plot, title, m_Left + WidthOf(m_Panel.xAxis) + 36.0, m_Left + WidthOf(m_Panel.yAxis) + 36.0});
     }
-    double Height() const { return m_Top + m_Scale * m_Bounds.Height() + 36.0; }
+    double Height() const { return m_Top + m_Scale * m_Bounds.Height() + (HasAxes() ? 44.0 : 4.0); }
 
     void Write(double left, double top, std::string& text)
     {
@@ -187,9 +200,12 @@ public:
                 "\" data-scale=\"" + Precise(m_Scale) + "\">\n<text class=\"h\" x=\"" + Pixels(left + 2.0) + "\" y=\"" +
                 Pixels(top + 12.0) + "\">" + VEXMELKMarkupText(m_Panel.title) + "<tspan class=\"n\" dx=\"8\">" +
                 VEXMELKMarkupText(Caption()) + "</tspan></text>\n";
-        WriteAxes();
+        if (HasAxes())
+            WriteAxes();
+        WriteSurroundings();
         for (const VEXMELKShape& shape : m_Panel.shapes)
-            WriteShape(shape);
+            if (shape.layer != VEXMELKLayer::Surroundings || shape.kind == VEXMELKShape::Mark)
+                WriteShape(shape);
         WriteLanes();
         for (const VEXMELKShape& shape : m_Panel.shapes)
             WriteLabel(shape);
@@ -214,9 +230,26 @@ private:
         return shape.measure.field.empty() ? shape.measure.text : shape.measure.field + " " + shape.measure.text;
     }
 
+    bool HasAxes() const { return !m_Panel.unit.empty(); }
+
+    // What stands around is cut at the edge of the plot.
+    void WriteSurroundings()
+    {
+        std::string& text = *m_Text;
+        text += "<clipPath id=\"" + m_Id + "\"><rect x=\"" + Pixels(X(m_Bounds.left)) + "\" y=\"" +
+                Pixels(Y(m_Bounds.top)) + "\" width=\"" + Pixels(PlotWidth()) + "\" height=\"" + Pixels(PlotHeight()) +
+                "\"/></clipPath>\n<g clip-path=\"url(#" + m_Id + ")\">\n";
+        for (const VEXMELKShape& shape : m_Panel.shapes)
+            if (shape.layer == VEXMELKLayer::Surroundings && shape.kind != VEXMELKShape::Mark)
+                WriteShape(shape);
+        text += "</g>\n";
+    }
+
     // "1 : 25", or how much a millimetre of the picture is worth.
     std::string Caption() const
     {
+        if (!HasAxes())
+            return {};
         if (m_Panel.unit != "mm")
             return "1 mm = " + VEXMELKNumberText(m_UnitsPerMillimetre) + " " + m_Panel.unit;
         return m_UnitsPerMillimetre >= 1.0 ? "1 : " + VEXMELKNumberText(m_UnitsPerMillimetre)
@@ -246,6 +279,18 @@ private:
         return {&shape, std::min(from, to), std::max(from, to), begin, begin + width};
     }
 
+    // The same value between the same heights is told once.
+    static void AddNew(std::vector<Dimension>& dimensions, const Dimension& added)
+    {
+        const auto isSame = [&](const Dimension& other)
+        {
+            return other.from == added.from && other.to == added.to && other.shape->measure == added.shape->measure &&
+                   other.shape->layer == added.shape->layer;
+        };
+        if (std::none_of(dimensions.begin(), dimensions.end(), isSame))
+            dimensions.push_back(added);
+    }
+
     void PlanDimensions()
     {
         std::vector<Dimension> across;
@@ -255,11 +300,11 @@ private:
             if (shape.kind != VEXMELKShape::Length)
                 continue;
             if (IsAcross(shape))
-                across.push_back(DimensionOf(shape, (shape.points[0].x - m_Bounds.left) * m_Scale,
-                    (shape.points[1].x - m_Bounds.left) * m_Scale, PlotWidth()));
+                AddNew(across, DimensionOf(shape, (shape.points[0].x - m_Bounds.left) * m_Scale,
+                                   (shape.points[1].x - m_Bounds.left) * m_Scale, PlotWidth()));
             else if (IsUp(shape))
-                up.push_back(DimensionOf(shape, (m_Bounds.top - shape.points[0].y) * m_Scale,
-                    (m_Bounds.top - shape.points[1].y) * m_Scale, PlotHeight()));
+                AddNew(up, DimensionOf(shape, (m_Bounds.top - shape.points[0].y) * m_Scale,
+                               (m_Bounds.top - shape.points[1].y) * m_Scale, PlotHeight()));
         }
         m_AcrossLanes = InLanes(std::move(across));
         m_UpLanes = InLanes(std::move(up));
@@ -334,11 +379,8 @@ private:
         }
         for (const double tick : Ticks(m_Bounds.bottom, m_Bounds.top))
             WriteText("t e", left - 5.0, Y(tick) + 3.5, VEXMELKNumberText(tick), " data-tick=\"y\"");
-        WriteText("n", left, bottom + 26.0, m_Panel.xAxis + " [" + m_Panel.unit + "]");
-        const std::string x = Pixels(m_Edge.left + 9.0);
-        const std::string y = Pixels(bottom);
-        *m_Text += "<text class=\"n\" transform=\"translate(" + x + " " + y + ")rotate(-90)\">" +
-                   VEXMELKMarkupText(m_Panel.yAxis + " [" + m_Panel.unit + "]") + "</text>\n";
+        WriteText("n", left, bottom + 26.0, "→ " + m_Panel.xAxis + " [" + m_Panel.unit + "]");
+        WriteText("n", left, bottom + 38.0, "↑ " + m_Panel.yAxis + " [" + m_Panel.unit + "]");
     }
 
     static std::string ClassesOf(const VEXMELKShape& shape)
@@ -365,6 +407,7 @@ private:
 
     void WriteShape(const VEXMELKShape& shape)
     {
+        RememberLines(shape);
         const std::string begin = " class=\"" + ClassesOf(shape) + "\"" + DataOf(shape);
         const double x = X(shape.points.front().x);
         const double y = Y(shape.points.front().y);
@@ -391,10 +434,31 @@ private:
                        PathOf(shape) + "\"/>\n";
     }
 
+    // What labels had better not stand on.
+    void RememberLines(const VEXMELKShape& shape)
+    {
+        std::vector<VEXMELKSpot> points = shape.points;
+        if (shape.kind == VEXMELKShape::Ellipse)
+        {
+            points.clear();
+            for (double turn = 0.0; turn <= 360.0; turn += 10.0)
+            {
+                const double radians = turn * std::numbers::pi / 180.0;
+                points.push_back({shape.points.front().x + shape.radiusX * std::cos(radians),
+                    shape.points.front().y + shape.radiusY * std::sin(radians)});
+            }
+            points = VEXMELKTurned(std::move(points), shape.points.front(), shape.turn);
+        }
+        if (shape.isClosed)
+            points.push_back(points.front());
+        for (std::size_t number = 1; number < points.size(); ++number)
+            m_Lines.push_back({{X(points[number - 1].x), Y(points[number - 1].y)}, {X(points[number].x), Y(points[number].y)}});
+    }
+
     // Far enough from its vertex to be seen, and not out of the plot; the customer's outside of the other.
     double ArcRadius(const VEXMELKShape& shape) const
     {
-        const double most = 0.45 * std::min(PlotWidth(), PlotHeight());
+        const double most = 0.8 * std::min(PlotWidth(), PlotHeight());
         const double radius = std::clamp(shape.radiusX * m_Scale, std::min(26.0, most), most);
         return m_HasBothLayers && shape.layer == VEXMELKLayer::Customer ? 1.18 * radius : radius;
     }
@@ -421,36 +485,37 @@ private:
                    Pixels(shape.turn) + "\" data-to=\"" + Pixels(shape.endTurn) + "\" d=\"" + path + "\"/>\n";
     }
 
+    // Lines first, so that no text is crossed out by those of the lanes farther out.
     void WriteLanes()
     {
         const double left = X(m_Bounds.left);
+        const double right = X(m_Bounds.right);
         const double top = Y(m_Bounds.top);
+        std::string texts;
+        const auto label = [&](const VEXMELKShape& shape, double x, double y, const char* turn)
+        {
+            texts += "<text class=\"b m " + std::string(ClassOf(shape.layer)) + "\" transform=\"translate(" + Pixels(x) +
+                     " " + Pixels(y) + ")" + turn + "\">" + VEXMELKMarkupText(LabelOf(shape)) + "</text>\n";
+        };
         for (std::size_t number = 0; number < m_AcrossLanes.size(); ++number)
             for (const Dimension& dimension : m_AcrossLanes[number])
             {
-                const VEXMELKShape& shape = *dimension.shape;
-                const std::string layer = ClassOf(shape.layer);
                 const double y = top - 5.0 - lane * static_cast<double>(number);
-                for (const VEXMELKSpot& point : shape.points)
-                    WriteLine(layer + " x", X(point.x), Y(point.y), X(point.x), y - 3.0);
-                WriteDimensionLine(shape, left + dimension.from, y, left + dimension.to, y);
-                const double x = left + (dimension.textFrom + dimension.textTo) / 2.0;
-                WriteText("b m " + layer, x, y - 3.5, LabelOf(shape));
+                for (const VEXMELKSpot& point : dimension.shape->points)
+                    WriteLine(std::string(ClassOf(dimension.shape->layer)) + " x", X(point.x), Y(point.y), X(point.x), y - 3.0);
+                WriteDimensionLine(*dimension.shape, left + dimension.from, y, left + dimension.to, y);
+                label(*dimension.shape, left + (dimension.textFrom + dimension.textTo) / 2.0, y - 3.5, "");
             }
-        const double right = X(m_Bounds.right);
         for (std::size_t number = 0; number < m_UpLanes.size(); ++number)
             for (const Dimension& dimension : m_UpLanes[number])
             {
-                const VEXMELKShape& shape = *dimension.shape;
-                const std::string layer = ClassOf(shape.layer);
                 const double x = right + 17.0 + lane * static_cast<double>(number);
-                for (const VEXMELKSpot& point : shape.points)
-                    WriteLine(layer + " x", X(point.x), Y(point.y), x + 3.0, Y(point.y));
-                WriteDimensionLine(shape, x, top + dimension.from, x, top + dimension.to);
-                const double y = top + (dimension.textFrom + dimension.textTo) / 2.0;
-                *m_Text += "<text class=\"b m " + layer + "\" transform=\"translate(" + Pixels(x - 3.5) + " " +
-                           Pixels(y) + ")rotate(-90)\">" + VEXMELKMarkupText(LabelOf(shape)) + "</text>\n";
+                for (const VEXMELKSpot& point : dimension.shape->points)
+                    WriteLine(std::string(ClassOf(dimension.shape->layer)) + " x", X(point.x), Y(point.y), x + 3.0, Y(point.y));
+                WriteDimensionLine(*dimension.shape, x, top + dimension.from, x, top + dimension.to);
+                label(*dimension.shape, x - 3.5, top + (dimension.textFrom + dimension.textTo) / 2.0, "rotate(-90)");
             }
+        *m_Text += texts;
     }
 
     // With a stroke across at each end.
@@ -511,11 +576,30 @@ private:
         WriteText(std::string("b m ") + ClassOf(layer), middle.x, best.top - 2.0, text);
     }
 
+    static bool Crosses(const Rectangle& place, VEXMELKSpot from, VEXMELKSpot to)
+    {
+        double begin = 0.0;
+        double end = 1.0;
+        const auto clip = [&](double start, double change, double low, double high)
+        {
+            if (std::fabs(change) < 1e-9)
+                return start >= low && start <= high;
+            const double first = (low - start) / change;
+            const double second = (high - start) / change;
+            begin = std::max(begin, std::min(first, second));
+            end = std::min(end, std::max(first, second));
+            return begin <= end;
+        };
+        return clip(from.x, to.x - from.x, place.left, place.right) && clip(from.y, to.y - from.y, place.bottom, place.top);
+    }
+
     double CostOf(const Rectangle& place) const
     {
         double cost = 0.0;
         for (const Rectangle& taken : m_Taken)
             cost += 10.0 * place.Shared(taken);
+        for (const auto& [from, to] : m_Lines)
+            cost += Crosses(place, from, to) ? 14.0 : 0.0;
         const double left = X(m_Bounds.left);
         const double top = Y(m_Bounds.top);
         const double outside = std::max(0.0, left - place.left) + std::max(0.0, place.right - (left + PlotWidth())) +
@@ -525,18 +609,20 @@ private:
 
     const VEXMELKPanel& m_Panel;
     const bool m_HasBothLayers;
+    const std::string m_Id;
     Rectangle m_Bounds; // of the plot, in the panel's unit
     double m_UnitsPerMillimetre = 1.0;
     double m_Scale = 1.0; // pixels to a unit
     double m_TickStep = 1.0;
     Lanes m_AcrossLanes; // above the plot
     Lanes m_UpLanes;     // to the right of it
-    double m_Left = 0.0; // where the plot begins in the panel
+    double m_Left = 12.0; // where the plot begins in the panel
     double m_Top = 0.0;
     double m_X0 = 0.0;
     double m_Y0 = 0.0;
     Rectangle m_Edge; // of the panel, in pixels
     std::vector<Rectangle> m_Taken;
+    std::vector<std::pair<VEXMELKSpot, VEXMELKSpot>> m_Lines;
     std::string* m_Text = nullptr;
 };
 
@@ -666,7 +752,8 @@ private:
         double rowHeight = 0.0;
         for (const VEXMELKPanel& panel : m_Drawing.panels)
         {
-            PanelWriter writer(panel, hasBoth);
+            PanelWriter writer(panel, hasBoth, RoomAmong(m_Drawing.panels.size()),
+                std::string(m_Id) + "-" + std::to_string(&panel - m_Drawing.panels.data()));
             if (x > margin && x + writer.Width() + margin > widestRow)
             {
                 top += rowHeight + gap;

@@ -3,6 +3,7 @@
 #include "LibraryTest.h"
 
 #include <filesystem>
+#include <fstream>
 #include <regex>
 #include <sstream>
 #include <sys/wait.h>
@@ -27,6 +28,12 @@ ToolOutcome RunTool(const std::string& arguments)
         read = fread(buffer, 1, sizeof buffer, pipe);
     const int status = pclose(pipe);
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, output};
+}
+
+std::string ReadFile(const std::string& name)
+{
+    std::ifstream stream(name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
 }
 
 } // namespace
@@ -219,4 +226,50 @@ TEST_F(ToolTest, DescriptionsRulesAndMendsAreDataToo)
     EXPECT_EQ(Json::parse(mends)["files"].dump(),
         R"([{"file":"Default/OVA/UFCurb.xml","findings":1,"edits":[{"line":2,"column":1,"endLine":2,"endColumn":12,)"
         R"("text":"front_offset"}],"renamed":null}])");
+}
+
+TEST_F(ToolTest, DrawsAPictureIntoAFileOfItsKind)
+{
+    const std::string file = directory.Path() + "/picture";
+    const auto draw = [&](const std::string& arguments) { return RunTool(Tool() + "draw " + arguments); };
+    EXPECT_EQ(draw("UFCurb S default -o " + file + ".svg").status, 0);
+    EXPECT_EQ(draw("UFCurb S default").output, ReadFile(file + ".svg"));
+    EXPECT_THAT(ReadFile(file + ".svg"), HasSubstr("FrontOffset 25mm"));
+    const ToolOutcome png = draw("UFCurb S default -o " + file + ".png");
+    if (png.status == 0)
+        EXPECT_TRUE(ReadFile(file + ".png").starts_with("\x89PNG\r\n"));
+    else
+        EXPECT_THAT(png.output, HasSubstr("built without librsvg"));
+    EXPECT_EQ(draw("UFCurb T default -o " + file + "2.svg").status, 1);
+    EXPECT_EQ(ReadFile(file + "2.svg"), "");
+    EXPECT_EQ(draw("UFCurb S default -o " + file + ".gif").status, 2);
+    EXPECT_EQ(draw("UFOilTub S default").status, 3);
+    EXPECT_EQ(draw("Bumpers S default").status, 2);
+    EXPECT_EQ(draw("UFCurb S default -o " + directory.Path() + "/missing/p.svg").status, 2);
+}
+
+TEST_F(ToolTest, ReportsOnADirectoryInOnePage)
+{
+    directory.Remove("Default/OVA/Bumpers.xml");
+    directory.Write("Customer/OVA/UFCurb.xml",
+        R"(<c><standard name="S"><category name="default" front_offset="&lt;i&gt;"/></standard></c>)");
+    const ToolOutcome outcome = RunTool(Tool() + "report");
+    if (outcome.status == 2)
+    {
+        EXPECT_THAT(outcome.output, HasSubstr("built without nettle"));
+        return;
+    }
+    const std::string& page = outcome.output;
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(RunTool(Tool() + "report").output, page);
+    EXPECT_THAT(page, HasSubstr("default-src 'none'; style-src 'sha256-"));
+    EXPECT_THAT(page, testing::Not(HasSubstr("<i>")));
+    EXPECT_THAT(page, testing::Not(HasSubstr("geheim")));
+    EXPECT_THAT(page, testing::Not(HasSubstr("http://www.w3.org/1999"))); // nothing is named that could be fetched
+    EXPECT_THAT(page, testing::Not(HasSubstr(" style=")));
+    EXPECT_THAT(page, testing::Not(HasSubstr(directory.Path())));
+    EXPECT_THAT(page, HasSubstr("<code class=\"customer\">Customer/OVA/UFCurb.xml:1:"));
+    const std::string dated = RunTool(Tool() + "report -o " + directory.Path() + "/r.html").output;
+    EXPECT_EQ(dated, "");
+    EXPECT_EQ(ReadFile(directory.Path() + "/r.html"), page);
 }

@@ -52,6 +52,7 @@ void AddMatrixCommands(CommandLine& line); // table
 void AddDiffCommands(CommandLine& line);
 void AddCheckCommands(CommandLine& line); // check, fix, rule
 void AddSchemaCommands(CommandLine& line);
-void AddDrawCommands(CommandLine& line); // draw
+void AddDrawCommands(CommandLine& line);   // draw
+void AddReportCommands(CommandLine& line); // report
 
 #endif

@@ -75,7 +75,8 @@ private:
     CATUnicodeString m_Directory;
 };
 
-// What a command that has run amounts to, given the answer of its query.
+} // namespace
+
 ExitStatus StatusOf(const Configuration& configuration, const Host& host, bool answeredFalse)
 {
     if (!configuration.file.empty() && Inspector(CurrentDirectory(), configuration).Documents().empty())
@@ -84,6 +85,8 @@ ExitStatus StatusOf(const Configuration& configuration, const Host& host, bool a
         return NotDone;
     return answeredFalse ? AnsweredFalse : Done;
 }
+
+namespace {
 
 std::string Joined(const std::vector<std::string>& texts)
 {

@@ -15,6 +15,8 @@ enum ExitStatus
     NothingThere = 3   // no configuration file found
 };
 
+struct Configuration;
+
 struct CommandOptions
 {
     std::string format = "text";
@@ -33,5 +35,8 @@ struct CommandOptions
 
     bool AsJson() const { return format == "json"; }
 };
+
+// What a command that has run amounts to, given whether its query answered false.
+ExitStatus StatusOf(const Configuration& configuration, const Host& host, bool answeredFalse);
 
 #endif

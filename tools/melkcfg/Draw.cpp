@@ -11,41 +11,34 @@
 
 namespace {
 
-struct DrawOptions
-{
-    std::string category = "default";
-    std::string output;
-};
-
 bool IsPng(const std::string& name)
 {
     return name.ends_with(".png") || name.ends_with(".PNG");
 }
 
-ExitStatus RunDraw(const CommandOptions& options, const DrawOptions& drawing, const Host& host)
+ExitStatus RunDraw(const CommandOptions& options, const std::string& output, const Host& host)
 {
     const Configuration& configuration = FindConfiguration(options.configuration);
-    const bool isSvg = drawing.output.empty() || drawing.output == "-" || drawing.output.ends_with(".svg");
-    if (!isSvg && !IsPng(drawing.output))
-        throw RequestError("the name of the picture has to end in .svg or .png, got " + Shown(drawing.output));
+    const bool isSvg = output.empty() || output == "-" || output.ends_with(".svg");
+    if (!isSvg && !IsPng(output))
+        throw RequestError("the name of the picture has to end in .svg or .png, got " + Shown(output));
     const CATUnicodeString directory = CurrentDirectory();
     VEXMELKPictures pictures(directory);
     const VEXMELKDrawing drawn =
-        pictures.Draw(*configuration.entry, CATUnicodeString(options.standard), CATUnicodeString(drawing.category));
-    if (VEXMELKLoadFiles(*configuration.entry->description, directory).empty())
-    {
-        std::cerr << "there is no file of " << configuration.name << " that can be read\n";
-        return host.HasErrors() ? NotDone : NothingThere;
-    }
+        pictures.Draw(*configuration.entry, CATUnicodeString(options.standard), CATUnicodeString(options.category));
+    VEXMELKLoadFiles(*configuration.entry->description, directory); // tells what is wrong with the files
+    const ExitStatus status = StatusOf(configuration, host, drawn.panels.empty());
+    if (status == NotDone || status == NothingThere)
+        return status;
     if (drawn.panels.empty())
     {
         std::cerr << configuration.name << " has nothing to draw for the standard " << Shown(options.standard)
-                  << " and the category " << Shown(drawing.category) << '\n';
-        return AnsweredFalse;
+                  << " and the category " << Shown(options.category) << '\n';
+        return status;
     }
     const std::string svg = VEXMELKSvgText(drawn, VEXMELKSvgUse::File);
-    WriteOutput(drawing.output, isSvg ? svg : PngOf(svg));
-    return Done;
+    WriteOutput(output, isSvg ? svg : PngOf(svg));
+    return status;
 }
 
 } // namespace
@@ -53,12 +46,12 @@ ExitStatus RunDraw(const CommandOptions& options, const DrawOptions& drawing, co
 void AddDrawCommands(CommandLine& line)
 {
     CommandOptions& options = line.options;
-    const auto drawing = std::make_shared<DrawOptions>();
+    const auto output = std::make_shared<std::string>();
     CLI::App* draw = line.Add(
         "draw", "A picture of what a standard says, to scale",
-        [&options, drawing](const Host& host) { return RunDraw(options, *drawing, host); }, {"text"});
+        [&options, output](const Host& host) { return RunDraw(options, *output, host); }, {"text"});
     draw->add_option("CONFIG", options.configuration, "The configuration")->required();
     draw->add_option("STANDARD", options.standard, "The standard; any text for one without standards")->required();
-    draw->add_option("CATEGORY", drawing->category, "The vehicle category")->capture_default_str();
-    draw->add_option("-o,--output", drawing->output, "FILE.svg or FILE.png; SVG on standard output without it");
+    draw->add_option("CATEGORY", options.category, "The vehicle category")->capture_default_str();
+    draw->add_option("-o,--output", *output, "FILE.svg or FILE.png; SVG on standard output without it");
 }

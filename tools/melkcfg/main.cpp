@@ -18,6 +18,7 @@ ExitStatus Run(int argc, char** argv)
     AddCheckCommands(line);
     AddSchemaCommands(line);
     AddDrawCommands(line);
+    AddReportCommands(line);
     return line.Run(argc, argv);
 }
 

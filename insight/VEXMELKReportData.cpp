@@ -1,0 +1,191 @@
+// Asks all questions of each standard for its own categories. What a category does not have is told by the categories
+// that have it: a report repeats no answer.
+#include "VEXMELKReportData.h"
+
+#include "VEXMELKAnswers.h"
+#include "VEXMELKPictures.h"
+#include "VEXMELKUtilities.h"
+
+#include <algorithm>
+
+namespace {
+
+class Reporter
+{
+public:
+    Reporter(const VEXMELKConfigManager::Configuration& configuration, const CATUnicodeString& directory,
+        VEXMELKPictures& pictures)
+        : m_Directory(directory), m_Pictures(pictures), m_Asker(configuration, directory)
+    {
+        m_Made.configuration = &configuration;
+        m_Made.files = VEXMELKLoadFiles(*configuration.description, directory);
+        for (const VEXMELKSourceFile& file : m_Made.files)
+            m_Documents.emplace_back(file.root, 1);
+    }
+
+    VEXMELKReportConfiguration Make()
+    {
+        FindStandards();
+        std::vector<const VEXMELKDocumentText*> documents;
+        for (const VEXMELKDocumentText& document : m_Documents)
+            documents.push_back(&document);
+        m_Questions = VEXMELKAllQuestions(*m_Made.configuration->description, documents);
+        for (const VEXMELKReportStandard& standard : m_Made.standards)
+            for (const std::string& category : standard.categories)
+                AddCell(standard, category);
+        return std::move(m_Made);
+    }
+
+private:
+    bool HasTag(const VEXMELKDocumentText& document, std::size_t element, std::string_view tag) const
+    {
+        return std::string_view(document.Elements()[element].node->GetTagName()) == tag;
+    }
+
+    void AddCategory(VEXMELKReportStandard& standard, const std::string& name)
+    {
+        for (std::vector<std::string>* list : {&standard.categories, &m_Made.categories})
+            if (std::find(list->begin(), list->end(), name) == list->end())
+                list->push_back(name);
+    }
+
+    // Customer's first: a standard that stands there counts.
+    void FindStandards()
+    {
+        VEXMELKReportStandard whole; // of files without standards
+        for (std::size_t file = m_Documents.size(); file-- > 0;)
+        {
+            const VEXMELKDocumentText& document = m_Documents[file];
+            const bool isCustomers = m_Made.files[file].name.starts_with("Customer/");
+            for (std::size_t element = 1; element < document.Elements().size(); ++element)
+            {
+                if (document.Elements()[element].parent != 0)
+                    continue;
+                const std::string name(document.TextOf(element, "name"));
+                if (HasTag(document, element, "category"))
+                    AddCategory(whole, name);
+                else if (HasTag(document, element, "standard"))
+                    AddStandard(document, element, name, isCustomers);
+            }
+        }
+        if (m_Made.standards.empty())
+        {
+            if (whole.categories.empty())
+                AddCategory(whole, "");
+            m_Made.standards.push_back(whole);
+        }
+    }
+
+    void AddStandard(const VEXMELKDocumentText& document, std::size_t element, const std::string& name, bool isCustomers)
+    {
+        const auto known = std::find_if(m_Made.standards.begin(), m_Made.standards.end(),
+            [&](const VEXMELKReportStandard& standard) { return standard.name == name; });
+        if (known != m_Made.standards.end())
+        {
+            known->isReplaced = known->isReplaced || (known->isCustomers && !isCustomers);
+            return;
+        }
+        VEXMELKReportStandard standard{name, isCustomers, false, {}};
+        for (std::size_t child = element + 1; child < document.Elements().size(); ++child)
+            if (document.Elements()[child].parent == element && HasTag(document, child, "category"))
+                AddCategory(standard, std::string(document.TextOf(child, "name")));
+        m_Made.standards.push_back(std::move(standard));
+    }
+
+    // The arguments beside standard and category; nothing when the question is one of another standard or category.
+    // What does not ask for a category is told in the first one.
+    std::optional<std::string> ArgumentsIn(
+        const VEXMELKPreparedQuestion& question, const VEXMELKReportCell& cell, bool isFirst) const
+    {
+        const auto parameters = question.Operation().Parameters();
+        bool hasCategory = false;
+        std::string others;
+        for (const VEXMELKPreparedQuestion::Input& input : question.Inputs())
+        {
+            const VEXMELKParameter& parameter = parameters[input.parameter];
+            const std::string text = VEXMELKTextOf(input.value);
+            if (parameter.role == VEXMELKRole::Standard && text != cell.standard)
+                return std::nullopt;
+            if (parameter.role == VEXMELKRole::Category && text != cell.category)
+                return std::nullopt;
+            hasCategory = hasCategory || parameter.role == VEXMELKRole::Category;
+            if (parameter.role != VEXMELKRole::Standard && parameter.role != VEXMELKRole::Category)
+                others += (others.empty() ? "" : " ") + std::string(parameter.name) + "=" + text;
+        }
+        return hasCategory || isFirst ? std::optional(others) : std::nullopt;
+    }
+
+    void AddCell(const VEXMELKReportStandard& standard, const std::string& category)
+    {
+        const auto& own = m_Made.configuration->description->operations;
+        VEXMELKReportCell cell{standard.name, category, {}, {}};
+        cell.drawing = m_Pictures.Draw(
+            *m_Made.configuration, CATUnicodeString(standard.name), CATUnicodeString(category));
+        const bool isFirst = category == standard.categories.front();
+        for (const VEXMELKPreparedQuestion& question : m_Questions)
+        {
+            const bool isOwn = std::any_of(own.begin(), own.end(),
+                [&](const VEXMELKOperation& operation) { return operation.Name() == question.Operation().Name(); });
+            if (!isOwn)
+                continue;
+            if (const auto arguments = ArgumentsIn(question, cell, isFirst))
+                AddAnswer(cell, question, *arguments);
+        }
+        m_Made.cells.push_back(std::move(cell));
+    }
+
+    void AddAnswer(VEXMELKReportCell& cell, const VEXMELKPreparedQuestion& question, const std::string& arguments)
+    {
+        const std::string operation(question.Operation().Name());
+        const bool isKnown = std::any_of(cell.answers.begin(), cell.answers.end(),
+            [&](const VEXMELKReportAnswer& answer) { return answer.operation == operation; });
+        VEXMELKReportAnswer answer{operation, arguments, {}};
+        if (!isKnown)
+            answer.explanation = VEXMELKExplain(*m_Made.configuration, question, m_Directory);
+        else
+        {
+            const VEXMELKFlatAnswer flat = m_Asker.Ask(question);
+            answer.explanation.result = flat.result;
+            for (VEXMELKNamedValue& value : flat.Fields())
+                answer.explanation.fields.push_back({std::move(value), {}});
+        }
+        cell.answers.push_back(std::move(answer));
+    }
+
+    const CATUnicodeString& m_Directory;
+    VEXMELKPictures& m_Pictures;
+    VEXMELKAsker m_Asker;
+    std::vector<VEXMELKDocumentText> m_Documents;
+    std::vector<VEXMELKPreparedQuestion> m_Questions;
+    VEXMELKReportConfiguration m_Made;
+};
+
+// Of files that are there and cannot be read boxes tell; most directories do not have the files of every configuration.
+bool HasFile(const VEXMELKDescription& description, const CATUnicodeString& directory)
+{
+    const CATUnicodeString file(description.file);
+    return VEXMELKUtilities::FileExists(directory + "\\Default\\" + file) != 0 ||
+           VEXMELKUtilities::FileExists(directory + "\\" + file) != 0;
+}
+
+} // namespace
+
+std::vector<VEXMELKReportConfiguration> VEXMELKReportOn(
+    const CATUnicodeString& directory, const VEXMELKReportProgress& onConfiguration)
+{
+    const auto all = VEXMELKConfigManager::GetConfigurations();
+    VEXMELKPictures pictures(directory);
+    std::vector<VEXMELKReportConfiguration> made;
+    for (std::size_t number = 0; number < all.size(); ++number)
+    {
+        const std::string name(all[number].description->name);
+        if (onConfiguration)
+            onConfiguration(number + 1, all.size(), name);
+        if (!all[number].create || !HasFile(*all[number].description, directory))
+            continue;
+        VEXMELKReportConfiguration configuration = Reporter(all[number], directory, pictures).Make();
+        if (!configuration.files.empty())
+            made.push_back(std::move(configuration));
+    }
+    return made;
+}
