@@ -1,6 +1,8 @@
 // Hands boxes to the presenter. An exception of the host's does not get past it.
 #include "VEXMELKGUI.h"
 
+#include "CATDesktopBox.h"
+
 #include <iostream>
 #include <utility>
 
@@ -13,6 +15,16 @@ public:
     {
         std::cerr << (kind == Error ? "error: " : "warning: ") << title.ConvertToChar() << ": " << text.ConvertToChar()
                   << std::endl;
+    }
+};
+
+class DesktopPresenter final : public VEXMELKMessagePresenter
+{
+public:
+    void Show(Kind kind, const CATUnicodeString& title, const CATUnicodeString& text) override
+    {
+        if (!CATShowDesktopBox(kind == Error, title.ConvertToChar(), text.ConvertToChar()))
+            StandardErrorPresenter().Show(kind, title, text);
     }
 };
 
@@ -43,6 +55,12 @@ void VEXMELKGUI::ShowWarning(
     const CATUnicodeString& text, const CATUnicodeString& title, int /*options*/, CATDialog* /*parent*/)
 {
     Show(VEXMELKMessagePresenter::Warning, title, text);
+}
+
+VEXMELKMessagePresenter* VEXMELKGUI::GetDesktopPresenter()
+{
+    static auto* const desktop = new DesktopPresenter;
+    return desktop;
 }
 
 VEXMELKMessagePresenter* VEXMELKGUI::InstallPresenter(VEXMELKMessagePresenter* presenter)

@@ -4,6 +4,7 @@
 
 #include "CATBaseUnknown.h"
 #include "CATUnicodeString.h"
+#include "VEXMELKConfigurationExport.h"
 
 class VEXIMELKAccessAdminAttr
 {
@@ -17,7 +18,7 @@ public:
     virtual CATResult GetBaseDataDBPath(CATUnicodeString& path, CATUnicodeString& user) const = 0;
 };
 
-class VEXMELKGetAdminAccess
+class ExportedByVEXMELKConfiguration VEXMELKGetAdminAccess
 {
 public:
     // The settings object; null when the host says that there is none. Without a host's word it is an object that

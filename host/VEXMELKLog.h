@@ -4,6 +4,7 @@
 #define VEXMELKLog_H
 
 #include "CATUnicodeString.h"
+#include "VEXMELKConfigurationExport.h"
 
 class VEXMELKLogSink
 {
@@ -13,7 +14,7 @@ public:
     virtual void Write(const CATUnicodeString& line) = 0;
 };
 
-class VEXMELKLog
+class ExportedByVEXMELKConfiguration VEXMELKLog
 {
 public:
     enum Level

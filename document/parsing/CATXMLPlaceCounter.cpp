@@ -1,7 +1,7 @@
 // Searches for line ends and counts first bytes of characters. Gives up where the parser underneath counts otherwise.
 #include "CATXMLPlaceCounter.h"
 
-#include <strings.h>
+#include "CATXMLEncoding.h"
 
 namespace {
 
@@ -36,7 +36,7 @@ void CATXMLPlaceCounter::SeeDocument(std::string_view bytes)
 
 void CATXMLPlaceCounter::SeeEncoding(std::string_view name)
 {
-    if (name.size() != 5 || strncasecmp(name.data(), "UTF-8", 5) != 0)
+    if (!CATXMLIsEncoding(name, "UTF-8"))
         m_IsCounting = false;
 }
 

@@ -2,6 +2,7 @@
 // the directory that it lies in.
 #include "Check.h"
 
+#include "Console.h"
 #include "Explain.h"
 #include "Findings.h"
 #include "Patch.h"
@@ -12,8 +13,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
-#include <sys/ioctl.h>
-#include <unistd.h>
 
 namespace {
 
@@ -113,7 +112,7 @@ public:
     }
 
 private:
-    const bool m_IsTerminal = isatty(STDERR_FILENO) != 0;
+    const bool m_IsTerminal = IsTerminal(StandardStream::Error);
     const std::chrono::steady_clock::time_point m_Begin = std::chrono::steady_clock::now();
     bool m_IsShown = false;
 };
@@ -129,14 +128,12 @@ VEXMELKCheckResult Check(Target& target)
 TextStyle StyleOfOutput()
 {
     TextStyle style;
-    if (isatty(STDOUT_FILENO) == 0)
+    if (!IsTerminal(StandardStream::Output))
         return style;
     const char* noColour = std::getenv("NO_COLOR");
     const char* terminal = std::getenv("TERM");
     style.isColoured = (!noColour || !*noColour) && terminal && std::string_view(terminal) != "dumb";
-    winsize size{};
-    if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0)
-        style.width = size.ws_col;
+    style.width = TerminalWidth().value_or(0);
     return style;
 }
 

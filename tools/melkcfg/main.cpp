@@ -4,6 +4,7 @@
 #include "CATIXMLDOMDocumentBuilder.h"
 #include "Changes.h"
 #include "Check.h"
+#include "Console.h"
 #include "VEXMELKUtilities.h"
 
 #include <CLI/CLI.hpp>
@@ -222,9 +223,11 @@ ExitStatus Run(int argc, char** argv)
 int main(int argc, char** argv)
 {
     ExitStatus status = NotDone;
+    PrepareStreams();
     try
     {
-        status = Run(argc, argv);
+        ProgramArguments arguments(argc, argv);
+        status = Run(arguments.Count(), arguments.Values());
     }
     catch (const std::exception& error)
     {
