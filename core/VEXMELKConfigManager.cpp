@@ -75,21 +75,21 @@ template <class Component> void ReleaseAndClear(Component*& component)
 } // namespace
 
 // Every configuration, in the order in which they are released.
-class [[gnu::visibility("hidden")]] VEXMELKConfigManager::List
+class HiddenInVEXMELKConfiguration VEXMELKConfigManager::List
 {
     using Manager = VEXMELKConfigManager;
 
     // The properties of the windscreen are neither created nor released here: whoever sets them keeps them.
     template <auto Member> static constexpr bool isOwned = true;
 
-    template <auto Member> static auto* Get(Manager & manager)
+    template <auto Member> static auto* Get(Manager& manager)
     {
         if constexpr (isOwned<Member>)
             return manager.Obtain(Member);
         else
             return manager.*Member;
     }
-    template <auto Member> static void Release(Manager & manager)
+    template <auto Member> static void Release(Manager& manager)
     {
         if constexpr (isOwned<Member>)
             ReleaseAndClear(manager.*Member);

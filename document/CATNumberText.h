@@ -2,6 +2,8 @@
 #ifndef CATNumberText_H
 #define CATNumberText_H
 
+#include "VEXMELKConfigurationExport.h"
+
 #include <string_view>
 
 constexpr bool CATIsBlank(char character)
@@ -23,6 +25,6 @@ constexpr std::string_view CATStripped(std::string_view text)
 // Reads a decimal number (optional sign, digits with an optional point, optional exponent) from the front of text,
 // correctly rounded and independent of any locale, and takes it off the text. One too small for a double gives zero.
 // False, with nothing changed, when no number stands there or one too large for a double.
-bool CATTakeNumber(std::string_view& text, double& value);
+ExportedByVEXMELKConfiguration bool CATTakeNumber(std::string_view& text, double& value);
 
 #endif

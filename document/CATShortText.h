@@ -6,12 +6,13 @@
 #define CATShortText_H
 
 #include "CATTextHash.h"
+#include "VEXMELKConfigurationExport.h"
 
 #include <cstdint>
 #include <cstring>
 #include <string_view>
 
-class CATShortText
+class ExportedByVEXMELKConfiguration CATShortText
 {
 public:
     CATShortText() noexcept = default;

@@ -2,15 +2,22 @@
 #include "CATTextHash.h"
 
 #include <chrono>
-#include <unistd.h>
+#include <random>
 
 namespace {
 
 CATTextHashSecret MakeSecret()
 {
     CATTextHashSecret secret = {};
-    if (getentropy(&secret, sizeof secret) == 0)
-        return secret;
+    try
+    {
+        std::random_device device;
+        const auto word = [&] { return std::uint64_t{device()} << 32U | device(); };
+        return {word(), word()};
+    }
+    catch (...)
+    {
+    }
     // A system that has no randomness to give: the clock and where things lie, which no writer of a file knows.
     const auto now = static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count());
     secret.first = CATTextHashDetail::Fold(now, 0x9E3779B97F4A7C15U);

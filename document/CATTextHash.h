@@ -5,10 +5,15 @@
 #ifndef CATTextHash_H
 #define CATTextHash_H
 
+#include "VEXMELKConfigurationExport.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
+#ifdef _MSC_VER
+#include <intrin.h>
+#endif
 
 struct CATTextHashSecret
 {
@@ -16,7 +21,7 @@ struct CATTextHashSecret
     std::uint64_t second;
 };
 // The same for the whole process.
-CATTextHashSecret CATTextHashSecretOfProcess();
+ExportedByVEXMELKConfiguration CATTextHashSecret CATTextHashSecretOfProcess();
 
 namespace CATTextHashDetail {
 
@@ -30,9 +35,15 @@ inline std::uint64_t Load(const char* text, std::size_t bytes)
 // Both halves of the product of 128 bits: each bit of the result depends on all bits of both factors.
 inline std::uint64_t Fold(std::uint64_t left, std::uint64_t right)
 {
+#ifdef _MSC_VER
+    std::uint64_t high = 0;
+    const std::uint64_t low = _umul128(left, right, &high);
+    return low ^ high;
+#else
     __extension__ using Wide = unsigned __int128;
     const Wide product = static_cast<Wide>(left) * right;
     return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64U);
+#endif
 }
 
 } // namespace CATTextHashDetail

@@ -3,10 +3,11 @@
 #define CATTextTable_H
 
 #include "CATTextHash.h"
+#include "VEXMELKConfigurationExport.h"
 
 #include <vector>
 
-class CATTextTable
+class ExportedByVEXMELKConfiguration CATTextTable
 {
 public:
     using Number = std::uint32_t;

@@ -8,6 +8,7 @@
 #define CATXMLDocument_H
 
 #include "CATTextTable.h"
+#include "VEXMELKConfigurationExport.h"
 
 #include <algorithm>
 #include <array>
@@ -21,7 +22,7 @@
 #include <utility>
 
 // Throws std::bad_alloc: apart, so that programs without exceptions may include this.
-[[noreturn]] void CATOutOfMemory();
+[[noreturn]] ExportedByVEXMELKConfiguration void CATOutOfMemory();
 
 // A growing array of plain values. It never holds two copies of a large block while it grows, and gives back what it
 // has not used. It can start in storage that its owner provides: a small document is then written there first, and
@@ -101,7 +102,7 @@ private:
 using CATXMLStorage = std::array<std::byte, 8192>;
 
 // Numbers names: the first new one is symbol 0, the next 1, and so on.
-class CATXMLNames
+class ExportedByVEXMELKConfiguration CATXMLNames
 {
 public:
     using Symbol = CATTextTable::Number;
@@ -163,7 +164,7 @@ private:
     mutable Symbol m_Latest = none;
 };
 
-class CATXMLDocument
+class ExportedByVEXMELKConfiguration CATXMLDocument
 {
 public:
     using Index = std::uint32_t;

@@ -2,6 +2,8 @@
 #ifndef CATBaseUnknown_H
 #define CATBaseUnknown_H
 
+#include "VEXMELKConfigurationExport.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -100,7 +102,7 @@ private:
 
 // The dictionary of external components: class name to creator. A library registers its components by objects of
 // this type with static storage; nothing is created before somebody asks.
-class CATExternalComponent
+class ExportedByVEXMELKConfiguration CATExternalComponent
 {
 public:
     using Creator = CATBaseUnknown* (*)();

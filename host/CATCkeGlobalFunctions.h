@@ -3,6 +3,7 @@
 #define CATCkeGlobalFunctions_H
 
 #include "CATUnicodeString.h"
+#include "VEXMELKConfigurationExport.h"
 
 // A parameter of length (metres), angle (radians) or real type.
 class CATICkeParm
@@ -42,7 +43,7 @@ private:
 };
 
 // Creates volatile parameters. The value is given in the base unit.
-class CATICkeParmFactory
+class ExportedByVEXMELKConfiguration CATICkeParmFactory
 {
 public:
     CATICkeParm_var CreateLength(const char* name, double metres) const;
@@ -50,7 +51,7 @@ public:
     CATICkeParm_var CreateReal(const char* name, double value) const;
 };
 
-class CATCkeGlobalFunctions
+class ExportedByVEXMELKConfiguration CATCkeGlobalFunctions
 {
 public:
     static const CATICkeParmFactory* GetVolatileFactory();

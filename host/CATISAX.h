@@ -4,6 +4,7 @@
 
 #include "CATBaseUnknown.h"
 #include "CATUnicodeString.h"
+#include "VEXMELKConfigurationExport.h"
 
 // A problem that the parser found: its message, and where, line and column counted from 1.
 class CATSAXParseException
@@ -100,7 +101,7 @@ enum CATSAXClassId
     CLSID_XML4C_SAX
 };
 
-class CATIXMLSAXFactory : public CATBaseUnknown
+class ExportedByVEXMELKConfiguration CATIXMLSAXFactory : public CATBaseUnknown
 {
 public:
     // An input source that reads the file; the file is opened when the parser reads it.
@@ -109,6 +110,6 @@ public:
 };
 using CATIXMLSAXFactory_var = CATHandle<CATIXMLSAXFactory>;
 
-CATResult CreateCATIXMLSAXFactory(CATIXMLSAXFactory_var& factory, CATSAXClassId classId);
+ExportedByVEXMELKConfiguration CATResult CreateCATIXMLSAXFactory(CATIXMLSAXFactory_var& factory, CATSAXClassId classId);
 
 #endif

@@ -17,13 +17,14 @@
 #include "CATISAX.h"
 #include "CATListOf.h"
 #include "CATXMLBounds.h"
+#include "VEXMELKConfigurationExport.h"
 
 enum CATDOMClassId
 {
     CLSID_XML4C_DOM
 };
 
-class CATIXMLDOMDocumentBuilder : public CATBaseUnknown
+class ExportedByVEXMELKConfiguration CATIXMLDOMDocumentBuilder : public CATBaseUnknown
 {
 public:
     // The names of the options that Parse takes: "CATDoValidation" and "CATDocumentTypeDirectory".
@@ -46,6 +47,7 @@ public:
 };
 using CATIXMLDOMDocumentBuilder_var = CATHandle<CATIXMLDOMDocumentBuilder>;
 
-CATResult CreateCATIXMLDOMDocumentBuilder(CATIXMLDOMDocumentBuilder_var& builder, CATDOMClassId classId);
+ExportedByVEXMELKConfiguration CATResult CreateCATIXMLDOMDocumentBuilder(
+    CATIXMLDOMDocumentBuilder_var& builder, CATDOMClassId classId);
 
 #endif

@@ -6,10 +6,11 @@
 #define CATMemoryDirectory_H
 
 #include "CATUnicodeString.h"
+#include "VEXMELKConfigurationExport.h"
 
 #include <string>
 
-class CATMemoryDirectory
+class ExportedByVEXMELKConfiguration CATMemoryDirectory
 {
 public:
     CATMemoryDirectory();

@@ -8,20 +8,22 @@
 #ifndef CATQuantity_H
 #define CATQuantity_H
 
+#include "VEXMELKConfigurationExport.h"
+
 #include <string_view>
 #include <vector>
 
 // Units "mm", "cm", "dm", "m", "km", "in", "ft", "mic" (micrometre); a bare number counts as millimetres.
-bool CATLengthFromText(std::string_view text, double& metres);
+ExportedByVEXMELKConfiguration bool CATLengthFromText(std::string_view text, double& metres);
 
 // Units "deg", "rad", "grad", "turn"; a bare number counts as degrees.
-bool CATAngleFromText(std::string_view text, double& radians);
+ExportedByVEXMELKConfiguration bool CATAngleFromText(std::string_view text, double& radians);
 
 // The symbols of these units.
-std::vector<std::string_view> CATLengthUnits();
-std::vector<std::string_view> CATAngleUnits();
+ExportedByVEXMELKConfiguration std::vector<std::string_view> CATLengthUnits();
+ExportedByVEXMELKConfiguration std::vector<std::string_view> CATAngleUnits();
 
 // No unit.
-bool CATRealFromText(std::string_view text, double& value);
+ExportedByVEXMELKConfiguration bool CATRealFromText(std::string_view text, double& value);
 
 #endif

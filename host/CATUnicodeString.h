@@ -7,6 +7,7 @@
 
 #include "CATShortText.h"
 #include "CATTextHash.h"
+#include "VEXMELKConfigurationExport.h"
 
 #include <string>
 #include <string_view>
@@ -25,7 +26,7 @@ private:
     std::string m_Text;
 };
 
-class CATUnicodeString
+class ExportedByVEXMELKConfiguration CATUnicodeString
 {
 public:
     CATUnicodeString() = default;

@@ -5,6 +5,7 @@
 #define VEXMELKAttrAccessBase_H
 
 #include "CATUnicodeString.h"
+#include "VEXMELKConfigurationExport.h"
 
 #include <vector>
 
@@ -18,7 +19,7 @@ struct VEXMELKColorRange
     bool Critical = false;
 };
 
-class VEXMELKAttrAccessBase
+class ExportedByVEXMELKConfiguration VEXMELKAttrAccessBase
 {
 public:
     // The places of the virtual operations are fixed: callers reach them by place.

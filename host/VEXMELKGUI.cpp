@@ -1,6 +1,8 @@
 // Hands boxes to the presenter. An exception of the host's does not get past it.
 #include "VEXMELKGUI.h"
 
+#include "CATDesktopBox.h"
+
 #include <atomic>
 #include <iostream>
 
@@ -14,6 +16,16 @@ public:
         // In one piece, whichever threads write.
         const CATUnicodeString line = CATUnicodeString(kind == Error ? "error: " : "warning: ") + title + ": " + text;
         std::cerr << (line + "\n").ConvertToChar() << std::flush;
+    }
+};
+
+class DesktopPresenter final : public VEXMELKMessagePresenter
+{
+public:
+    void Show(Kind kind, const CATUnicodeString& title, const CATUnicodeString& text) override
+    {
+        if (!CATShowDesktopBox(kind == Error, title.ConvertToChar(), text.ConvertToChar()))
+            StandardErrorPresenter().Show(kind, title, text);
     }
 };
 
@@ -46,6 +58,12 @@ void VEXMELKGUI::ShowWarning(
     const CATUnicodeString& text, const CATUnicodeString& title, int /*options*/, CATDialog* /*parent*/)
 {
     Show(VEXMELKMessagePresenter::Warning, title, text);
+}
+
+VEXMELKMessagePresenter* VEXMELKGUI::GetDesktopPresenter()
+{
+    static auto* const desktop = new DesktopPresenter;
+    return desktop;
 }
 
 VEXMELKMessagePresenter* VEXMELKGUI::InstallPresenter(VEXMELKMessagePresenter* presenter)

@@ -5,6 +5,7 @@
 #define VEXMELKGUI_H
 
 #include "CATUnicodeString.h"
+#include "VEXMELKConfigurationExport.h"
 
 // A dialog of the host, as far as boxes need one for their parent.
 class CATDialog;
@@ -22,7 +23,7 @@ public:
     virtual void Show(Kind kind, const CATUnicodeString& title, const CATUnicodeString& text) = 0;
 };
 
-class VEXMELKGUI
+class ExportedByVEXMELKConfiguration VEXMELKGUI
 {
 public:
     // "options" and "parent" are the host's; the boxes of the configuration have neither.
@@ -33,6 +34,11 @@ public:
     // Installs the presenter, null for none, and returns the one before. The caller keeps ownership; a query of
     // another thread that runs meanwhile may still show its boxes by the one before.
     static VEXMELKMessagePresenter* InstallPresenter(VEXMELKMessagePresenter* presenter);
+
+    // A presenter of real message boxes, to be installed by a program that has no dialogs of its own: the system's on
+    // Windows, those of GTK 3 elsewhere, which is loaded at the first box. Where there is no desktop or no GTK, boxes
+    // go to standard error. Lives as long as the process.
+    static VEXMELKMessagePresenter* GetDesktopPresenter();
 };
 
 #endif

@@ -1,38 +1,33 @@
 // The settings that are read from the environment, unless the host has put its own in their place.
 #include "VEXMELKGetAdminAccess.h"
 
+#include "CATEnvironment.h"
+
 #include <atomic>
 #include <cstddef>
-#include <cstdlib>
 #include <new>
 
 namespace {
-
-const char* Variable(const char* name)
-{
-    const char* value = std::getenv(name);
-    return value ? value : "";
-}
 
 class EnvironmentAccess final : public VEXIMELKAccessAdminAttr
 {
 public:
     CATResult GetConfigurationDirectory(CATString& directory) const override
     {
-        const char* value = Variable("MELK_CFG_PATH");
-        if (*value == '\0')
+        const std::string value = CATEnvironmentVariable("MELK_CFG_PATH");
+        if (value.empty())
             return E_FAIL;
-        directory = value;
+        directory = value.c_str();
         return S_OK;
     }
-    CATUnicodeString GetTestPath() const override { return {Variable("MELK_TEST_PATH")}; }
+    CATUnicodeString GetTestPath() const override { return {CATEnvironmentVariable("MELK_TEST_PATH")}; }
     CATResult GetBaseDataDBPath(CATUnicodeString& path, CATUnicodeString& user) const override
     {
-        const char* value = Variable("MELK_BASEDATA_DB");
-        if (*value == '\0')
+        const std::string value = CATEnvironmentVariable("MELK_BASEDATA_DB");
+        if (value.empty())
             return E_FAIL;
         path = value;
-        user = Variable("MELK_BASEDATA_DB_USER");
+        user = CATEnvironmentVariable("MELK_BASEDATA_DB_USER");
         return S_OK;
     }
 };

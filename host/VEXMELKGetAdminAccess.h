@@ -7,6 +7,7 @@
 
 #include "CATBaseUnknown.h"
 #include "CATUnicodeString.h"
+#include "VEXMELKConfigurationExport.h"
 
 class VEXIMELKAccessAdminAttr
 {
@@ -20,7 +21,7 @@ public:
     virtual CATResult GetBaseDataDBPath(CATUnicodeString& path, CATUnicodeString& user) const = 0;
 };
 
-class VEXMELKGetAdminAccess
+class ExportedByVEXMELKConfiguration VEXMELKGetAdminAccess
 {
 public:
     // The settings object; null when the host says that there is none. Without a host's word it is an object that

@@ -7,6 +7,7 @@
 #define VEXMELKLog_H
 
 #include "CATUnicodeString.h"
+#include "VEXMELKConfigurationExport.h"
 
 class VEXMELKLogSink
 {
@@ -16,7 +17,7 @@ public:
     virtual void Write(const CATUnicodeString& line) = 0;
 };
 
-class VEXMELKLog
+class ExportedByVEXMELKConfiguration VEXMELKLog
 {
 public:
     enum Level

@@ -1,6 +1,7 @@
 // The state of the application, the message texts, and the palette of sixteen colours.
 #include "VEXMELKUtilities.h"
 
+#include "CATEnvironment.h"
 #include "CATFiles.h"
 #include "CATPath.h"
 #include "CATQuantity.h"
@@ -8,7 +9,6 @@
 #include <algorithm>
 #include <atomic>
 #include <cstdint>
-#include <cstdlib>
 #include <optional>
 #include <sstream>
 #include <string>
@@ -54,8 +54,8 @@ std::optional<std::string> TextOfLine(std::string_view line, std::string_view ke
 
 std::optional<std::string> TextOfCatalogueFile(std::string_view key)
 {
-    const char* path = std::getenv("MELK_MSG_CATALOG");
-    if (!path)
+    const std::string path = CATEnvironmentVariable("MELK_MSG_CATALOG");
+    if (path.empty())
         return std::nullopt;
     CATInputFile file(path);
     if (!file.IsOpen())

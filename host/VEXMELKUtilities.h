@@ -6,6 +6,7 @@
 #define VEXMELKUtilities_H
 
 #include "CATUnicodeString.h"
+#include "VEXMELKConfigurationExport.h"
 
 enum VEXMELKAppMode : int
 {
@@ -13,7 +14,7 @@ enum VEXMELKAppMode : int
     VEXMELKTestMode = 1
 };
 
-class VEXMELKUtilities
+class ExportedByVEXMELKConfiguration VEXMELKUtilities
 {
 public:
     static VEXMELKAppMode GetAppMode();

@@ -1,37 +1,18 @@
 // Finds tags in the text of a file. They are read without checks: what is not well-formed, the parser says.
 #include "VEXMELKWrittenFile.h"
 
+#include "CATEncoding.h"
 #include "VEXMELKDocumentText.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
-#include <iconv.h>
 #include <iterator>
 
 namespace {
 
 constexpr auto npos = std::string_view::npos;
 constexpr std::string_view blanks = " \t\r\n";
-
-std::optional<std::string> Converted(const char* to, const char* from, std::string bytes)
-{
-    iconv_t converter = iconv_open(to, from);
-    // NOLINTNEXTLINE(performance-no-int-to-ptr): a number in the range that stands for no encoding
-    if (converter == reinterpret_cast<iconv_t>(-1))
-        return std::nullopt;
-    std::string converted(bytes.size() * 4 + 4, '\0');
-    char* input = bytes.data();
-    char* output = converted.data();
-    std::size_t inputLeft = bytes.size();
-    std::size_t outputLeft = converted.size();
-    const bool isDone = iconv(converter, &input, &inputLeft, &output, &outputLeft) != static_cast<std::size_t>(-1) &&
-                        iconv(converter, nullptr, nullptr, &output, &outputLeft) != static_cast<std::size_t>(-1);
-    iconv_close(converter);
-    if (!isDone)
-        return std::nullopt;
-    converted.resize(converted.size() - outputLeft);
-    return converted;
-}
 
 // The encoding that the XML declaration names, empty when it names none.
 std::string DeclaredEncoding(std::string_view text)
@@ -127,7 +108,7 @@ std::vector<VEXMELKWrittenFile::Attribute> AttributesIn(std::string_view text, s
 
 std::optional<VEXMELKWrittenFile> VEXMELKWrittenFile::Read(const std::string& path)
 {
-    std::ifstream stream(path, std::ios::binary);
+    std::ifstream stream(std::filesystem::path(path), std::ios::binary);
     if (!stream)
         return std::nullopt;
     std::string bytes(std::istreambuf_iterator<char>(stream), {});
@@ -143,7 +124,7 @@ std::optional<VEXMELKWrittenFile> VEXMELKWrittenFile::Read(const std::string& pa
         file.m_Encoding = DeclaredEncoding(bytes);
     if (file.m_Encoding.empty())
         file.m_Encoding = "UTF-8";
-    std::optional<std::string> text = Converted("UTF-8", file.m_Encoding.c_str(), bytes.substr(file.m_Mark.size()));
+    std::optional<std::string> text = CATToUTF8(std::string_view(bytes).substr(file.m_Mark.size()), file.m_Encoding);
     if (!text)
         return std::nullopt;
     file.m_Bytes = std::move(bytes);
@@ -367,5 +348,5 @@ std::optional<std::string> VEXMELKWrittenFile::With(std::vector<VEXMELKTextEdit>
 
 std::optional<std::string> VEXMELKWrittenFile::Encoded(std::string_view text) const
 {
-    return Converted(m_Encoding.c_str(), "UTF-8", std::string(text));
+    return CATFromUTF8(text, m_Encoding);
 }

@@ -1,55 +1,91 @@
 #!/usr/bin/env bash
-# Builds everything and passes every check: release build and tests, the same under AddressSanitizer and
-# UndefinedBehaviorSanitizer (the fuzzers' corpora among them), the tests of threads under ThreadSanitizer, formatting,
-# clang-tidy, and a program built against the installed package. Installs what is missing. Ends with CTest's summary of the release tests.
+# scripts/check.sh: builds everything and passes every check. Installs what is missing. Ends with CTest's summary of the
+# release tests.
+# scripts/check.sh quick: formatting, the debug build and its tests, for daily work.
+# scripts/check.sh STEP...: only these steps, by the names of their functions below.
+#
+# What a step says is kept in build/check/STEP.log and shown when it fails.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
-current="installing packages"
-trap 'echo "check.sh: failed at: $current" >&2' ERR
-step() {
-    current=$*
-    printf '\n== %s\n' "$current"
+logs=$PWD/build/check
+mkdir -p "$logs"
+jobs=$(nproc)
+
+formatting() {
+    git ls-files '*.h' '*.cpp' | xargs clang-format-14 --dry-run --Werror
 }
 
-ensure_packages "${build_packages[@]}" "${test_packages[@]}" \
-    clang-14 clang-format-14 clang-tidy-14 git pkg-config
+# A preset's build, and its tests. Each test has a time limit of its own.
+build() {
+    cmake --preset "$1"
+    cmake --build --preset "$1"
+}
+test_preset() {
+    ctest --preset "$1" -j "$jobs" --no-tests=error
+}
 
-step "formatting"
-git ls-files '*.h' '*.cpp' | xargs clang-format-14 --dry-run --Werror
+debug() { build dev && test_preset dev; }
+release_build() { build release; }
+release_tests() { test_preset release; }
 
-step "release build, warnings as errors"
-cmake --preset release >/dev/null
-cmake --build --preset release
+# The sanitizers' findings stay in files of their own, whatever the tests make of the processes that they end.
+sanitizers() {
+    rm -rf "$logs/sanitizers" && mkdir "$logs/sanitizers"
+    export ASAN_OPTIONS=log_path=$logs/sanitizers/address UBSAN_OPTIONS=print_stacktrace=1:log_path=$logs/sanitizers/undefined
+    build asan
+    local status=0
+    test_preset asan || status=$?
+    find "$logs/sanitizers" -type f -size +0 -exec tail -n +1 {} +
+    [ "$status" -eq 0 ] && [ -z "$(find "$logs/sanitizers" -type f -size +0)" ]
+}
 
-step "sanitized build and tests"
-cmake --preset asan >/dev/null
-cmake --build --preset asan
-ctest --preset asan -j "$(nproc)" --progress
+# Clang builds everything that GCC builds, and the fuzzers, which replay what was kept of them.
+clang() { build clang; }
+fuzzers() { scripts/fuzz.sh 0; }
+benchmarks() { build bench; }
 
-step "threads under ThreadSanitizer"
-cmake --preset tsan >/dev/null
-cmake --build --preset tsan
-ctest --preset tsan
+# Threads that load, ask, reload and release at will, under ThreadSanitizer.
+threads() { build tsan && test_preset tsan; }
+tidy() { scripts/tidy.sh; }
+# Schemas, editors and reports under the validators of the distribution.
+schemas() { scripts/schemas.sh; }
+exports() { scripts/exports.sh build/release/lib/libVEXMELKConfiguration.so; }
+packages() { scripts/release.sh; }
+windows() { scripts/windows.sh test; }
+boxes() { scripts/boxes.sh build/release; }
 
-step "clang-tidy"
-scripts/tidy.sh
+# A new check is a function above and its name here, in the order in which they run: what fails soonest first.
+all_steps=(formatting release_build exports clang benchmarks sanitizers threads fuzzers tidy schemas packages windows boxes release_tests)
+quick_steps=(formatting debug)
 
-step "a program built against the installed package"
-rm -rf build/installed build/consumer
-cmake --install build/release --prefix build/installed >/dev/null
-cmake -S tests/consumer -B build/consumer -G Ninja -DCMAKE_BUILD_TYPE=Release \
-    -DCMAKE_PREFIX_PATH="$PWD/build/installed" >/dev/null
-cmake --build build/consumer >/dev/null
-build/consumer/consumer build/installed/share/VEXMELKConfiguration/configuration
-flags=$(PKG_CONFIG_PATH=build/installed/lib/pkgconfig:$(echo build/installed/lib/*/pkgconfig) \
-    pkg-config --cflags --libs VEXMELKConfiguration)
-# The headers ask for no exceptions of whoever includes them.
-# shellcheck disable=SC2086
-g++ -std=c++20 -fno-exceptions tests/consumer/consumer.cpp $flags -o build/consumer/by-pkg-config
+run() {
+    local begin=$SECONDS
+    printf '== %-14s' "$1"
+    # In a shell of its own, so that "set -e" holds inside.
+    if (set -e; "$1") >"$logs/$1.log" 2>&1 </dev/null; then
+        printf ' %4d s\n' $((SECONDS - begin))
+        return
+    fi
+    printf ' failed after %d s\n' $((SECONDS - begin))
+    tail -n 200 "$logs/$1.log"
+    echo "check.sh: failed at: $1 (all of it is in build/check/$1.log)" >&2
+    exit 1
+}
 
-step "schemas, editors and reports under the validators of the distribution"
-scripts/schemas.sh
+ensure_packages "${build_packages[@]}" "${test_packages[@]}" clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 git \
+    pkg-config libbenchmark-dev libpugixml-dev libxml2-dev libtinyxml2-dev libxerces-c-dev
 
-step "release tests"
-ctest --preset release -j "$(nproc)"
+steps=("${all_steps[@]}")
+if [ "${1:-}" = quick ]; then
+    steps=("${quick_steps[@]}")
+elif [ $# -gt 0 ]; then
+    steps=("$@")
+fi
+for step in "${steps[@]}"; do
+    [ "$(type -t "$step")" = function ] || { echo "check.sh: there is no step $step; there are ${all_steps[*]}" >&2 && exit 2; }
+done
+for step in "${steps[@]}"; do
+    run "$step"
+done
+tail -n 5 "$logs/$step.log"

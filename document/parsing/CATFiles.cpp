@@ -1,4 +1,5 @@
-// Opens files so that neither a link nor "..", nor a folder that is swapped meanwhile, leads out of a directory.
+// Opens files so that neither a link nor "..", nor a folder that is swapped meanwhile, leads out of a directory. The
+// one file with the headers of POSIX; what Windows does in another way stands in CATFilesWindows.cpp.
 #include "CATFiles.h"
 
 #include <algorithm>
@@ -12,12 +13,19 @@
 #include <memory>
 #include <mutex>
 #include <sys/stat.h>
-#include <unistd.h>
 #include <utility>
 #include <vector>
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
 
 namespace {
 
+constexpr std::size_t readAtMost = std::size_t{1} << 30U; // at once, which every system can
+
+#ifndef _WIN32
 constexpr int linksAtMost = 40; // on the way to one file, as the system itself counts them
 
 // Without O_NONBLOCK, opening a named pipe would wait for its writer.
@@ -50,6 +58,8 @@ void PushNames(std::string_view path, std::vector<std::string>& names)
     }
 }
 
+#endif
+
 // Guards the files in memory, of which each thread that tries something out has its own.
 std::mutex memoryFilesMutex;
 
@@ -60,6 +70,7 @@ std::map<std::string, std::string>& AllMemoryFiles()
     return *files;
 }
 
+#ifndef _WIN32
 bool IsWithin(const std::string& path, const std::string& folder) { return (path + "/").starts_with(folder + "/"); }
 
 // Follows a path name by name, as the system does, but stops before each look at a file.
@@ -119,6 +130,22 @@ private:
     std::size_t behindLink = SIZE_MAX; // how many names are left when those of the links are done
 };
 
+int OpenForReading(const std::string& systemPath) { return open(systemPath.c_str(), forReading); }
+
+// Whether nothing can bear that name: there is no such name, in a folder that is there.
+bool IsAbsent(const std::string& systemPath)
+{
+    struct stat status = {};
+    const int error = lstat(systemPath.c_str(), &status) == 0 ? 0 : errno;
+    if (error != ENOENT)
+        return error == ENOTDIR;
+    const std::string folder = CATFolderOfFile(systemPath);
+    return systemPath.empty() || folder == systemPath || stat(folder.c_str(), &status) == 0 || IsAbsent(folder);
+}
+#else
+int OpenForReading(const std::string& systemPath) { return CATOpenOnWindows(systemPath); }
+#endif
+
 } // namespace
 
 std::string CATSystemPath(std::string_view path)
@@ -164,7 +191,7 @@ CATInputFile::CATInputFile(const std::string& path)
     if (m_Memory)
         m_Size = m_Memory->size();
     else
-        Open(open(systemPath.c_str(), forReading));
+        Open(OpenForReading(systemPath));
 }
 
 CATInputFile::CATInputFile(int descriptor) { Open(descriptor); }
@@ -179,7 +206,7 @@ void CATInputFile::Open(int descriptor)
     if (fstat(m_Descriptor, &status) != 0)
         m_Error = errno;
     m_Size = static_cast<std::size_t>(status.st_size);
-    if (!S_ISREG(status.st_mode))
+    if ((status.st_mode & S_IFMT) != S_IFREG)
         close(std::exchange(m_Descriptor, -1));
 }
 
@@ -199,9 +226,9 @@ long CATInputFile::Read(void* buffer, std::size_t size)
         m_Place += copied;
         return static_cast<long>(copied);
     }
-    ssize_t read = 0;
+    long read = 0;
     do
-        read = ::read(m_Descriptor, buffer, size);
+        read = static_cast<long>(::read(m_Descriptor, buffer, static_cast<unsigned>(std::min(size, readAtMost))));
     while (read < 0 && errno == EINTR);
     return read;
 }
@@ -211,6 +238,15 @@ void CATInputFile::Rewind()
     m_Place = 0;
     if (m_Descriptor >= 0)
         lseek(m_Descriptor, 0, SEEK_SET);
+}
+
+#ifndef _WIN32
+bool CATMayBeFileOfSystem(const std::string& systemPath)
+{
+    struct stat status = {};
+    if (stat(systemPath.c_str(), &status) == 0)
+        return S_ISREG(status.st_mode);
+    return !IsAbsent(systemPath);
 }
 
 CATFileArea::CATFileArea(const std::string& directory) : m_Error(0)
@@ -284,3 +320,4 @@ int CATFileArea::OpenFound(const std::string& realPath) const
     errno = error;
     return file;
 }
+#endif

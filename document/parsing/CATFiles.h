@@ -14,6 +14,14 @@ std::string CATSystemPath(std::string_view path);
 // The folder that a file lies in: "." for a bare name.
 std::string CATFolderOfFile(std::string_view path);
 
+// False only for what certainly is no file (see CATMayBeFile). For paths of the system.
+bool CATMayBeFileOfSystem(const std::string& systemPath);
+
+#ifdef _WIN32
+// A descriptor that reads the file in binary, or -1 and errno.
+int CATOpenOnWindows(const std::string& systemPath);
+#endif
+
 // Files that are in memory only. Their paths begin with a character that paths of the system's files do not begin with.
 namespace CATMemoryFiles {
 

@@ -8,4 +8,7 @@
 // windows-1250 to -1258, in any letter case; false for every other name.
 bool CATXMLSingleByteMap(std::string_view encoding, int (&characters)[256]);
 
+// Whether that is the encoding's name, in any letter case. "upperCase" has capital letters only.
+bool CATXMLIsEncoding(std::string_view name, std::string_view upperCase);
+
 #endif

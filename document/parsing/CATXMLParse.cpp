@@ -3,6 +3,7 @@
 
 #include "CATXMLParse.h"
 
+#include "CATEnvironment.h"
 #include "CATFiles.h"
 #include "CATNumberText.h"
 #include "CATXMLBounds.h"
@@ -10,10 +11,8 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
 #include <new>
-#include <strings.h>
 #include <utility>
 
 namespace {
@@ -32,11 +31,7 @@ CATXMLByteOrderMark MarkOf(std::string_view bytes)
     return isUTF16 ? CATXMLByteOrderMark::UTF16 : CATXMLByteOrderMark::None;
 }
 
-bool AreDocumentTypesOff()
-{
-    const char* setting = std::getenv(documentTypesOff);
-    return setting && *setting;
-}
+bool AreDocumentTypesOff() { return !CATEnvironmentVariable(documentTypesOff).empty(); }
 
 // Absolute paths and addresses are not followed.
 bool IsRelativePath(std::string_view systemId)
@@ -296,7 +291,7 @@ void CATXMLParse::OnEndCData() { m_Writer.EndCData(); }
 
 void CATXMLParse::OnXmlDeclaration(const XML_Char* version, const XML_Char* encoding, int /*standalone*/)
 {
-    if (encoding && m_Mark == CATXMLByteOrderMark::UTF8 && strcasecmp(encoding, "UTF-8") != 0)
+    if (encoding && m_Mark == CATXMLByteOrderMark::UTF8 && !CATXMLIsEncoding(encoding, "UTF-8"))
         Fail("the byte-order mark is that of another encoding than the declared one");
     if (version && std::string_view(version) != "1.0")
         Fail("only version 1.0 of XML is supported");

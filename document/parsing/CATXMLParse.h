@@ -23,7 +23,7 @@ enum class CATXMLByteOrderMark
 };
 
 // Whom a parse tells of problems, and asks where document type definitions lie.
-class [[gnu::visibility("hidden")]] CATXMLParseListener
+class CATXMLParseListener
 {
 public:
     struct Problem
@@ -46,11 +46,11 @@ public:
     virtual std::optional<Source> FindExternal(const char* publicId, const char* systemId) = 0;
 };
 
-class [[gnu::visibility("hidden")]] CATXMLParse
+class CATXMLParse
 {
 public:
     // Document type definitions are read from the directory. The listener has to live as long as the parse.
-    CATXMLParse(std::string path, std::string documentTypeDirectory, CATXMLParseListener & listener);
+    CATXMLParse(std::string path, std::string documentTypeDirectory, CATXMLParseListener& listener);
 
     // Gives the next bytes of the document: how many it wrote, 0 at the end, -1 with errno set on a failure.
     using Reader = std::function<long(void* buffer, std::size_t size)>;
@@ -121,7 +121,7 @@ private:
     void ReadExternalSubset(const XML_Char* base, const XML_Char* systemId, const XML_Char* publicId);
     bool IsInEntityValue() const;
     std::optional<External> FindExternal(const XML_Char* base, const XML_Char* systemId, const XML_Char* publicId);
-    std::optional<External> ReadExternal(CATInputFile & file, std::string path, std::string encoding);
+    std::optional<External> ReadExternal(CATInputFile& file, std::string path, std::string encoding);
     void Warn(const char* message);
     void ParseExternal(const External& external);
 

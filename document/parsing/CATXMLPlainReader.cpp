@@ -4,10 +4,10 @@
 
 #include "CATNumberText.h"
 #include "CATXMLBounds.h"
+#include "CATXMLEncoding.h"
 
 #include <charconv>
 #include <new>
-#include <strings.h>
 
 namespace {
 
@@ -189,7 +189,7 @@ template <class Block> const char* CATXMLPlainReader<Block>::ReadDeclaration(con
         return nullptr;
     at = behind;
     behind = ReadSetting(at, "encoding", value);
-    if (behind && (value.size() != 5 || strncasecmp(value.data(), "UTF-8", 5) != 0))
+    if (behind && !CATXMLIsEncoding(value, "UTF-8"))
         return nullptr;
     at = behind ? behind : at;
     behind = ReadSetting(at, "standalone", value);

@@ -51,7 +51,11 @@ int main(int argc, char** argv)
 {
     if (argc != 2)
         return 2;
+#ifdef _WIN32
+    _putenv_s("MELK_CFG_PATH", argv[1]);
+#else
     setenv("MELK_CFG_PATH", argv[1], 1);
+#endif
     VEXMELKConfigManager* manager = VEXMELKConfigManager::GetConfigManager();
     VEXMELKOpticalPropsOfWSConfig windscreen(argv[1], "Vision\\OpticalDistortion.xml");
     int unanswered = 0;

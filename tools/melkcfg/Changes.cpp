@@ -1,6 +1,7 @@
 // Edits are made in a copy of the configuration directory, so that nothing of the user's is written.
 #include "ChangeOutput.h"
 #include "CommandLine.h"
+#include "Console.h"
 #include "Explain.h"
 #include "Progress.h"
 #include "Table.h"
@@ -11,7 +12,6 @@
 #include <fstream>
 #include <iostream>
 #include <map>
-#include <unistd.h>
 
 namespace {
 
@@ -22,10 +22,9 @@ class Copy
 public:
     explicit Copy(const fs::path& directory)
     {
-        std::string name = fs::temp_directory_path() / "melkcfg-XXXXXX";
-        if (!mkdtemp(name.data()))
+        m_Path = NewTemporaryFolder();
+        if (m_Path.empty())
             throw RequestError("no temporary directory can be made");
-        m_Path = name;
         Lay(directory);
     }
     Copy(const Copy&) = delete;
@@ -148,8 +147,8 @@ void Apply(Edits& edits, const fs::path& directory)
             });
         for (const Edit& edit : ofFile)
         {
-            const std::string path = directory / name;
-            const auto file = VEXMELKWrittenFile::Read(path);
+            const fs::path path = directory / name;
+            const auto file = VEXMELKWrittenFile::Read(path.string());
             if (!file)
                 throw RequestError(Shown(name) + " cannot be read");
             const auto bytes = file->With(edit.position, edit.text);

@@ -1,6 +1,7 @@
 // The configuration directory is checked whole unless configurations or files are named. A file elsewhere is checked in
 // the directory that it lies in.
 #include "CommandLine.h"
+#include "Console.h"
 #include "Explain.h"
 #include "Findings.h"
 #include "Patch.h"
@@ -13,8 +14,6 @@
 #include <filesystem>
 #include <iostream>
 #include <memory>
-#include <sys/ioctl.h>
-#include <unistd.h>
 
 namespace {
 
@@ -104,14 +103,12 @@ VEXMELKCheckResult Check(Target& target)
 TextStyle StyleOfOutput()
 {
     TextStyle style;
-    if (isatty(STDOUT_FILENO) == 0)
+    if (!IsTerminal(StandardStream::Output))
         return style;
     const char* noColour = std::getenv("NO_COLOR");
     const char* terminal = std::getenv("TERM");
     style.isColoured = (!noColour || !*noColour) && terminal && std::string_view(terminal) != "dumb";
-    winsize size{};
-    if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0)
-        style.width = size.ws_col;
+    style.width = TerminalWidth().value_or(0);
     return style;
 }
 

@@ -1,13 +1,13 @@
 // Ten lines a second at most: a line for each question would take longer than the question.
 #include "Progress.h"
 
+#include "Console.h"
 #include "Findings.h"
 
 #include <iostream>
-#include <unistd.h>
 
 Progress::Progress()
-    : m_IsTerminal(isatty(STDERR_FILENO) != 0), m_Next(std::chrono::steady_clock::now() + std::chrono::seconds(1))
+    : m_IsTerminal(IsTerminal(StandardStream::Error)), m_Next(std::chrono::steady_clock::now() + std::chrono::seconds(1))
 {
 }
 

@@ -1,6 +1,7 @@
 // melkcfg: asks the configuration every question that a check can ask the library.
 
 #include "CommandLine.h"
+#include "Console.h"
 #include "VEXMELKConfigManager.h"
 
 #include <iostream>
@@ -27,9 +28,11 @@ ExitStatus Run(int argc, char** argv)
 int main(int argc, char** argv)
 {
     ExitStatus status = NotDone;
+    PrepareStreams();
     try
     {
-        status = Run(argc, argv);
+        ProgramArguments arguments(argc, argv);
+        status = Run(arguments.Count(), arguments.Values());
     }
     catch (const std::exception& error)
     {

@@ -1,0 +1,21 @@
+# Finds utf8proc: the target utf8proc::utf8proc. A static library on Windows asks its users for a definition.
+find_path(UTF8PROC_INCLUDE_DIR utf8proc.h)
+find_library(UTF8PROC_LIBRARY NAMES utf8proc utf8proc_static)
+mark_as_advanced(UTF8PROC_INCLUDE_DIR UTF8PROC_LIBRARY)
+include(FindPackageHandleStandardArgs)
+if(UTF8PROC_INCLUDE_DIR)
+    set(version_part "^#define UTF8PROC_VERSION_(MAJOR|MINOR|PATCH) ([0-9]+).*")
+    file(STRINGS ${UTF8PROC_INCLUDE_DIR}/utf8proc.h version_lines REGEX ${version_part})
+    list(TRANSFORM version_lines REPLACE ${version_part} "\\2")
+    list(JOIN version_lines . Utf8proc_VERSION)
+endif()
+find_package_handle_standard_args(Utf8proc
+    REQUIRED_VARS UTF8PROC_LIBRARY UTF8PROC_INCLUDE_DIR VERSION_VAR Utf8proc_VERSION)
+if(Utf8proc_FOUND AND NOT TARGET utf8proc::utf8proc)
+    add_library(utf8proc::utf8proc UNKNOWN IMPORTED)
+    set_target_properties(utf8proc::utf8proc PROPERTIES
+        IMPORTED_LOCATION ${UTF8PROC_LIBRARY} INTERFACE_INCLUDE_DIRECTORIES ${UTF8PROC_INCLUDE_DIR})
+    if(WIN32 AND NOT UTF8PROC_LIBRARY MATCHES "\\.dll\\.a$")
+        set_target_properties(utf8proc::utf8proc PROPERTIES INTERFACE_COMPILE_DEFINITIONS UTF8PROC_STATIC)
+    endif()
+endif()

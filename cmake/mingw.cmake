@@ -1,0 +1,13 @@
+# Builds for Windows on other systems, with the compiler that the distribution has. scripts/windows.sh puts what is
+# needed besides into MELK_WINDOWS_PARTS.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
+set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
+set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
+list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES MELK_WINDOWS_PARTS)
+set(CMAKE_FIND_ROOT_PATH ${MELK_WINDOWS_PARTS} /usr/x86_64-w64-mingw32)
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE BOTH)

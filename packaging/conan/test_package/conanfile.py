@@ -1,0 +1,28 @@
+"""Builds a program against the package and runs it on the sample that the package brings."""
+import os
+
+from conan import ConanFile
+from conan.tools.build import can_run
+from conan.tools.cmake import CMake, cmake_layout
+
+
+class ConsumerRecipe(ConanFile):
+    settings = "os", "compiler", "build_type", "arch"
+    generators = "CMakeDeps", "CMakeToolchain"
+
+    def requirements(self):
+        self.requires(self.tested_reference_str)
+
+    def layout(self):
+        cmake_layout(self)
+
+    def build(self):
+        cmake = CMake(self)
+        cmake.configure()
+        cmake.build()
+
+    def test(self):
+        if can_run(self):
+            package = self.dependencies["vexmelkconfiguration"].package_folder
+            sample = os.path.join(package, "share", "VEXMELKConfiguration", "configuration")
+            self.run(f'"{os.path.join(self.cpp.build.bindir, "consumer")}" "{sample}"', env="conanrun")

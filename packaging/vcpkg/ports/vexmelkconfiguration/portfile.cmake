@@ -1,0 +1,13 @@
+# An overlay port that lies in the sources themselves: vcpkg install vexmelkconfiguration --overlay-ports=packaging/vcpkg/ports
+get_filename_component(SOURCE_PATH "${CURRENT_PORT_DIR}/../../../.." ABSOLUTE)
+vcpkg_check_features(OUT_FEATURE_OPTIONS options FEATURES tool MELK_TOOL)
+vcpkg_cmake_configure(SOURCE_PATH "${SOURCE_PATH}" OPTIONS ${options} -DMELK_TESTS=OFF)
+vcpkg_cmake_install()
+vcpkg_cmake_config_fixup(PACKAGE_NAME VEXMELKConfiguration CONFIG_PATH lib/cmake/VEXMELKConfiguration)
+vcpkg_fixup_pkgconfig()
+vcpkg_copy_pdbs()
+if("tool" IN_LIST FEATURES)
+    vcpkg_copy_tools(TOOL_NAMES melkcfg AUTO_CLEAN)
+endif()
+file(REMOVE_RECURSE "${CURRENT_PACKAGES_DIR}/debug/include" "${CURRENT_PACKAGES_DIR}/debug/share")
+vcpkg_install_copyright(FILE_LIST "${SOURCE_PATH}/LICENSE")

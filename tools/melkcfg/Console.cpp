@@ -1,0 +1,85 @@
+// Windows gives arguments in UTF-16, and turns "\n" into "\r\n" unless it is told not to.
+#include "Console.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <random>
+#include <system_error>
+#ifdef _WIN32
+#include <windows.h>
+
+#include <clocale>
+#include <fcntl.h>
+#include <io.h>
+#include <shellapi.h>
+#else
+#include <sys/ioctl.h>
+#include <unistd.h>
+#endif
+
+#ifdef _WIN32
+ProgramArguments::ProgramArguments(int /*argc*/, char** /*argv*/)
+{
+    int count = 0;
+    wchar_t** const wide = CommandLineToArgvW(GetCommandLineW(), &count);
+    for (int number = 0; number < count; ++number)
+    {
+        const int units = static_cast<int>(std::wcslen(wide[number]));
+        std::string& text = m_Texts.emplace_back(static_cast<std::size_t>(units) * 3, '\0');
+        text.resize(static_cast<std::size_t>(WideCharToMultiByte(
+            CP_UTF8, 0, wide[number], units, text.data(), static_cast<int>(text.size()), nullptr, nullptr)));
+    }
+    LocalFree(wide);
+    for (std::string& text : m_Texts)
+        m_Values.push_back(text.data());
+}
+
+void PrepareStreams()
+{
+    for (const int descriptor : {0, 1, 2})
+        _setmode(descriptor, _O_BINARY);
+    SetConsoleOutputCP(CP_UTF8);
+    std::setlocale(LC_CTYPE, ".UTF-8"); // for the paths of the standard library
+}
+
+bool IsTerminal(StandardStream stream) { return _isatty(static_cast<int>(stream)) != 0; }
+
+std::optional<std::size_t> TerminalWidth()
+{
+    CONSOLE_SCREEN_BUFFER_INFO info = {};
+    if (GetConsoleScreenBufferInfo(GetStdHandle(STD_OUTPUT_HANDLE), &info) == 0)
+        return std::nullopt;
+    return static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1);
+}
+#else
+ProgramArguments::ProgramArguments(int argc, char** argv) : m_Values(argv, argv + argc) {}
+
+void PrepareStreams() {}
+
+bool IsTerminal(StandardStream stream) { return isatty(static_cast<int>(stream)) != 0; }
+
+std::optional<std::size_t> TerminalWidth()
+{
+    winsize size{};
+    if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0)
+        return std::nullopt;
+    return size.ws_col;
+}
+#endif
+
+std::string NewTemporaryFolder()
+{
+    namespace fs = std::filesystem;
+    std::random_device random;
+    std::error_code error;
+    const fs::path parent = fs::temp_directory_path(error);
+    for (int tries = 0; !error && tries < 100; ++tries)
+    {
+        const fs::path folder = parent / ("melkcfg-" + std::to_string(random()));
+        if (!fs::create_directory(folder, error)) // false too when something of that name is there
+            continue;
+        fs::permissions(folder, fs::perms::owner_all, error);
+        return error ? std::string() : folder.string();
+    }
+    return {};
+}
