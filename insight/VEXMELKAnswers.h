@@ -29,7 +29,7 @@ struct VEXMELKChange
     std::string field;
     std::optional<VEXMELKPlainValue> before; // nothing when there is no such field
     std::optional<VEXMELKPlainValue> after;
-    std::string unit;              // of a number
+    std::string unit;              // see UnitShown
     std::optional<double> percent; // by which a number or quantity has grown
     // What decides the value; nothing for values that no file decides, and after the first changes of many.
     std::optional<VEXMELKOriginPlace> placeBefore;

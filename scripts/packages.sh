@@ -23,5 +23,6 @@ ensure_packages() {
     "${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-build_packages=(cmake ninja-build g++ libexpat1 libexpat1-dev libutf8proc-dev libcli11-dev nlohmann-json3-dev)
+build_packages=(cmake ninja-build g++ libexpat1 libexpat1-dev libutf8proc-dev libcli11-dev nlohmann-json3-dev \
+    libedit-dev)
 test_packages=(libgtest-dev libgmock-dev)

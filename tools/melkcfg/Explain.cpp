@@ -87,6 +87,13 @@ CATUnicodeString CurrentDirectory()
     return directory;
 }
 
+std::string DirectoryPath()
+{
+    std::string path = CurrentDirectory().ConvertToChar();
+    std::replace(path.begin(), path.end(), '\\', '/');
+    return path;
+}
+
 Json FieldsToJson(const VEXMELKExplanation& explanation, bool showSecrets, const std::string& onlyField)
 {
     Json fields = Json::array();

@@ -26,6 +26,8 @@ Json ToJson(const VEXMELKPlainValue& value);
 
 // The configuration directory of the current mode.
 CATUnicodeString CurrentDirectory();
+// The same as the file system takes it.
+std::string DirectoryPath();
 
 // The list "fields" of an explanation, only that of one field when a name is given.
 Json FieldsToJson(const VEXMELKExplanation& explanation, bool showSecrets, const std::string& onlyField = {});

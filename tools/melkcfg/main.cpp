@@ -3,18 +3,27 @@
 #include "CommandLine.h"
 #include "VEXMELKConfigManager.h"
 
+#include <algorithm>
 #include <iostream>
 
 namespace {
 
-ExitStatus Run(int argc, char** argv)
+void AddCommands(CommandLine& line)
 {
-    CommandLine line;
     AddQuestionCommands(line);
     AddChangeCommands(line);
     AddCheckCommands(line);
     AddSchemaCommands(line);
-    return line.Run(argc, argv);
+    AddSampleCommands(line);
+    AddCompletionCommands(line);
+    AddShellCommands(line, AddCommands);
+}
+
+ExitStatus Run(int argc, char** argv)
+{
+    CommandLine line;
+    AddCommands(line);
+    return line.Run({argv + std::min(argc, 1), argv + argc});
 }
 
 } // namespace
