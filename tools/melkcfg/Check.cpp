@@ -90,7 +90,8 @@ Target ReadTarget(const std::vector<std::string>& names)
         if (isFile)
             AddFile(target, name);
         else if (name.find('/') != std::string::npos && !LookForConfiguration(name))
-            throw RequestError("there is no file " + Shown(name));
+            throw RequestError(fs::is_directory(name, error) ? Shown(name) + " is a directory: use --config"
+                                                             : "there is no file " + Shown(name));
         else
             target.scope.configurations.push_back(FindConfiguration(name).entry->description);
     }
