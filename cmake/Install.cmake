@@ -11,6 +11,14 @@ if(MELK_TOOL)
     file(RELATIVE_PATH libraries_from_tool /${CMAKE_INSTALL_BINDIR} /${CMAKE_INSTALL_LIBDIR})
     set_target_properties(melkcfg PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries_from_tool}")
     install(TARGETS melkcfg COMPONENT Development)
+    if(TARGET tool_documents)
+        install(FILES ${documents}/melkcfg.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT Development)
+        install(FILES ${documents}/melkcfg DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+            COMPONENT Development)
+        install(FILES ${documents}/_melkcfg DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions COMPONENT Development)
+        install(FILES ${documents}/melkcfg.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d
+            COMPONENT Development)
+    endif()
 endif()
 
 set(header_directory ${CMAKE_INSTALL_INCLUDEDIR}/VEXMELKConfiguration)

@@ -33,7 +33,7 @@ struct VEXMELKParameter
 {
     std::string_view name = {};
     VEXMELKRole role = VEXMELKRole::Output;
-    std::string_view unit = {}; // of a number
+    std::string_view unit = {}; // see UnitShown
     const VEXMELKElement* element =
         nullptr;           // of a key, a tag, a travel, a back angle or a cut-off: what it chooses among
     int choices = 0;       // how many there are; of an output, for its first integer, which is read too
@@ -168,7 +168,7 @@ constexpr VEXMELKOperation VEXMELKDescribe(std::string_view name, const Parts&..
         if constexpr (requires { part.rows; })
             for (const VEXMELKRow& row : part.rows)
                 operation.m_Parameters[operation.m_Count++] = {
-                    .name = row.field, .unit = UnitHandedOut(row.form), .isSecret = row.isSecret};
+                    .name = row.field, .unit = UnitShown(row), .isSecret = row.isSecret};
         else if constexpr (requires { part.role; })
             operation.m_Parameters[operation.m_Count++] = part;
         else

@@ -133,6 +133,13 @@ template <class Record> struct VEXMELKFieldAccess
     void (*assign)(Record& record, int value) = nullptr; // an integer or a word
 };
 
+// The unit that tells people what a value is: of a number that it is handed out in, of a text the one that the text
+// gets where the file has a bare number.
+constexpr std::string_view UnitShown(const VEXMELKRow& row)
+{
+    return row.form == VEXMELKForm::Text ? row.unit : UnitHandedOut(row.form);
+}
+
 // A row that fills a field of a record, as a table takes it.
 template <class Record> struct VEXMELKRowOf
 {
@@ -312,7 +319,7 @@ template <auto Field, class... Options> constexpr auto MakeRow(VEXMELKRow row, O
     {
         using Record = VEXMELKRowDetail::RecordOf<Field>;
         using Value = VEXMELKRowDetail::ValueOf<Field>;
-        VEXMELKRowOf<Record> made{row, {}, VEXMELKRowDetail::FieldOf<Field>(UnitHandedOut(row.form))};
+        VEXMELKRowOf<Record> made{row, {}, VEXMELKRowDetail::FieldOf<Field>(UnitShown(row))};
         made.row.field = made.field.name;
         const bool isText = row.form == VEXMELKForm::Text;
         const bool isInteger = row.form == VEXMELKForm::Integer || row.form == VEXMELKForm::Word;

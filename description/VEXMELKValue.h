@@ -62,7 +62,7 @@ public:
     virtual ~VEXMELKRecordView() = default;
     virtual std::size_t Size() const = 0;
     virtual std::string_view Name(std::size_t position) const = 0;
-    virtual std::string_view Unit(std::size_t position) const = 0; // of a number; else empty
+    virtual std::string_view Unit(std::size_t position) const = 0; // see UnitShown; may be empty
     virtual VEXMELKValue At(std::size_t position) = 0;
 };
 
@@ -86,7 +86,7 @@ ExportedByVEXMELKConfiguration std::string VEXMELKTypeText(const VEXMELKValue& v
 
 // Making views -----------------------------------------------------------------------------------------------------
 
-// A field of a record: its name, the unit of a number, and where it is.
+// A field of a record: its name, its unit (see UnitShown), and where it is.
 template <class Record> struct VEXMELKField
 {
     std::string_view name;

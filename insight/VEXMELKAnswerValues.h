@@ -17,7 +17,7 @@ struct VEXMELKNamedValue
 {
     std::string field;
     VEXMELKPlainValue value;
-    std::string unit;           // of a number
+    std::string unit;           // see UnitShown
     VEXMELKValue variable = {}; // where the value is, as long as that lives; nothing when it has no place of its own
     bool isSecret = false;
 

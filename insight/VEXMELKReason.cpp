@@ -1,4 +1,5 @@
 // Says why a question has no data: the first of standard, category, key and row that the files do not have.
+#include "VEXMELKNames.h"
 #include "VEXMELKOrigins.h"
 #include "VEXMELKSuggestions.h"
 
@@ -12,32 +13,6 @@ std::string TextOf(const VEXMELKValue& value)
 {
     const auto* text = std::get_if<CATUnicodeString*>(&value);
     return text ? (*text)->ConvertToChar() : "";
-}
-
-// The elements with the tag whose parents pass the test, in all documents; the Customer document, the last one, first.
-template <class Wanted, class Act>
-void ForEachElement(const Documents& documents, std::string_view tag, Wanted isWanted, Act act)
-{
-    for (std::size_t number = documents.size(); number-- > 0;)
-        for (std::size_t element = 0; element < documents[number].Elements().size(); ++element)
-            if (documents[number].Elements()[element].node->GetTagName() == tag && isWanted(documents[number], element))
-                act(documents[number], element);
-}
-
-// The texts of an attribute of the elements with the tag.
-template <class Wanted>
-std::vector<std::string> Names(
-    const Documents& documents, std::string_view tag, std::string_view attribute, Wanted isWanted)
-{
-    std::vector<std::string> names;
-    ForEachElement(documents, tag, isWanted,
-        [&](const VEXMELKDocumentText& document, std::size_t element)
-        {
-            const std::string name(document.TextOf(element, attribute));
-            if (!name.empty() && std::find(names.begin(), names.end(), name) == names.end())
-                names.push_back(name);
-        });
-    return names;
 }
 
 bool Has(const std::vector<std::string>& names, const std::string& name)
@@ -96,35 +71,24 @@ private:
 
     std::string StandardReason(const std::string& standard) const
     {
-        const auto isChildOfRoot = [](const VEXMELKDocumentText& document, std::size_t element)
-        { return document.Elements()[element].parent == 0; };
-        const std::vector<std::string> names = Names(m_Documents, "standard", "name", isChildOfRoot);
+        const std::vector<std::string> names = VEXMELKNamesOfStandards(m_Documents);
         if (Has(names, standard))
             return {};
         return "no standard " + Quoted(standard) + DidYouMean(standard, names);
     }
 
-    // Of the first standard of that name, which hides all others.
     std::string CategoryReason(const std::string& standard, const std::string& category) const
     {
-        std::vector<std::string> names;
-        bool isFound = false;
-        const auto isWanted = [&](const VEXMELKDocumentText& document, std::size_t element)
-        { return document.Elements()[element].parent == 0 && document.TextOf(element, "name") == standard; };
-        ForEachElement(m_Documents, "standard", isWanted,
-            [&](const VEXMELKDocumentText& found, std::size_t parent)
-            {
-                if (std::exchange(isFound, true))
-                    return;
-                for (std::size_t element = parent; element < found.Elements().size(); ++element)
-                    if (found.Elements()[element].parent == parent &&
-                        found.Elements()[element].node->GetTagName() == "category")
-                        names.emplace_back(found.TextOf(element, "name"));
-            });
+        const std::vector<std::string> names = VEXMELKNamesOfCategories(m_Documents, standard);
         if (Has(names, category))
             return {};
         if (Has(names, "default"))
-            return "category " + Quoted(category) + " is not in the standard; \"default\" answers";
+        {
+            // Many categories have no data of their own: only what must have been meant is suggested.
+            const std::string meant = VEXMELKMeant(category, names);
+            return "category " + Quoted(category) + " is not in the standard" +
+                   (meant.empty() ? meant : " (did you mean " + Quoted(meant) + "?)") + "; \"default\" answers";
+        }
         if (names.empty())
             return "the standard has no category";
         return "the standard has neither " + Quoted(category) + " nor \"default\"" + DidYouMean(category, names);
@@ -141,7 +105,8 @@ private:
             const std::string& text = TextFor(parameter);
             if (parameter.role == VEXMELKRole::Key && element->key)
             {
-                const std::vector<std::string> keys = Names(m_Documents, element->tag, element->key->attribute, isAny);
+                const std::vector<std::string> keys =
+                    VEXMELKNames(m_Documents, element->tag, element->key->attribute, isAny);
                 if (!Has(keys, text))
                     return "no <" + std::string(element->tag) + "> with " + std::string(element->key->attribute) + " " +
                            Quoted(text) + DidYouMean(text, keys);

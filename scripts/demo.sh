@@ -5,8 +5,9 @@ cd "$(dirname "$0")/.."
 . scripts/packages.sh
 ensure_packages "${build_packages[@]}"
 
+echo "Building the library and melkcfg in build/demo; the first time takes a few minutes:"
 cmake -S . -B build/demo -G Ninja -DCMAKE_BUILD_TYPE=Release -DMELK_TESTS=OFF >/dev/null
-cmake --build build/demo >/dev/null
+cmake --build build/demo
 melkcfg=build/demo/bin/melkcfg
 export MELK_CFG_PATH=configuration
 

@@ -24,5 +24,5 @@ ensure_packages() {
 }
 
 build_packages=(cmake ninja-build g++ pkg-config libexpat1 libexpat1-dev libutf8proc-dev libcli11-dev nlohmann-json3-dev
-    librsvg2-dev nettle-dev)
+    libedit-dev librsvg2-dev nettle-dev)
 test_packages=(libgtest-dev libgmock-dev)

@@ -10,7 +10,7 @@ mkdir -p build/tidy
 includes=(-I. -Idocument -Idocument/parsing -Ihost -Idescription -Icore -Ioccupant -Iinclude -Iinsight -Itests -Itools/melkcfg)
 # Those of cmake/Compiler.cmake: what clang says more than GCC.
 warnings=(-Wall -Wextra -Wpedantic -Wshadow -Wconversion)
-defines=(-DMELKCFG=\"\" -DMELK_LIBRARY=\"\" -DMELKCFG_VERSION=\"\" -DSAMPLE_CONFIGURATION=\"\" -DCASES=\"\")
+defines=(-DMELKCFG=\"\" -DMELK_LIBRARY=\"\" -DMELKCFG_VERSION=\"\" -DMELKCFG_SAMPLE=\"\" -DMELKCFG_HAS_LIBEDIT -DSAMPLE_CONFIGURATION=\"\" -DCASES=\"\")
 
 # as_one NAME PATTERN...: a file that includes all files of the patterns.
 as_one() {

@@ -45,6 +45,9 @@ protected:
     {
         directory.Write("Default/OVA/UFCurb.xml", OneCategory(R"(front_offset="25" back_angle="7")"));
         directory.Write("Default/OVA/Bumpers.xml", "<broken>");
+        directory.Write("lines.txt",
+            "standards UFCurb\n\n# a comment\nmelkcfg categories UFCurb S\nexlpain\n"
+            "call UFCurb 'x\n");
         directory.Write("DBAccess.xml", R"(<db host="h" password="geheim"/>)");
         Ask(R"({"settings":{"config":")" + directory.Path() + R"(","mode":0,"comma":false,"log_level":3}})");
     }

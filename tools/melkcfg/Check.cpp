@@ -78,12 +78,13 @@ Target ReadTarget(const std::vector<std::string>& names)
     for (const std::string& name : names)
     {
         std::error_code error;
-        const bool isFile = name.find('/') != std::string::npos || fs::is_regular_file(name, error) ||
-                            fs::is_regular_file(target.directory + "/" + name, error);
-        if (isFile && !fs::exists(name, error) && !fs::exists(target.directory + "/" + name, error))
-            throw RequestError("there is no file " + Shown(name));
+        const bool isFile =
+            fs::is_regular_file(name, error) || fs::is_regular_file(target.directory + "/" + name, error);
         if (isFile)
             AddFile(target, name);
+        else if (name.find('/') != std::string::npos && !LookForConfiguration(name))
+            throw RequestError(fs::is_directory(name, error) ? Shown(name) + " is a directory: use --config"
+                                                             : "there is no file " + Shown(name));
         else
             target.scope.configurations.push_back(FindConfiguration(name).entry->description);
     }

@@ -2,9 +2,13 @@
 #include "CommandLine.h"
 
 #include "CATIXMLDOMDocumentBuilder.h"
+#include "Explain.h"
+#include "UsageErrors.h"
 #include "VEXMELKUtilities.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <iostream>
 
 namespace {
 
@@ -26,12 +30,27 @@ std::string VersionText()
            number(CATXMLBounds::expandedFactor) + " times its size";
 }
 
+// Why there was nothing to work on, as far as that is the directory's fault.
+void PrintFaultOfDirectory()
+{
+    const VEXMELKSilence silence; // a box has said that it is not set
+    const std::string directory = DirectoryPath();
+    std::error_code error;
+    if (directory.empty())
+        std::cerr << "melkcfg: there is no configuration directory: use --config, or set MELK_CFG_PATH" << std::endl;
+    else if (!std::filesystem::exists(directory, error))
+        std::cerr << "melkcfg: the configuration directory " << Shown(directory) << " does not exist" << std::endl;
+    else if (!std::filesystem::is_directory(directory, error))
+        std::cerr << "melkcfg: the configuration directory " << Shown(directory) << " is no directory" << std::endl;
+}
+
 } // namespace
 
 CommandLine::CommandLine()
 {
     m_Application.footer(footer);
     m_Application.require_subcommand(1);
+    m_Application.failure_message(UsageError);
     m_Application.fallthrough();
     m_Application.set_version_flag("--version", VersionText);
     m_Application.add_option("--config", m_Directory, "The configuration directory; without it, MELK_CFG_PATH")
@@ -43,6 +62,8 @@ CommandLine::CommandLine()
         "text for people, json for programs; of check also sarif, github, junit; of dump and table csv; of table html");
     m_Application.add_flag("--trace", m_Trace, "Log lines at trace level on standard error");
     m_Application.add_flag("--show-secrets", options.showSecrets, "Print the database password");
+    Add("help", "What a command does, and what it takes", [this](const Host&) { return Help(); }, {"text"})
+        ->add_option("COMMAND", m_HelpOn, "The command; without it, all of them");
 }
 
 CLI::App* CommandLine::Add(
@@ -53,11 +74,12 @@ CLI::App* CommandLine::Add(
     return parser;
 }
 
-ExitStatus CommandLine::Run(int argc, char** argv)
+ExitStatus CommandLine::Run(std::vector<std::string> words)
 {
     try
     {
-        m_Application.parse(argc, argv);
+        std::reverse(words.begin(), words.end()); // the parser takes them from the end
+        m_Application.parse(words);
     }
     catch (const CLI::ParseError& error)
     {
@@ -70,7 +92,51 @@ ExitStatus CommandLine::Run(int argc, char** argv)
     RequireFormat(command);
     Host host(!options.batch);
     ApplyTo(host);
-    return command.action(host);
+    if (beforeCommand)
+        beforeCommand();
+    const ExitStatus status = command.action(host);
+    if (status == NothingThere)
+        PrintFaultOfDirectory();
+    return status;
+}
+
+ExitStatus CommandLine::Help() const
+{
+    const CLI::App* wanted = &m_Application;
+    std::vector<std::string> names;
+    for (const Command& command : m_Commands)
+    {
+        if (command.parser->get_name() == m_HelpOn)
+            wanted = command.parser;
+        names.push_back(command.parser->get_name());
+    }
+    if (wanted == &m_Application && !m_HelpOn.empty())
+        throw UnknownName("command", m_HelpOn, names);
+    // The application's own help() is that of the command that was given.
+    const bool isWhole = wanted == &m_Application;
+    std::cout << wanted->get_formatter()->make_help(
+        wanted, isWhole ? "melkcfg" : "melkcfg " + m_HelpOn, CLI::AppFormatMode::Normal);
+    return Done;
+}
+
+const std::vector<std::string>* CommandLine::FormatsOf(const CLI::App& parser) const
+{
+    const auto found = std::find_if(
+        m_Commands.begin(), m_Commands.end(), [&](const Command& command) { return command.parser == &parser; });
+    return found == m_Commands.end() ? nullptr : &found->formats;
+}
+
+std::vector<std::string> CommandLine::CommonWords() const
+{
+    std::vector<std::string> words;
+    for (const CLI::Option* option : m_Application.get_options())
+        for (const std::string& result : option->results())
+        {
+            words.push_back(option->get_name());
+            if (option->get_items_expected_max() > 0)
+                words.push_back(result);
+        }
+    return words;
 }
 
 void CommandLine::RequireFormat(const Command& command) const
@@ -88,11 +154,8 @@ void CommandLine::ApplyTo(Host& host) const
     if (!m_Directory.empty())
         host.SetConfigurationDirectory(m_Directory);
     if (!m_TestPath.empty())
-    {
         host.SetTestPath(m_TestPath);
-        VEXMELKUtilities::SetAppMode(VEXMELKTestMode);
-    }
+    VEXMELKUtilities::SetAppMode(m_TestPath.empty() ? VEXMELKNormalMode : VEXMELKTestMode);
     VEXMELKUtilities::SetCommaDelimeter(m_Comma ? 1 : 0);
-    if (m_Trace)
-        VEXMELKLog::SetLevel(VEXMELKLog::TraceLevel);
+    VEXMELKLog::SetLevel(m_Trace ? VEXMELKLog::TraceLevel : VEXMELKLog::ErrorLevel);
 }

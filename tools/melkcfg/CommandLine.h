@@ -20,8 +20,17 @@ public:
     CLI::App* Add(const std::string& name, const std::string& description, Action action,
         std::vector<std::string> formats = {"text", "json"});
 
-    // Throws RequestError for what no command takes.
-    ExitStatus Run(int argc, char** argv);
+    // Runs the words behind the program's name. Throws RequestError for what no command takes.
+    ExitStatus Run(std::vector<std::string> words);
+
+    // Called when the settings are made, before the command runs.
+    std::function<void()> beforeCommand;
+
+    const CLI::App& Application() const { return m_Application; }
+    // The formats of a command; null for one that is not there.
+    const std::vector<std::string>* FormatsOf(const CLI::App& parser) const;
+    // The options of all commands that were given, as words.
+    std::vector<std::string> CommonWords() const;
 
 private:
     struct Command
@@ -34,6 +43,7 @@ private:
     // Throws RequestError when the command does not print in the format that was asked for.
     void RequireFormat(const Command& command) const;
     void ApplyTo(Host& host) const;
+    ExitStatus Help() const;
 
     CLI::App m_Application{
         "Asks the configuration of the vehicle-architecture checks what a check can ask it.", "melkcfg"};
@@ -42,6 +52,7 @@ private:
     std::string m_TestPath;
     bool m_Comma = false;
     bool m_Trace = false;
+    std::string m_HelpOn;
 };
 
 // The commands of each file.
@@ -52,7 +63,11 @@ void AddMatrixCommands(CommandLine& line); // table
 void AddDiffCommands(CommandLine& line);
 void AddCheckCommands(CommandLine& line); // check, fix, rule
 void AddSchemaCommands(CommandLine& line);
-void AddDrawCommands(CommandLine& line);   // draw
-void AddReportCommands(CommandLine& line); // report
+void AddDrawCommands(CommandLine& line);       // draw
+void AddReportCommands(CommandLine& line);     // report
+void AddSampleCommands(CommandLine& line);     // init
+void AddCompletionCommands(CommandLine& line); // manual, completion, complete
+// shell: each of its lines is a command line of its own, with the commands that "addCommands" adds.
+void AddShellCommands(CommandLine& line, void (*addCommands)(CommandLine& line));
 
 #endif

@@ -2,8 +2,11 @@
 #include "Batch.h"
 #include "CommandLine.h"
 #include "Explain.h"
+#include "NamesThere.h"
 #include "Table.h"
 #include "VEXMELKCheckConfig.h"
+#include "VEXMELKOperations.h"
+#include "VEXMELKSuggestions.h"
 #include "VEXMELKUtilities.h"
 #include "Values.h"
 
@@ -134,7 +137,7 @@ Json OperationJson(const Operation& operation)
     return json;
 }
 
-// The value of NAME=VALUE: JSON, or the text itself where a text is wanted.
+// The value of NAME=VALUE: JSON, or the text itself where a text or a number with its unit is wanted.
 Json AssignedValue(const Parameter& parameter, const std::string& text)
 {
     if (parameter.type == "text")
@@ -145,6 +148,8 @@ Json AssignedValue(const Parameter& parameter, const std::string& text)
     }
     catch (const RequestError&) // said in the terms of the argument
     {
+        if (!parameter.unit.empty())
+            return text;
         throw WrongType(parameter.name, parameter.type.c_str(), text);
     }
 }
@@ -164,7 +169,7 @@ void Assign(const Operation& operation, const std::string& assignment, Json& arg
             Json& assigned = parameter.isOutput ? outputs : arguments;
             if (assigned.contains(name))
                 throw RequestError("the argument " + name + " is given twice");
-            assigned[name] = AssignedValue(parameter, assignment.substr(equals + 1));
+            assigned[name] = InUnitOf(parameter, AssignedValue(parameter, assignment.substr(equals + 1)));
             return;
         }
     }
@@ -204,6 +209,16 @@ void PrintReason(const std::string& reason)
         std::cerr << reason << '\n';
 }
 
+// A category that no standard has, but that is nearly one of those that are there.
+std::string ReasonForCategory(const Configuration& configuration, const std::string& category)
+{
+    const std::vector<std::string> known = NamesThere(configuration).Categories("");
+    const std::string meant = VEXMELKMeant(category, known);
+    if (meant.empty() || std::find(known.begin(), known.end(), category) != known.end())
+        return {};
+    return "no standard has a category \"" + Shown(category) + "\" (did you mean \"" + meant + "\"?)";
+}
+
 ExitStatus RunStandards(const CommandOptions& options, const Host& host)
 {
     const Configuration& configuration = FindConfiguration(options.configuration);
@@ -224,6 +239,8 @@ ExitStatus RunStandards(const CommandOptions& options, const Host& host)
     }
     if (options.AsJson())
         PrintJson(json);
+    if (!host.HasErrors())
+        PrintReason(ReasonForCategory(configuration, options.category));
     if (names.Size() == 0 && !host.HasErrors())
         PrintReason("no standard up to level " + std::to_string(options.maxLevel) + " has a category " +
                     Shown(options.category) + " or \"default\"");
@@ -293,17 +310,7 @@ CommandLineQuestion QuestionOf(const CommandOptions& options)
 
 bool HasRole(const Operation& operation, VEXMELKRole role)
 {
-    const auto parameters = operation.Described().Parameters();
-    return std::any_of(parameters.begin(), parameters.end(),
-        [&](const VEXMELKParameter& parameter) { return parameter.role == role; });
-}
-
-// How much an operation is what a check asks a configuration for; 0 when it does not ask for a standard.
-int RankAsMain(const Operation& operation)
-{
-    if (!HasRole(operation, VEXMELKRole::Standard) || !HasRole(operation, VEXMELKRole::Output))
-        return 0;
-    return 1 + (HasRole(operation, VEXMELKRole::Category) ? 1 : 0) + (operation.name == "GetStandardData" ? 2 : 0);
+    return VEXMELKParameterWith(operation.Described(), role) != nullptr;
 }
 
 // The main query of a configuration for a standard and a category.
@@ -312,19 +319,14 @@ CommandLineQuestion MainQuestionOf(const CommandOptions& options)
     const Configuration& configuration = FindConfiguration(options.configuration);
     if (options.assignments.size() != 1)
         throw RequestError("explain needs CONFIG OPERATION NAME=VALUE..., or CONFIG STANDARD CATEGORY");
-    const Operation* best = nullptr;
-    for (const Operation& operation : configuration.operations)
-        if (!best || RankAsMain(operation) > RankAsMain(*best))
-            best = &operation;
-    if (best && RankAsMain(*best) > 0)
-    {
-        CommandLineQuestion question(options, std::string(best->name));
-        question.arguments["standard"] = options.operation;
-        if (HasRole(*best, VEXMELKRole::Category))
-            question.arguments["category"] = options.assignments.front();
-        return question;
-    }
-    throw RequestError(configuration.name + " has no query for a standard");
+    const VEXMELKOperation* main = VEXMELKMainOperationOf(*configuration.entry->description);
+    if (!main)
+        throw RequestError(configuration.name + " has no query for a standard");
+    CommandLineQuestion question(options, std::string(main->Name()));
+    question.arguments["standard"] = options.operation;
+    if (HasRole(question.operation, VEXMELKRole::Category))
+        question.arguments["category"] = options.assignments.front();
+    return question;
 }
 
 bool IsOperation(const CommandOptions& options)
@@ -442,6 +444,7 @@ void AddQuestionCommands(CommandLine& line)
     explain->add_option("NAME=VALUE", options.assignments, "The operation's arguments, or the category");
     explain->add_option("--field", options.field, "Only this field, such as definition.FrontOffset");
     explain->add_flag("--steps", options.steps, "Every look-up, in the order in which it is tried");
+    explain->footer("For example: melkcfg explain UFCurb \"EU Passenger Car\" suv --field definition.FrontOffset");
 
     CLI::App* call = line.Add("call", "Run one query operation, or a batch of them",
         [&](Host& host) { return RunCallOrBatch(options, host); });
@@ -449,4 +452,6 @@ void AddQuestionCommands(CommandLine& line)
     call->add_option("OPERATION", options.operation, "The operation");
     call->add_option("NAME=VALUE", options.assignments, "Its arguments; an output's value before the call as JSON");
     call->add_flag("--batch", options.batch, "JSON Lines on standard input, one answer a line on standard output");
+    call->footer("For example: melkcfg call UFCurb GetStandardData standard=\"EU Passenger Car\" category=suv\n"
+                 "             melkcfg call EyeEllipses GetRadii2002 standard=S hPointTravel=133mm cutoff=95");
 }

@@ -131,6 +131,13 @@ void TellLeftOut(std::size_t questions)
                   << std::endl;
 }
 
+std::string DirectoryPath()
+{
+    std::string path = CurrentDirectory().ConvertToChar();
+    std::replace(path.begin(), path.end(), '\\', '/');
+    return path;
+}
+
 Json FieldsToJson(const VEXMELKExplanation& explanation, bool showSecrets, const std::string& onlyField)
 {
     Json fields = Json::array();

@@ -30,6 +30,8 @@ Json QuestionToJson(const VEXMELKConfigManager::Configuration& configuration, co
 
 // The configuration directory of the current mode.
 CATUnicodeString CurrentDirectory();
+// The same as the file system takes it.
+std::string DirectoryPath();
 
 // Whether one of the configurations (all when there are none) has a file there that can be read. Throws RequestError
 // when one that is there cannot be read; the boxes have told why.

@@ -7,7 +7,8 @@
 #include <iostream>
 
 Progress::Progress()
-    : m_IsTerminal(IsTerminal(StandardStream::Error)), m_Next(std::chrono::steady_clock::now() + std::chrono::seconds(1))
+    : m_IsTerminal(IsTerminal(StandardStream::Error)),
+      m_Next(std::chrono::steady_clock::now() + std::chrono::seconds(1))
 {
 }
 

@@ -14,10 +14,14 @@ struct Parameter
 {
     std::string name;
     std::string type;
-    std::string unit; // of a number; else empty
+    std::string unit; // see UnitShown; may be empty
     bool isOutput = false;
     bool isSecret = false;
 };
+
+// A text such as "133mm" as the number that the argument takes; anything but a text stays as it is. Throws RequestError
+// for a text that is no quantity of the argument's dimension.
+Json InUnitOf(const Parameter& parameter, const Json& given);
 
 struct Answered
 {
@@ -65,7 +69,10 @@ struct Configuration
 // All configurations, in the order of the manager's getters.
 const std::vector<Configuration>& AllConfigurations();
 
-// By name, class name or key; throws RequestError.
+// By name, class name or key, or by its file ("CloseRangeVisibility", "Vision/VisionPlanes.xml"). Null when there is
+// none.
+const Configuration* LookForConfiguration(const std::string& name);
+// The same; throws RequestError when there is none.
 const Configuration& FindConfiguration(const std::string& name);
 
 #endif

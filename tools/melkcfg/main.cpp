@@ -4,13 +4,13 @@
 #include "Console.h"
 #include "VEXMELKConfigManager.h"
 
+#include <algorithm>
 #include <iostream>
 
 namespace {
 
-ExitStatus Run(int argc, char** argv)
+void AddCommands(CommandLine& line)
 {
-    CommandLine line;
     AddQuestionCommands(line);
     AddChangeCommands(line);
     AddDumpCommands(line);
@@ -20,7 +20,16 @@ ExitStatus Run(int argc, char** argv)
     AddSchemaCommands(line);
     AddDrawCommands(line);
     AddReportCommands(line);
-    return line.Run(argc, argv);
+    AddSampleCommands(line);
+    AddCompletionCommands(line);
+    AddShellCommands(line, AddCommands);
+}
+
+ExitStatus Run(int argc, char** argv)
+{
+    CommandLine line;
+    AddCommands(line);
+    return line.Run({argv + std::min(argc, 1), argv + argc});
 }
 
 } // namespace
