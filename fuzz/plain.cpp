@@ -95,7 +95,7 @@ void RequireSame(const CATXMLDocument& left, const CATXMLDocument& right)
 // Without anything that is left although it may be well formed.
 bool IsSimple(std::string_view bytes)
 {
-    const auto isUnusual = [](char byte) { return byte == '\r' || byte <= '\0'; };
+    const auto isUnusual = [](char byte) { return byte == '\r' || static_cast<signed char>(byte) <= 0; };
     return std::none_of(bytes.begin(), bytes.end(), isUnusual) && bytes.find("<!DOCTYPE") == std::string_view::npos &&
            bytes.find("<?xml") == std::string_view::npos;
 }

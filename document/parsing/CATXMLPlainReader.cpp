@@ -148,14 +148,14 @@ template <class Block> bool CATXMLPlainReader<Block>::Read(std::size_t bytes)
 template <class Block> void CATXMLPlainReader<Block>::ReserveFor(const char* at, const char* end)
 {
     constexpr std::size_t atOnce = 4 * Block::size;
-    constexpr std::size_t counted = 252 * Block::size; // what a counter can take
+    constexpr std::ptrdiff_t counted = 252 * Block::size; // what a counter can take
     std::size_t tags = 0;
     std::size_t attributes = 0;
     while (at < end)
     {
         typename Block::Counter tagCounter;
         typename Block::Counter attributeCounter;
-        for (const char* stop = std::min(at + counted, end); at < stop; at += atOnce)
+        for (const char* stop = at + std::min(counted, end - at); at < stop; at += atOnce)
             for (std::size_t place = 0; place < atOnce; place += Block::size)
             {
                 const Block block(at + place);
