@@ -167,7 +167,7 @@ template <class Block> void CATXMLPlainReader<Block>::ReserveFor(const char* at,
     }
     m_Document.m_Nodes.Resize(1 + 2 * tags);
     m_Document.m_Heads.Resize(tags + 1);
-    m_Document.m_Attributes.Resize(attributes);
+    m_Document.m_Attributes.Resize(attributes + 1); // never none, so that there is a first one to write
     m_Node = &m_Document.m_Nodes[0];
     m_Head = &m_Document.m_Heads[0];
     m_Attribute = &m_Document.m_Attributes[0];
@@ -562,7 +562,7 @@ template <class Block> const char* CATXMLPlainReader<Block>::CopyReference(const
     struct Entity
     {
         std::string_view reference;
-        char character;
+        char character = '\0';
     };
     constexpr Entity entities[] = {{"&lt;", '<'}, {"&gt;", '>'}, {"&amp;", '&'}, {"&quot;", '"'}, {"&apos;", '\''}};
     for (const Entity& entity : entities)
