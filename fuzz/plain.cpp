@@ -155,7 +155,7 @@ void Damage(std::string& bytes, std::mt19937& random)
 int Damages()
 {
     const char* named = std::getenv("MELK_DAMAGES");
-    return named ? std::atoi(named) : 1000;
+    return named ? std::stoi(named) : 1000;
 }
 
 } // namespace
