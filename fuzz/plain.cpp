@@ -95,7 +95,7 @@ void RequireSame(const CATXMLDocument& left, const CATXMLDocument& right)
 // Without anything that is left although it may be well formed.
 bool IsSimple(std::string_view bytes)
 {
-    const auto isUnusual = [](char byte) { return byte == '\r' || byte <= '\0'; };
+    const auto isUnusual = [](char byte) { return byte == '\r' || static_cast<signed char>(byte) <= 0; };
     return std::none_of(bytes.begin(), bytes.end(), isUnusual) && bytes.find("<!DOCTYPE") == std::string_view::npos &&
            bytes.find("<?xml") == std::string_view::npos;
 }
@@ -155,7 +155,7 @@ void Damage(std::string& bytes, std::mt19937& random)
 int Damages()
 {
     const char* named = std::getenv("MELK_DAMAGES");
-    return named ? std::atoi(named) : 1000;
+    return named ? std::stoi(named) : 1000;
 }
 
 } // namespace

@@ -148,14 +148,14 @@ template <class Block> bool CATXMLPlainReader<Block>::Read(std::size_t bytes)
 template <class Block> void CATXMLPlainReader<Block>::ReserveFor(const char* at, const char* end)
 {
     constexpr std::size_t atOnce = 4 * Block::size;
-    constexpr std::size_t counted = 252 * Block::size; // what a counter can take
+    constexpr std::ptrdiff_t counted = 252 * Block::size; // what a counter can take
     std::size_t tags = 0;
     std::size_t attributes = 0;
     while (at < end)
     {
         typename Block::Counter tagCounter;
         typename Block::Counter attributeCounter;
-        for (const char* stop = std::min(at + counted, end); at < stop; at += atOnce)
+        for (const char* stop = at + std::min(counted, end - at); at < stop; at += atOnce)
             for (std::size_t place = 0; place < atOnce; place += Block::size)
             {
                 const Block block(at + place);
@@ -167,7 +167,7 @@ template <class Block> void CATXMLPlainReader<Block>::ReserveFor(const char* at,
     }
     m_Document.m_Nodes.Resize(1 + 2 * tags);
     m_Document.m_Heads.Resize(tags + 1);
-    m_Document.m_Attributes.Resize(attributes);
+    m_Document.m_Attributes.Resize(attributes + 1); // never none, so that there is a first one to write
     m_Node = &m_Document.m_Nodes[0];
     m_Head = &m_Document.m_Heads[0];
     m_Attribute = &m_Document.m_Attributes[0];
@@ -562,7 +562,7 @@ template <class Block> const char* CATXMLPlainReader<Block>::CopyReference(const
     struct Entity
     {
         std::string_view reference;
-        char character;
+        char character = '\0';
     };
     constexpr Entity entities[] = {{"&lt;", '<'}, {"&gt;", '>'}, {"&amp;", '&'}, {"&quot;", '"'}, {"&apos;", '\''}};
     for (const Entity& entity : entities)

@@ -53,7 +53,7 @@ private:
     const char* ReadAround(const char* at);
     const char* ReadContents(const char* at);
     const char* ReadElement(const char* at);
-    const char* ReadAttributes(const char* at, Index head);
+    const char* ReadAttributes(const char* at, Index mark);
     [[gnu::always_inline]] inline const char* ReadValue(const char* at);
     const char* ReadSpacedValue(const char* at);
     const char* ReadLongValue(const char* at, char quote);
