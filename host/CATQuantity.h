@@ -17,6 +17,10 @@ bool CATLengthFromText(std::string_view text, double& metres);
 // Units "deg", "rad", "grad", "turn"; a bare number counts as degrees.
 bool CATAngleFromText(std::string_view text, double& radians);
 
+// The same, as long as no comma is in the text: the quicker question where most texts have none.
+bool CATPlainLengthFromText(std::string_view text, double& metres);
+bool CATPlainAngleFromText(std::string_view text, double& radians);
+
 // The symbols of these units.
 std::vector<std::string_view> CATLengthUnits();
 std::vector<std::string_view> CATAngleUnits();
