@@ -4,6 +4,7 @@
 #include "Values.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 std::string Operation::ResultType() const { return VEXMELKTypeText(m_Described->NewQuestion()->Result()); }
 
@@ -36,28 +37,32 @@ std::unique_ptr<VEXMELKQuestion> Operation::NewQuestion(const Json& arguments, c
 Operation::Call Operation::Prepare(const Json& arguments, const Json& outputs) const
 {
     const std::shared_ptr<VEXMELKQuestion> question = NewQuestion(arguments, outputs);
-    const auto parameters = m_Described->Parameters();
-    return [=](VEXMELKConfig& object)
+    return [this, question](VEXMELKConfig& object)
     {
         question->Ask(object);
-        Answered answered;
-        answered.result = ToJson(question->Result());
-        for (std::size_t position = 0; position < parameters.size(); ++position)
-            if (parameters[position].IsOutput())
-                answered.outputs[std::string(parameters[position].name)] = ToJson(question->Parameter(position));
-        return answered;
+        return AnswerOf(*question);
     };
+}
+
+Answered Operation::AnswerOf(VEXMELKQuestion& question) const
+{
+    Answered answered;
+    answered.result = ToJson(question.Result());
+    const auto parameters = m_Described->Parameters();
+    for (std::size_t position = 0; position < parameters.size(); ++position)
+        if (parameters[position].IsOutput())
+            answered.outputs[std::string(parameters[position].name)] = ToJson(question.Parameter(position));
+    return answered;
 }
 
 const Operation& Configuration::FindOperation(const std::string& operation) const
 {
-    std::vector<std::string> names;
     for (const Operation& known : operations)
-    {
         if (known.name == operation)
             return known;
+    std::vector<std::string> names;
+    for (const Operation& known : operations)
         names.emplace_back(known.name);
-    }
     throw UnknownName("operation", operation, names);
 }
 
@@ -88,13 +93,23 @@ const std::vector<Configuration>& AllConfigurations()
 
 const Configuration& FindConfiguration(const std::string& name)
 {
+    static const std::unordered_map<std::string, const Configuration*> byName = []
+    {
+        std::unordered_map<std::string, const Configuration*> names;
+        for (const Configuration& configuration : AllConfigurations())
+        {
+            names.emplace(configuration.name, &configuration);
+            names.emplace(configuration.ClassName(), &configuration);
+            for (const std::string& key : configuration.keys)
+                names.emplace(key, &configuration);
+        }
+        return names;
+    }();
+    const auto found = byName.find(name);
+    if (found != byName.end())
+        return *found->second;
     std::vector<std::string> names;
     for (const Configuration& configuration : AllConfigurations())
-    {
-        if (configuration.name == name || configuration.ClassName() == name ||
-            std::find(configuration.keys.begin(), configuration.keys.end(), name) != configuration.keys.end())
-            return configuration;
         names.push_back(configuration.name);
-    }
     throw UnknownName("configuration", name, names);
 }
