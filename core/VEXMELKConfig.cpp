@@ -380,16 +380,16 @@ VEXMELKConfig::StandardData VEXMELKConfig::FindStandardData(
 {
     if (!HasDocuments())
         return {};
-    const auto found = m_Catalogue->FindCategories(standard, category, defaultCategory);
-    return {found.standard, found.category, found.defaultCategory};
+    auto found = m_Catalogue->FindCategories(standard, category, defaultCategory);
+    return {std::move(found.standard), std::move(found.category), std::move(found.defaultCategory)};
 }
 
 // The category, or in its place the standard itself where that is allowed: for "default", and when the standard has no
 // category at all.
-CATIDOMElement_var VEXMELKConfig::CategoryOrObsolete(
+const CATIDOMElement_var& VEXMELKConfig::CategoryOrObsolete(
     const StandardData& data, std::string_view category, unsigned char allowObsolete)
 {
-    const bool isDefault = category == defaultCategory;
+    const bool isDefault = CATTextEqual(category, defaultCategory);
     const CATIDOMElement_var& found = isDefault ? data.defaultCategory : data.category;
     if (found != NULL_var || !isDefault || !allowObsolete || !m_Catalogue || m_Catalogue->HasCategories(data.standard))
         return found;
@@ -420,7 +420,7 @@ CATIDOMNamedNodeMap_var VEXMELKConfig::GetCategoryAttributeMap(
     const CATUnicodeString& standard, const CATUnicodeString& category, CATIDOMNamedNodeMap_var& defaultMap)
 {
     const StandardData data = FindStandardData(standard, category);
-    const CATIDOMElement_var element = CategoryOrObsolete(data, category, 1);
+    const CATIDOMElement_var& element = CategoryOrObsolete(data, category, 1);
     defaultMap = AttributesOf(CategoryOrObsolete(data, defaultCategory, element == NULL_var));
     return AttributesOf(element);
 }
@@ -430,7 +430,7 @@ CATIDOMElement_var VEXMELKConfig::GetCategoryElement(const CATUnicodeString& sta
 {
     const StandardData data = FindStandardData(standard, category);
     CATIDOMElement_var element = CategoryOrObsolete(data, category, 1);
-    const CATIDOMElement_var defaultElement = CategoryOrObsolete(data, defaultCategory, element == NULL_var);
+    const CATIDOMElement_var& defaultElement = CategoryOrObsolete(data, defaultCategory, element == NULL_var);
     if (element == NULL_var)
         element = defaultElement;
     map = AttributesOf(element);
@@ -494,16 +494,15 @@ void VEXMELKConfig::AddUnits(const CATUnicodeString& unit, CATUnicodeString& val
 unsigned char VEXMELKConfig::GetAttributeMapItemValue(CATIDOMNamedNodeMap_var map, const CATUnicodeString& name,
     const CATUnicodeString& unit, CATUnicodeString& value, CATIDOMNamedNodeMap_var defaultMap)
 {
-    const VEXMELKRow row{.attribute = name, .unit = unit, .whenMissing = {.rule = VEXMELKWhenMissing::Keeps}};
     CATUnicodeString found; // handed over at the end: name and unit may be the caller's same text
-    const bool isFound = VEXMELKAttributeReader(Decimals(), map, defaultMap).Read(row, &found);
+    const bool isFound = ReadNamedText(Decimals(), map, defaultMap, name, unit, found);
     if (isFound)
         value = found;
     return isFound;
 }
 // NOLINTEND(performance-unnecessary-value-param)
 
-double VEXMELKConfig::GetNumber(CATUnicodeString text) { return NumberFromText(std::move(text)); }
+double VEXMELKConfig::GetNumber(CATUnicodeString text) { return NumberFromText(text); }
 
 VEXMELKDecimals VEXMELKConfig::Decimals() { return VEXMELKDecimals(VEXMELKConfigManager::WritesCommas); }
 

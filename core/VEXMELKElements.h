@@ -55,15 +55,10 @@ template <class Visit> bool VisitElements(const CATIDOMElement_var& root, std::s
     return false;
 }
 
-inline bool IsChild(const CATIDOMElement_var& descendant, const CATIDOMElement_var& parent)
-{
-    return CATTextEqual(descendant->GetParentNode()->GetNodeName(), parent->GetNodeName());
-}
-
 template <class Visit> bool VisitChildren(const CATIDOMElement_var& parent, std::string_view tag, Visit visit)
 {
-    return VisitElements(
-        parent, tag, [&](const CATIDOMElement_var& element) { return IsChild(element, parent) && visit(element); });
+    return VisitElements(parent, tag,
+        [&](const CATIDOMElement_var& element) { return parent->IsTagOfParent(element.GetView()) && visit(element); });
 }
 
 template <class Act> void ForEachElement(const CATIDOMElement_var& root, std::string_view tag, Act act)
@@ -173,18 +168,42 @@ inline CATIDOMElement_var FirstChildOfEither(
     return found != NULL_var ? found : FirstChild(second, tag);
 }
 
+// Calls visit(list, position, text) for every descendant with the tag that has the attribute, in document order, until
+// it returns true. A null root has no descendants.
+template <class Visit>
+void VisitTexts(const CATIDOMElement_var& root, std::string_view tag, std::string_view attribute, Visit visit)
+{
+    if (root == NULL_var)
+        return;
+    const CATIDOMNodeList_var elements = root->GetElementsByTagName(tag);
+    const auto texts = elements->GetValues(attribute);
+    for (int position = 0; position < elements->GetLength(); ++position)
+        if (const std::optional<VEXMELKNodeText> text = texts.At(position))
+            if (visit(elements.GetView(), position, *text))
+                return;
+}
+
+// The same for children.
+template <class Visit>
+void VisitChildTexts(const CATIDOMElement_var& parent, std::string_view tag, std::string_view attribute, Visit visit)
+{
+    VisitTexts(parent, tag, attribute,
+        [&](const CATIDOMNodeList& elements, int position, VEXMELKNodeText text)
+        { return elements.IsChild(position, parent.GetView()) && visit(elements, position, text); });
+}
+
 // The attribute of the first child with the tag that has it; none when none has.
 inline std::optional<VEXMELKNodeText> FirstChildAttribute(
     const CATIDOMElement_var& parent, std::string_view tag, std::string_view attribute)
 {
-    std::optional<VEXMELKNodeText> text;
-    VisitChildren(parent, tag,
-        [&](const CATIDOMElement_var& element)
+    std::optional<VEXMELKNodeText> first;
+    VisitChildTexts(parent, tag, attribute,
+        [&](const CATIDOMNodeList& /*elements*/, int /*position*/, VEXMELKNodeText text)
         {
-            text = AttributeText(element, attribute);
-            return text.has_value();
+            first = text;
+            return true;
         });
-    return text;
+    return first;
 }
 
 // The first child with the tag whose attribute has exactly that value; null when there is none.
@@ -192,13 +211,12 @@ inline CATIDOMElement_var FindChild(
     const CATIDOMElement_var& parent, std::string_view tag, std::string_view attribute, std::string_view value)
 {
     CATIDOMElement_var found;
-    VisitChildren(parent, tag,
-        [&](const CATIDOMElement_var& element)
+    VisitTexts(parent, tag, attribute,
+        [&](const CATIDOMNodeList& elements, int position, VEXMELKNodeText text)
         {
-            const std::optional<VEXMELKNodeText> text = AttributeText(element, attribute);
-            if (!text || !CATTextEqual(*text, value))
+            if (!CATTextEqual(text, value) || !elements.IsChild(position, parent.GetView()))
                 return false;
-            found = element;
+            found = elements.Item(position);
             return true;
         });
     return found;
@@ -212,18 +230,16 @@ CATIDOMElement_var NearestElement(const CATIDOMElement_var& root, std::string_vi
 {
     CATIDOMElement_var nearest;
     double best = farthest;
-    ForEachElement(root, tag,
-        [&](const CATIDOMElement_var& element)
+    VisitTexts(root, tag, attribute,
+        [&](const CATIDOMNodeList& elements, int position, VEXMELKNodeText text)
         {
-            const std::optional<VEXMELKNodeText> text = AttributeText(element, attribute);
-            if (!text)
-                return;
-            const std::optional<double> away = distance(*text);
+            const std::optional<double> away = distance(text);
             if (away && *away < best)
             {
-                nearest = element;
+                nearest = elements.Item(position);
                 best = *away;
             }
+            return false;
         });
     return nearest;
 }
@@ -233,11 +249,11 @@ inline void ChildAttributeValues(const CATIDOMElement_var& parent, std::string_v
     CATListValCATUnicodeString& values)
 {
     values.RemoveAll();
-    ForEachChild(parent, tag,
-        [&](const CATIDOMElement_var& child)
+    VisitChildTexts(parent, tag, attribute,
+        [&](const CATIDOMNodeList& /*elements*/, int /*position*/, VEXMELKNodeText text)
         {
-            if (const std::optional<VEXMELKNodeText> text = AttributeText(child, attribute))
-                values.Append(CATUnicodeString(*text));
+            values.Append(CATUnicodeString(text));
+            return false;
         });
 }
 

@@ -11,8 +11,8 @@ CATIDOMElement_var NearestAngle(VEXMELKDecimals decimals, const CATIDOMElement_v
     constexpr double farthest = 100.0;
     const auto distance = [&](std::string_view text)
     {
-        const CATUnicodeString adapted = NormalizedValue("deg", decimals.WritesCommas(), text);
-        return std::optional(std::fabs(RadiansFromText(adapted) - angle));
+        const double radians = NumberOfForm(VEXMELKForm::Radians, "deg", decimals.WritesCommas(), text);
+        return std::optional(std::fabs(radians - angle));
     };
     return NearestElement(parent, tag, attribute, farthest, distance);
 }
@@ -23,7 +23,7 @@ CATIDOMElement_var NearestLengthBelow(VEXMELKDecimals decimals, const CATIDOMEle
     constexpr double farthest = 900.0;
     const auto distance = [&](std::string_view text)
     {
-        const double start = MillimetresFromText(NormalizedValue("mm", decimals.WritesCommas(), text));
+        const double start = NumberOfForm(VEXMELKForm::Millimetres, "mm", decimals.WritesCommas(), text);
         return start <= length ? std::optional(length - start) : std::nullopt;
     };
     return NearestElement(parent, tag, attribute, farthest, distance);

@@ -90,6 +90,17 @@ inline std::optional<VEXMELKNodeText> Key(const CATIDOMElement_var& element, con
     return AttributeText(element, described.key->attribute);
 }
 
+// Calls visit(elements, position, key) for each of the elements that has a key, in document order, until it returns
+// true.
+template <class Visit> void VisitKeys(const CATIDOMElement_var& parent, const VEXMELKElement& described, Visit visit)
+{
+    AnnounceLookUp(parent, described);
+    if (described.place == VEXMELKPlace::Child)
+        VisitChildTexts(parent, described.tag, described.key->attribute, visit);
+    else
+        VisitTexts(parent, described.tag, described.key->attribute, visit);
+}
+
 // The keys of all children that have one, in document order. Empties the list first.
 inline void CollectKeys(
     const CATIDOMElement_var& parent, const VEXMELKElement& described, CATListValCATUnicodeString& keys)

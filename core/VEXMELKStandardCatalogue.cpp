@@ -7,25 +7,30 @@
 bool VEXMELKNameIndex::Add(const CATIDOMElement_var& element)
 {
     const std::optional<VEXMELKNodeText> name = AttributeText(element, "name");
-    if (!name || Compare(*name) != CATTextTable::none)
+    if (!name)
         return false;
     const auto number = static_cast<CATTextTable::Number>(m_Entries.size());
-    if (number >= comparedUpTo && m_Table.FindOrAdd(*name, number, NameOf()) != number)
-        return false;
+    if (number < comparedUpTo)
+    {
+        if (Find(*name) != CATTextTable::none)
+            return false;
+    }
+    else
+    {
+        for (CATTextTable::Number known = 0; number == comparedUpTo && known < number; ++known)
+            m_Table.FindOrAdd(m_Entries[known].name, known, NameOf());
+        if (m_Table.FindOrAdd(*name, number, NameOf()) != number)
+            return false;
+    }
     m_Entries.push_back({*name, element});
     return true;
 }
 
 CATTextTable::Number VEXMELKNameIndex::Find(std::string_view name) const
 {
-    const CATTextTable::Number number = Compare(name);
-    return number == CATTextTable::none ? m_Table.Find(name, NameOf()) : number;
-}
-
-CATTextTable::Number VEXMELKNameIndex::Compare(std::string_view name) const
-{
-    const std::size_t compared = std::min(m_Entries.size(), comparedUpTo);
-    for (std::size_t number = 0; number < compared; ++number)
+    if (m_Entries.size() > comparedUpTo)
+        return m_Table.Find(name, NameOf());
+    for (std::size_t number = 0; number < m_Entries.size(); ++number)
         if (CATTextEqual(m_Entries[number].name, name))
             return static_cast<CATTextTable::Number>(number);
     return CATTextTable::none;
@@ -38,8 +43,7 @@ void VEXMELKStandardCatalogue::AddDocument(const CATIDOMElement_var& root)
     ForEach(root, VEXMELKCommon::standards,
         [&](const CATIDOMElement_var& standard)
         {
-            if (m_Standards.Add(standard))
-                m_Categories.emplace_back();
+            m_Standards.Add(standard);
             if (outermost != NULL_var && outermost->Contains(standard))
                 m_IsNested = true;
             else
@@ -66,23 +70,51 @@ CATIDOMElement_var VEXMELKStandardCatalogue::FindRootChild(const CATIDOMElement_
     return found->second.FindElement(name);
 }
 
+void VEXMELKStandardCatalogue::AnnounceCategories(CATTextTable::Number standard)
+{
+    if (VEXMELKWatch::Installed() && m_Announced.insert(standard).second) [[unlikely]]
+        AnnounceLookUp(m_Standards.Element(standard), VEXMELKCommon::categories);
+}
+
+const VEXMELKNameIndex& VEXMELKStandardCatalogue::ManyCategoriesOf(CATTextTable::Number standard)
+{
+    const auto found = m_ManyCategories.find(standard);
+    if (found != m_ManyCategories.end())
+        return found->second;
+    VEXMELKNameIndex index;
+    ForEachChild(m_Standards.Element(standard), VEXMELKCommon::categories.tag,
+        [&](const CATIDOMElement_var& category) { index.Add(category); });
+    return m_ManyCategories.emplace(standard, std::move(index)).first->second;
+}
+
 VEXMELKStandardCatalogue::Categories VEXMELKStandardCatalogue::FindCategories(
     std::string_view standard, std::string_view category, std::string_view defaultCategory)
 {
     const CATTextTable::Number number = m_Standards.Find(standard);
     if (number == CATTextTable::none)
         return {};
-    const CATIDOMElement_var& element = m_Standards.Element(number);
+    Categories found{m_Standards.Element(number), {}, {}};
     if (m_IsNested)
-        return {element, FindNested(element, category), FindNested(element, defaultCategory)};
-    std::unique_ptr<VEXMELKNameIndex>& categories = m_Categories[number];
-    if (!categories)
+        return {found.standard, FindNested(found.standard, category), FindNested(found.standard, defaultCategory)};
+    AnnounceCategories(number);
+    const CATIDOMNodeList_var all = found.standard->GetElementsByTagName(VEXMELKCommon::categories.tag);
+    if (all->GetLength() > static_cast<int>(VEXMELKNameIndex::comparedUpTo))
     {
-        auto index = std::make_unique<VEXMELKNameIndex>();
-        ForEach(element, VEXMELKCommon::categories, [&](const CATIDOMElement_var& child) { index->Add(child); });
-        categories = std::move(index);
+        const VEXMELKNameIndex& index = ManyCategoriesOf(number);
+        return {found.standard, index.FindElement(category), index.FindElement(defaultCategory)};
     }
-    return {element, categories->FindElement(category), categories->FindElement(defaultCategory)};
+    const auto names = all->GetValues(VEXMELKCommon::categories.key->attribute);
+    for (int position = 0; position < all->GetLength(); ++position)
+    {
+        const std::optional<VEXMELKNodeText> name = names.At(position);
+        if (!name || !all->IsChild(position, found.standard.GetView()))
+            continue;
+        if (found.category == NULL_var && CATTextEqual(*name, category))
+            found.category = all->Item(position);
+        if (found.defaultCategory == NULL_var && CATTextEqual(*name, defaultCategory))
+            found.defaultCategory = all->Item(position);
+    }
+    return found;
 }
 
 const VEXMELKStandardCatalogue::NestedCategories& VEXMELKStandardCatalogue::NestedAround(

@@ -10,6 +10,7 @@
 #include <map>
 #include <memory>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 struct VEXMELKElement;
@@ -18,6 +19,9 @@ struct VEXMELKElement;
 class VEXMELKNameIndex
 {
 public:
+    // Up to this many names are compared one by one; more get a table.
+    static constexpr std::size_t comparedUpTo = 8;
+
     // Adds the element, unless it has no name or its name is there already. Tells whether it did.
     bool Add(const CATIDOMElement_var& element);
     // The number of the name, counted from 0 in the order of adding, or CATTextTable::none.
@@ -31,23 +35,18 @@ public:
     }
 
 private:
-    // Up to this many names are compared one by one; more get a table.
-    static constexpr std::size_t comparedUpTo = 8;
-
     struct Entry
     {
         VEXMELKNodeText name;
         CATIDOMElement_var element;
     };
-    // The number of the name among the compared ones, or CATTextTable::none.
-    CATTextTable::Number Compare(std::string_view name) const;
     auto NameOf() const
     {
         return [this](CATTextTable::Number number) { return std::string_view(m_Entries[number].name); };
     }
 
     std::vector<Entry> m_Entries;
-    CATTextTable m_Table; // of those that are not compared
+    CATTextTable m_Table; // empty as long as the names are compared
 };
 
 class VEXMELKStandardCatalogue
@@ -78,8 +77,13 @@ public:
 
 private:
     VEXMELKNameIndex m_Standards;
-    // The categories of each standard, by its number; null until it is first asked for.
-    std::vector<std::unique_ptr<VEXMELKNameIndex>> m_Categories;
+    // The categories of standards that have more than a few, by the standard's number, once asked for. A few are looked
+    // through each time: so the first question to a standard costs no more than another one.
+    std::unordered_map<CATTextTable::Number, VEXMELKNameIndex> m_ManyCategories;
+    // Standards whose categories a watch has been told of: it is told once.
+    std::unordered_set<CATTextTable::Number> m_Announced;
+    void AnnounceCategories(CATTextTable::Number standard);
+    const VEXMELKNameIndex& ManyCategoriesOf(CATTextTable::Number standard);
     std::unordered_map<CATUnicodeString, int> m_Levels;
     // Where standards are nested, their categories overlap, and an index for each would take more than the file. Then
     // the categories of a document stand together, by name.

@@ -7,102 +7,90 @@
 
 namespace {
 
-// The unit goes behind the separator's change and "%" away at last: "%" as a unit is appended to be removed.
-inline void Normalize(std::string_view unit, bool writesCommas, std::string_view text, CATUnicodeString& value)
-{
-    const std::string_view stripped = CATStripped(text);
-    value = stripped;
-    if (writesCommas)
-        value.ReplaceAll('.', ',');
-    if (!unit.empty() && !stripped.empty() && CATIsDigit(stripped.back()))
-        value.Append(unit);
-    if (unit == "%")
-        value.RemoveAll('%');
-}
-
-double NumberOf(VEXMELKForm form, const CATUnicodeString& text)
-{
-    switch (form)
-    {
-    case VEXMELKForm::Fraction:
-        return NumberFromText(text) / 100.0;
-    case VEXMELKForm::Millimetres:
-        return MillimetresFromText(text);
-    case VEXMELKForm::Metres:
-        return MetresFromText(text);
-    case VEXMELKForm::Radians:
-        return RadiansFromText(text);
-    default:
-        return NumberFromText(text);
-    }
-}
-
 bool LeavesField(const VEXMELKRow& row) { return row.whenMissing.rule != VEXMELKWhenMissing::Gives; }
+
+bool TakeAsItIs(std::optional<std::string_view> written, const VEXMELKRow& row, CATUnicodeString& text)
+{
+    if (written)
+        text = *written;
+    else if (!LeavesField(row))
+        text = row.whenMissing.text;
+    return written.has_value();
+}
 
 } // namespace
 
-const CATUnicodeString* VEXMELKAttributeReader::Find(const VEXMELKRow& row, CATUnicodeString& text)
+bool VEXMELKAttributeReader::TakeUnusual(
+    std::optional<std::string_view> written, const VEXMELKRow& row, CATUnicodeString& text)
 {
-    std::optional<std::string_view> item;
-    if (m_Map != NULL_var)
-        item = m_Map->GetNamedItemValue(row.attribute);
-    if (!item && m_DefaultMap != NULL_var)
-        item = m_DefaultMap->GetNamedItemValue(row.attribute);
-    if (!item)
-        return nullptr;
-    if (row.isAsWritten)
-    {
-        text = *item;
-        return &text;
-    }
-    if (!m_WritesCommas)
-        m_WritesCommas = m_Decimals.WritesCommas();
-    Normalize(row.unit, *m_WritesCommas, *item, text);
-    return &text;
+    if (!written || row.isAsWritten)
+        return TakeAsItIs(written, row, text);
+    AssignNormalized(row.unit, WritesCommas(), *written, text);
+    return true;
 }
 
-bool VEXMELKAttributeReader::ReadText(const VEXMELKRow& row, CATUnicodeString& text)
+bool VEXMELKAttributeReader::Read(std::size_t position, Output output)
 {
-    const bool found = Find(row, text);
-    if (!found && !LeavesField(row))
-        text = row.whenMissing.text;
-    return found;
-}
-
-bool VEXMELKAttributeReader::Read(const VEXMELKRow& row, Output output)
-{
+    const VEXMELKRow& row = m_Rows[position];
     if (row.form == VEXMELKForm::Text)
-        return ReadText(row, *output.text);
-    const CATUnicodeString* text = Find(row, m_Text);
-    if (!text && LeavesField(row))
+        return ReadText(position, *output.text);
+    const std::optional<std::string_view> written = m_Texts.At(position);
+    if (!written && LeavesField(row))
         return false;
-    if (row.form == VEXMELKForm::Flag)
-        *output.flag = text ? FlagFromText(*text) : row.whenMissing.flag;
+    if (!written && row.form == VEXMELKForm::Flag)
+        *output.flag = row.whenMissing.flag;
+    else if (!written)
+        *output.number = row.whenMissing.number;
+    else if (row.form == VEXMELKForm::Flag)
+        *output.flag = FlagFromText(row.isAsWritten ? *written : CATStripped(*written));
     else
-        *output.number = text ? NumberOf(row.form, *text) : row.whenMissing.number;
-    return text;
+        *output.number = row.isAsWritten ? NumberOfForm(row.form, {}, false, *written)
+                                         : NumberOfForm(row.form, row.unit, WritesCommas(), *written);
+    return written.has_value();
 }
 
-bool VEXMELKAttributeReader::Read(const VEXMELKRow& row, std::optional<int>& value)
+bool VEXMELKAttributeReader::Read(std::size_t position, std::optional<int>& value)
 {
-    const CATUnicodeString* text = Find(row, m_Text);
+    const VEXMELKRow& row = m_Rows[position];
+    CATUnicodeString text;
+    const std::optional<std::string_view> written = m_Texts.At(position);
+    if (written)
+        ReadText(position, text);
     int integer = 0;
-    if (text && row.form == VEXMELKForm::Word)
-        value = ValueOfWord(row.words, *text);
-    else if (text && text->ConvertToNum(&integer, "%d"))
+    if (written && row.form == VEXMELKForm::Word)
+        value = ValueOfWord(row.words, text);
+    else if (written && text.ConvertToNum(&integer, "%d"))
         value = integer;
     else if (!LeavesField(row))
         value = row.whenMissing.integer; // also for a text that is no integer
-    return text;
+    return written.has_value();
 }
 
 bool ReadText(
     VEXMELKDecimals decimals, const CATIDOMNamedNodeMap_var& map, const VEXMELKRow& row, CATUnicodeString& text)
 {
-    const CATIDOMNamedNodeMap_var noDefault;
-    VEXMELKAttributeReader reader(decimals, map, noDefault);
-    reader.Announce(VEXMELKRows(&row, 1));
-    return reader.ReadText(row, text);
+    if (VEXMELKWatch* watch = VEXMELKWatch::Installed()) [[unlikely]]
+        watch->OnRows(map, NULL_var, VEXMELKRows(&row, 1));
+    std::optional<std::string_view> written;
+    if (map != NULL_var)
+        written = map->GetNamedItemValue(row.attribute);
+    if (!written || row.isAsWritten)
+        return TakeAsItIs(written, row, text);
+    AssignNormalized(row.unit, decimals.WritesCommas(), *written, text);
+    return true;
+}
+
+bool ReadNamedText(VEXMELKDecimals decimals, const CATIDOMNamedNodeMap_var& map,
+    const CATIDOMNamedNodeMap_var& defaultMap, std::string_view name, std::string_view unit, CATUnicodeString& value)
+{
+    for (const CATIDOMNamedNodeMap_var* attributes : {&map, &defaultMap})
+        if (*attributes != NULL_var)
+            if (const std::optional<std::string_view> written = (*attributes)->GetNamedItemValue(name))
+            {
+                value = NormalizedValue(unit, decimals.WritesCommas(), *written);
+                return true;
+            }
+    return false;
 }
 
 int ReadWord(VEXMELKDecimals decimals, const CATIDOMElement_var& element, const VEXMELKRow& row)
@@ -110,13 +98,6 @@ int ReadWord(VEXMELKDecimals decimals, const CATIDOMElement_var& element, const 
     CATUnicodeString text;
     ReadText(decimals, element, row, text);
     return ValueOfWord(row.words, text);
-}
-
-CATUnicodeString NormalizedValue(std::string_view unit, bool writesCommas, std::string_view text)
-{
-    CATUnicodeString value;
-    Normalize(unit, writesCommas, text, value);
-    return value;
 }
 
 int ValueOfWord(const VEXMELKWords& words, std::string_view text)

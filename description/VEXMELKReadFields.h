@@ -1,9 +1,13 @@
 // Reading the rows of a table from the attributes of an element.
+//
+// A table is resolved once for each layout of an element (CATXMLPlaces.h), and its texts and numbers are made straight
+// from the text of the document.
 #ifndef VEXMELKReadFields_H
 #define VEXMELKReadFields_H
 
 #include "CATIDOM.h"
 #include "VEXMELKRow.h"
+#include "VEXMELKValues.h"
 #include "VEXMELKWatch.h"
 
 #include <optional>
@@ -19,24 +23,22 @@ private:
     bool (*m_WritesCommas)();
 };
 
-// The attributes of an element, with those of "default" that stand in for missing ones; either may be null.
+// Reads rows from the attributes of an element, with those of "default" that stand in for missing ones; either may be
+// null. The rows stay where they are for good.
 class VEXMELKAttributeReader
 {
 public:
-    VEXMELKAttributeReader(
-        VEXMELKDecimals decimals, const CATIDOMNamedNodeMap_var& map, const CATIDOMNamedNodeMap_var& defaultMap)
-        : m_Decimals(decimals), m_Map(map), m_DefaultMap(defaultMap)
+    VEXMELKAttributeReader(VEXMELKDecimals decimals, const CATIDOMNamedNodeMap_var& map,
+        const CATIDOMNamedNodeMap_var& defaultMap, VEXMELKRows rows)
+        : m_Decimals(decimals), m_Rows(rows), m_Texts(map, defaultMap, NamesOf(rows))
     {
+        // Tells the watch, if there is one, of the rows that are going to be read.
+        if (VEXMELKWatch* watch = VEXMELKWatch::Installed()) [[unlikely]]
+            watch->OnRows(map, defaultMap, rows);
     }
     // The reader refers to the maps, so that a temporary one would be gone when it reads.
-    VEXMELKAttributeReader(VEXMELKDecimals, const CATIDOMNamedNodeMap_var&, CATIDOMNamedNodeMap_var&&) = delete;
-
-    // Tells the watch, if there is one, of the rows that are going to be read.
-    void Announce(VEXMELKRows rows) const
-    {
-        if (VEXMELKWatch* watch = VEXMELKWatch::Installed()) [[unlikely]]
-            watch->OnRows(m_Map, m_DefaultMap, rows);
-    }
+    VEXMELKAttributeReader(
+        VEXMELKDecimals, const CATIDOMNamedNodeMap_var&, CATIDOMNamedNodeMap_var&&, VEXMELKRows) = delete;
 
     // Where a row's value goes.
     union Output
@@ -48,21 +50,51 @@ public:
         double* number;
         unsigned char* flag;
     };
-    // Read the row; each is true when the attribute was found. A missing one gives what the row states.
-    bool Read(const VEXMELKRow& row, Output output);
-    bool Read(const VEXMELKRow& row, std::optional<int>& value);
+    // Read the row at that position; each is true when the attribute was found. A missing one gives what the row
+    // states.
+    bool Read(std::size_t position, Output output);
+    bool Read(std::size_t position, std::optional<int>& value);
     // The text of the row, whatever form it has.
-    bool ReadText(const VEXMELKRow& row, CATUnicodeString& text);
+    bool ReadText(std::size_t position, CATUnicodeString& text)
+    {
+        const std::optional<std::string_view> written = m_Texts.At(position);
+        const VEXMELKRow& row = m_Rows[position];
+        if (written && !row.isAsWritten && TakeShort(*written, row.unit, text)) [[likely]]
+            return true;
+        return TakeUnusual(written, row, text);
+    }
 
 private:
-    // The adapted text of the row; null when it is missing.
-    const CATUnicodeString* Find(const VEXMELKRow& row, CATUnicodeString& text);
+    static CATXMLPlaces::List NamesOf(VEXMELKRows rows)
+    {
+        return {&rows.data()->attribute, sizeof(VEXMELKRow), rows.size()};
+    }
+    bool WritesCommas()
+    {
+        if (!m_WritesCommas)
+            m_WritesCommas = m_Decimals.WritesCommas();
+        return *m_WritesCommas;
+    }
+    bool TakeUnusual(std::optional<std::string_view> written, const VEXMELKRow& row, CATUnicodeString& text);
+    // As NormalizedValue gives it (VEXMELKValues.h), for the usual texts: short ones without blanks at their ends, and
+    // no "%".
+    bool TakeShort(std::string_view written, std::string_view unit, CATUnicodeString& text)
+    {
+        if (written.empty() || !m_Texts.HasBytes(written, CATUnicodeString::shortBytes) || unit == "%" ||
+            static_cast<unsigned char>(written.front()) <= ' ' || static_cast<unsigned char>(written.back()) <= ' ')
+            return false;
+        const bool isBare = written.back() >= '0' && written.back() <= '9';
+        if (!text.AssignShort(written, isBare ? unit : std::string_view()))
+            return false;
+        if (WritesCommas()) [[unlikely]]
+            text.ReplaceAll('.', ',');
+        return true;
+    }
 
     VEXMELKDecimals m_Decimals;
-    const CATIDOMNamedNodeMap_var& m_Map;
-    const CATIDOMNamedNodeMap_var& m_DefaultMap;
+    VEXMELKRows m_Rows;
+    CATAttributeTexts m_Texts;
     std::optional<bool> m_WritesCommas;
-    CATUnicodeString m_Text; // of what is converted
 };
 
 // Each attribute of "map" before "defaultMap" goes into its field; a missing one gives what its row states. True when
@@ -71,24 +103,22 @@ template <class Record, std::size_t Size>
 bool ReadFields(VEXMELKDecimals decimals, const CATIDOMNamedNodeMap_var& map, const CATIDOMNamedNodeMap_var& defaultMap,
     const VEXMELKTable<Record, Size>& table, Record& record)
 {
-    VEXMELKAttributeReader reader(decimals, map, defaultMap);
-    reader.Announce(table.rows);
+    VEXMELKAttributeReader reader(decimals, map, defaultMap, table.rows);
     bool complete = true;
     for (std::size_t position = 0; position < Size; ++position)
     {
-        const VEXMELKRow& row = table.rows[position];
         const VEXMELKFieldAccess<Record>& access = table.accesses[position];
         bool found = false;
         if (access.text)
-            found = reader.Read(row, &(record.*access.text));
+            found = reader.ReadText(position, record.*access.text);
         else if (access.number)
-            found = reader.Read(row, &(record.*access.number));
+            found = reader.Read(position, &(record.*access.number));
         else if (access.flag)
-            found = reader.Read(row, &(record.*access.flag));
+            found = reader.Read(position, &(record.*access.flag));
         else
         {
             std::optional<int> value;
-            found = reader.Read(row, value);
+            found = reader.Read(position, value);
             if (value)
                 access.assign(record, *value);
         }
@@ -102,11 +132,10 @@ template <class... Outputs>
 bool ReadOutputs(VEXMELKDecimals decimals, const CATIDOMNamedNodeMap_var& map,
     const CATIDOMNamedNodeMap_var& defaultMap, VEXMELKRows rows, Outputs&... outputs)
 {
-    VEXMELKAttributeReader reader(decimals, map, defaultMap);
-    reader.Announce(rows);
+    VEXMELKAttributeReader reader(decimals, map, defaultMap, rows);
     bool complete = true;
-    const VEXMELKRow* row = rows.data();
-    ((complete = reader.Read(*row++, &outputs) && complete), ...);
+    std::size_t position = 0;
+    ((complete = reader.Read(position++, &outputs) && complete), ...);
     return complete;
 }
 
@@ -130,7 +159,8 @@ bool ReadOutputs(VEXMELKDecimals decimals, const CATIDOMElement_var& element, VE
     return ReadOutputs(decimals, element->GetAttributes(), NULL_var, rows, outputs...);
 }
 
-// One attribute, as a text whatever form its row has. False, and what the row states, when it is missing.
+// One attribute by the name of its row, as a text whatever form the row has. False, and what the row states, when it is
+// missing.
 bool ReadText(
     VEXMELKDecimals decimals, const CATIDOMNamedNodeMap_var& map, const VEXMELKRow& row, CATUnicodeString& text);
 inline bool ReadText(
@@ -142,9 +172,10 @@ inline bool ReadText(
 // The value that belongs to the element's word; that of no word when it has none.
 int ReadWord(VEXMELKDecimals decimals, const CATIDOMElement_var& element, const VEXMELKRow& row);
 
-// The text without blanks at its ends, with "," for "." when the application writes commas, with the unit when it ends
-// in a digit, and without "%" when the unit is "%".
-CATUnicodeString NormalizedValue(std::string_view unit, bool writesCommas, std::string_view text);
+// One attribute by its name alone, of "map" before "defaultMap": adapted in the same way. False, and the value
+// untouched, when neither has it.
+bool ReadNamedText(VEXMELKDecimals decimals, const CATIDOMNamedNodeMap_var& map,
+    const CATIDOMNamedNodeMap_var& defaultMap, std::string_view name, std::string_view unit, CATUnicodeString& value);
 
 // The value that belongs to a word of the list.
 int ValueOfWord(const VEXMELKWords& words, std::string_view text);

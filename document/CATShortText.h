@@ -55,6 +55,21 @@ public:
         Place(Data() + m_Size, text);
         m_Size += static_cast<std::uint32_t>(text.size());
     }
+    // For a short text of which "shortBytes" bytes may be read, whatever lies behind it, and an end of a few bytes: the
+    // usual case without a branch for each size. False, and the text as it was, for any other.
+    static constexpr std::ptrdiff_t shortBytes = 24;
+    bool AssignShort(std::string_view text, std::string_view end)
+    {
+        constexpr std::size_t longestEnd = 3;
+        if (!IsInline() || text.size() + longestEnd > inlineCapacity || end.size() > longestEnd)
+            return false;
+        std::memcpy(m_Inline, text.data(), shortBytes);
+        char* behind = m_Inline + text.size();
+        for (std::size_t index = 0; index < longestEnd; ++index)
+            behind[index] = index < end.size() ? end[index] : '\0';
+        SetSize(text.size() + end.size());
+        return true;
+    }
     // Shortens the text.
     void SetSize(std::size_t size)
     {

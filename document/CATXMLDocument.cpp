@@ -62,11 +62,31 @@ std::string_view CATXMLDocument::NodeText(Index node) const
     return {m_Text.Data() + m_Nodes[node].headOrText, m_Nodes[node].endOrLength};
 }
 
+namespace {
+
+// The first of an ordered list that is not below the limit, by steps from "near" that double.
+const std::uint32_t* NotBefore(
+    const std::uint32_t* first, const std::uint32_t* last, const std::uint32_t* near, std::uint32_t limit)
+{
+    std::ptrdiff_t step = 1;
+    if (near != last && *near < limit)
+    {
+        for (first = near + 1; last - first > step && first[step] < limit; step *= 2)
+            first += step + 1;
+        return std::lower_bound(first, first + std::min(step, last - first), limit);
+    }
+    for (last = near; last - first > step && last[-step] >= limit; step *= 2)
+        last -= step;
+    return std::lower_bound(last - std::min(step, last - first), last, limit);
+}
+
+} // namespace
+
 CATXMLDocument::Elements CATXMLDocument::ElementsByTagName(Index node, std::string_view tag) const
 {
-    const Index after = EndOf(node);
     if (tag == "*")
     {
+        const Index after = EndOf(node);
         const Head* first = m_Heads.Data();
         const Head* last = first + (m_Heads.Size() - 1);
         const auto before = [](const Head& head, Index limit) { return head.node < limit; };
@@ -74,14 +94,25 @@ CATXMLDocument::Elements CATXMLDocument::ElementsByTagName(Index node, std::stri
         const Head* end = std::lower_bound(begin, last, after, before);
         return {nullptr, static_cast<Index>(begin - first), static_cast<Index>(end - begin)};
     }
-    const Symbol symbol = m_Names.Find(tag);
-    if (symbol == CATXMLNames::none)
+    return ElementsByTag(node, m_Names.Find(tag));
+}
+
+CATXMLDocument::Elements CATXMLDocument::ElementsByTag(Index node, Symbol tag) const
+{
+    if (tag == CATXMLNames::none)
         return {m_TagElements.Data(), 0, 0};
-    const Index* first = m_TagElements.Data() + m_TagBegins[symbol];
-    const Index* last = m_TagElements.Data() + m_TagBegins[symbol + 1];
+    const Index* first = m_TagElements.Data() + m_TagBegins[tag];
+    const Index* last = m_TagElements.Data() + m_TagBegins[tag + 1];
+    const Index after = EndOf(node);
     // Most often the list begins or ends within the node's subtree.
-    const Index* begin = first == last || *first > node ? first : std::lower_bound(first, last, node + 1);
-    const Index* end = begin == last || last[-1] < after ? last : std::lower_bound(begin, last, after);
+    const Index* begin = first;
+    if (first != last && *first <= node)
+    {
+        // Elements of a kind are spread evenly as a rule: the search begins where the node's share of all nodes is.
+        const auto share = static_cast<std::uint64_t>(last - first) * node / m_Nodes.Size();
+        begin = NotBefore(first, last, first + share, node + 1);
+    }
+    const Index* end = begin == last || last[-1] < after ? last : NotBefore(begin, last, begin, after);
     return {m_TagElements.Data(), static_cast<Index>(begin - m_TagElements.Data()), static_cast<Index>(end - begin)};
 }
 

@@ -8,6 +8,7 @@
 #define CATXMLDocument_H
 
 #include "CATTextTable.h"
+#include "CATXMLPlaces.h"
 #include "VEXMELKConfigurationExport.h"
 
 #include <algorithm>
@@ -108,12 +109,15 @@ public:
     using Symbol = CATTextTable::Number;
     static constexpr Symbol none = CATTextTable::none;
 
-    // The name asked for last is asked for again right away more often than not.
+    // The same few names are asked for over and over, mostly by the same constants of the program: where a name lies in
+    // memory tells where it was noted the last time.
     Symbol Find(std::string_view name) const
     {
-        if (m_Latest == none || !CATTextEqual(Name(m_Latest), name))
-            m_Latest = m_Table.Find(name, [this](Symbol symbol) { return Name(symbol); });
-        return m_Latest;
+        const std::uint64_t place = reinterpret_cast<std::uintptr_t>(name.data()) * 0x9E3779B97F4A7C15U;
+        Symbol& noted = m_Noted[place >> 60U];
+        if (noted == none || !CATTextEqual(Name(noted), name))
+            noted = m_Table.Find(name, [this](Symbol symbol) { return Name(symbol); });
+        return noted;
     }
     // The symbol of the name, which is numbered now if it is new.
     Symbol Intern(std::string_view name);
@@ -161,7 +165,15 @@ private:
     CATTextTable m_Table;
     CATXMLBuffer<char> m_Characters;
     CATXMLBuffer<Entry> m_Entries;
-    mutable Symbol m_Latest = none;
+    Symbol m_Latest = none; // that was numbered or met last, while the document is read
+    mutable std::array<Symbol, 16> m_Noted = Filled();
+
+    static constexpr std::array<Symbol, 16> Filled()
+    {
+        std::array<Symbol, 16> symbols{};
+        symbols.fill(none);
+        return symbols;
+    }
 };
 
 class ExportedByVEXMELKConfiguration CATXMLDocument
@@ -209,6 +221,10 @@ public:
     {
         return Type(node) == Element ? m_Names.Name(m_Nodes[node].symbol) : OtherNodeName(node);
     }
+    // The number of an element's tag.
+    Symbol TagOf(Index element) const { return m_Nodes[element].symbol; }
+    // The number of a name; none when neither an element nor an attribute has it.
+    Symbol FindName(std::string_view name) const { return m_Names.Find(name); }
     std::string_view NodeText(Index node) const; // of texts, CDATA sections, comments and instructions; else empty
     Index Parent(Index node) const { return m_Nodes[node].parent; }
     Index FirstChild(Index node) const { return EndOf(node) > node + 1 ? node + 1 : none; }
@@ -222,17 +238,8 @@ public:
     std::uint32_t Line(Index element) const { return HeadOf(element).line; }
     std::uint32_t Column(Index element) const { return HeadOf(element).column; }
 
-    struct AttributeEntry
-    {
-        Symbol name;
-        Index value; // offset of the length, which the text follows
-    };
-    // The attributes of one element, in the order of the file.
-    struct Attributes
-    {
-        const AttributeEntry* first = nullptr;
-        Index count = 0;
-    };
+    using AttributeEntry = CATXMLAttributeEntry;
+    using Attributes = CATXMLAttributes;
     Attributes AttributesOf(Index element) const
     {
         const Head* head = &HeadOf(element);
@@ -246,18 +253,30 @@ public:
     {
         if (hint < attributes.count && CATTextEqual(AttributeName(attributes.first[hint]), name))
             return hint;
-        const Symbol symbol = m_Names.Find(name);
-        for (Index index = 0; symbol != CATXMLNames::none && index < attributes.count; ++index)
-            if (attributes.first[index].name == symbol)
+        return FindAttribute(attributes, m_Names.Find(name));
+    }
+    Index FindAttribute(const Attributes& attributes, Symbol name) const
+    {
+        for (Index index = 0; name != CATXMLNames::none && index < attributes.count; ++index)
+            if (attributes.first[index].name == name)
                 return index;
         return none;
     }
+    // The places of a list of names among the attributes of one element, or else of another one.
+    const CATXMLPlaces::Place* FindPlaces(
+        const CATXMLPlaces::List& list, const Attributes& attributes, const Attributes& other) const
+    {
+        return m_Places.Find(list, m_Names, attributes, other);
+    }
+    // Behind the last byte of all texts and values. Whoever copies a short one may read as far.
+    const char* TextsEnd() const { return m_Text.Data() + m_Text.Size(); }
 
     // Whether the other node lies below the node, at any depth.
     bool Contains(Index node, Index other) const { return other > node && other < EndOf(node); }
 
     // All descendants of the node with that tag, in document order; "*" takes every tag.
     Elements ElementsByTagName(Index node, std::string_view tag) const;
+    Elements ElementsByTag(Index node, Symbol tag) const;
     Index ElementAt(const Elements& elements, Index position) const
     {
         return elements.first ? elements.first[elements.begin + position] : m_Heads[elements.begin + position].node;
@@ -304,6 +323,7 @@ private:
     }
 
     mutable std::size_t m_References = 0;
+    mutable CATXMLPlaces m_Places;
     Index m_Root = none;
     CATXMLNames m_Names;
     CATXMLBuffer<Node> m_Nodes;

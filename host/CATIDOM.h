@@ -169,6 +169,12 @@ public:
     {
         return m_Document == other.GetView().m_Document && m_Document->Contains(m_Node, other.GetView().m_Node);
     }
+    // Whether the parent of the other element, which lies below this one, has this one's tag.
+    bool IsTagOfParent(const CATIDOMElement& other) const
+    {
+        const Index parent = m_Document->Parent(other.m_Node);
+        return parent == m_Node || m_Document->TagOf(parent) == m_Document->TagOf(m_Node);
+    }
     // Where the element's tag begins in its file: line and column (in characters), both counted from 1.
     int GetLineNumber() const { return static_cast<int>(m_Document->Line(m_Node)); }
     int GetColumnNumber() const { return static_cast<int>(m_Document->Column(m_Node)); }
@@ -242,6 +248,7 @@ public:
 private:
     template <class View> friend class CATDOMHandle;
     friend class CATIDOMElement;
+    friend class CATAttributeTexts;
     using Index = CATXMLDocument::Index;
     static constexpr Index none = CATXMLDocument::none;
 
@@ -269,13 +276,44 @@ class CATIDOMNodeList
 public:
     int GetLength() const { return static_cast<int>(m_Elements.length); }
     // The element at that position, counted from 0.
-    CATIDOMElement_var Item(int position) const
+    CATIDOMElement_var Item(int position) const { return CATIDOMElement_var(At(position)); }
+
+    // One attribute of the elements, whose name is looked up once.
+    class Values
     {
-        return CATIDOMElement_var(CATIDOMElement(
-            m_Document, m_Document->ElementAt(m_Elements, static_cast<CATXMLDocument::Index>(position))));
-    }
+    public:
+        // That of the element at the position, if it has one.
+        std::optional<std::string_view> At(int position) const
+        {
+            const CATXMLDocument& document = *m_List.m_Document;
+            const CATXMLDocument::Attributes attributes = document.AttributesOf(m_List.NodeAt(position));
+            const CATXMLDocument::Index found = document.FindAttribute(attributes, m_Name);
+            if (found == CATXMLDocument::none)
+                return std::nullopt;
+            return document.AttributeValue(attributes.first[found]);
+        }
+
+    private:
+        friend class CATIDOMNodeList;
+        Values(const CATIDOMNodeList& list, std::string_view name)
+            : m_List(list), m_Name(list.m_Document->FindName(name))
+        {
+        }
+
+        const CATIDOMNodeList& m_List;
+        CATXMLDocument::Symbol m_Name;
+    };
+    Values GetValues(std::string_view attribute) const { return {*this, attribute}; } // as long as the list lives
+    // Whether the parent of the element at the position has the tag of an element that it lies below.
+    bool IsChild(int position, const CATIDOMElement& above) const { return above.IsTagOfParent(At(position)); }
 
 private:
+    CATXMLDocument::Index NodeAt(int position) const
+    {
+        return m_Document->ElementAt(m_Elements, static_cast<CATXMLDocument::Index>(position));
+    }
+    CATIDOMElement At(int position) const { return {m_Document, NodeAt(position)}; }
+
     template <class View> friend class CATDOMHandle;
     friend class CATIDOMElement;
     CATIDOMNodeList() = default;
@@ -286,6 +324,59 @@ private:
 
     const CATXMLDocument* m_Document = nullptr;
     CATXMLDocument::Elements m_Elements;
+};
+
+// The attributes of an element, with those of another one that stand in for missing ones, as a list of names asks for
+// them. Refers to the maps.
+class CATAttributeTexts
+{
+public:
+    using List = CATXMLPlaces::List;
+
+    // Either map may be null. The list stays where it is for good.
+    CATAttributeTexts(const CATIDOMNamedNodeMap_var& map, const CATIDOMNamedNodeMap_var& other, const List& list)
+        : m_Map(map), m_Other(other), m_List(list)
+    {
+        const CATXMLDocument* own = map->m_Document;
+        const CATXMLDocument* document = own ? own : other->m_Document;
+        if (!document || (own && other->m_Document && own != other->m_Document))
+            return;
+        m_Document = document;
+        m_Places = document->FindPlaces(list, map->m_Attributes, other->m_Attributes);
+        m_TextsEnd = document->TextsEnd();
+    }
+
+    // The attribute of the name at that position of the list, if there is one.
+    std::optional<std::string_view> At(std::size_t position) const
+    {
+        if (!m_Places) [[unlikely]]
+            return ByName(m_List.At(position));
+        const CATXMLPlaces::Place place = m_Places[position];
+        if (place == CATXMLPlaces::none)
+            return std::nullopt;
+        const CATXMLAttributes& attributes =
+            (place & CATXMLPlaces::ofOther) == 0 ? m_Map->m_Attributes : m_Other->m_Attributes;
+        return m_Document->AttributeValue(attributes.first[place & (CATXMLPlaces::ofOther - 1U)]);
+    }
+    // Whether so many bytes from the begin of such a text may be read, whatever they are.
+    bool HasBytes(std::string_view text, std::ptrdiff_t bytes) const { return m_TextsEnd - text.data() >= bytes; }
+
+private:
+    std::optional<std::string_view> ByName(std::string_view name) const
+    {
+        std::optional<std::string_view> text;
+        for (const CATIDOMNamedNodeMap_var* map : {&m_Map, &m_Other})
+            if (!text && *map != NULL_var)
+                text = (*map)->GetNamedItemValue(name);
+        return text;
+    }
+
+    const CATIDOMNamedNodeMap_var& m_Map;
+    const CATIDOMNamedNodeMap_var& m_Other;
+    List m_List;
+    const CATXMLDocument* m_Document = nullptr;
+    const CATXMLPlaces::Place* m_Places = nullptr;
+    const char* m_TextsEnd = nullptr;
 };
 
 inline CATIDOMElement_var CATIDOMNamedNodeMap::GetOwnerElement() const

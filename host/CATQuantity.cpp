@@ -56,18 +56,10 @@ bool TakeCommaNumber(std::string_view& text, double& number)
     return true;
 }
 
-bool QuantityFromText(std::string_view text, std::span<const Unit> units, double& value)
+// The number, whose decimal separator is the point, and what stands behind it.
+bool PlainQuantity(double number, std::string_view behind, std::span<const Unit> units, double& value)
 {
-    double number = 0.0;
-    text = CATStripped(text);
-    std::string_view rest = text;
-    if (!CATTakeNumber(rest, number) || rest.starts_with(','))
-    {
-        rest = text;
-        if (!TakeCommaNumber(rest, number))
-            return false;
-    }
-    const std::string_view symbol = CATStripped(rest);
+    const std::string_view symbol = CATStripped(behind);
     for (const Unit& unit : units)
         if (CATTextEqual(unit.symbol, symbol))
         {
@@ -78,6 +70,23 @@ bool QuantityFromText(std::string_view text, std::span<const Unit> units, double
             return true;
         }
     return false;
+}
+
+bool PlainQuantityFromText(std::string_view text, std::span<const Unit> units, double& value)
+{
+    double number = 0.0;
+    text = CATStripped(text);
+    return CATTakeNumber(text, number) && PlainQuantity(number, text, units, value);
+}
+
+bool QuantityFromText(std::string_view text, std::span<const Unit> units, double& value)
+{
+    if (PlainQuantityFromText(text, units, value))
+        return true;
+    double number = 0.0;
+    text = CATStripped(text);
+    return text.find(',') != std::string_view::npos && TakeCommaNumber(text, number) &&
+           PlainQuantity(number, text, units, value);
 }
 
 // The first unit of each list is that of a bare number.
@@ -96,6 +105,16 @@ std::vector<std::string_view> CATLengthUnits() { return SymbolsOf(lengthUnits); 
 std::vector<std::string_view> CATAngleUnits() { return SymbolsOf(angleUnits); }
 
 bool CATLengthFromText(std::string_view text, double& metres) { return QuantityFromText(text, lengthUnits, metres); }
+
+bool CATPlainLengthFromText(std::string_view text, double& metres)
+{
+    return PlainQuantityFromText(text, lengthUnits, metres);
+}
+
+bool CATPlainAngleFromText(std::string_view text, double& radians)
+{
+    return PlainQuantityFromText(text, angleUnits, radians);
+}
 
 bool CATAngleFromText(std::string_view text, double& radians) { return QuantityFromText(text, angleUnits, radians); }
 

@@ -19,6 +19,10 @@ ExportedByVEXMELKConfiguration bool CATLengthFromText(std::string_view text, dou
 // Units "deg", "rad", "grad", "turn"; a bare number counts as degrees.
 ExportedByVEXMELKConfiguration bool CATAngleFromText(std::string_view text, double& radians);
 
+// The same, as long as no comma is in the text: the quicker question where most texts have none.
+bool CATPlainLengthFromText(std::string_view text, double& metres);
+bool CATPlainAngleFromText(std::string_view text, double& radians);
+
 // The symbols of these units.
 ExportedByVEXMELKConfiguration std::vector<std::string_view> CATLengthUnits();
 ExportedByVEXMELKConfiguration std::vector<std::string_view> CATAngleUnits();

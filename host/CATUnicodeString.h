@@ -52,6 +52,11 @@ public:
     // Byte position of the first occurrence of the text, -1 when there is none.
     int SearchSubString(std::string_view text) const;
 
+    // Assigns a short text and an end of it, where "shortBytes" bytes of the text may be read. False, with nothing
+    // changed, when that is not the quickest way.
+    static constexpr std::ptrdiff_t shortBytes = CATShortText::shortBytes;
+    bool AssignShort(std::string_view text, std::string_view end) { return m_Text.AssignShort(text, end); }
+
     void Append(std::string_view text) { m_Text.Append(text); }
     void ReplaceAll(char what, char with) { m_Text.ReplaceAll(what, with); }
     void RemoveAll(char what);

@@ -226,7 +226,7 @@ private:
     LoadResult LoadDocuments();
     unsigned char FillStandardLevelList(const CATIDOMElement_var& root, VEXMELKStandardCatalogue& catalogue);
 
-    CATIDOMElement_var CategoryOrObsolete(
+    const CATIDOMElement_var& CategoryOrObsolete(
         const StandardData& data, std::string_view category, unsigned char allowObsolete);
     CATIDOMNamedNodeMap_var GetStandardDataAttributeMap(
         const CATUnicodeString& standard, const CATUnicodeString& category, unsigned char allowObsolete);

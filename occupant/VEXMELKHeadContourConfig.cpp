@@ -191,7 +191,7 @@ unsigned char VEXMELKHeadContourConfig::GetMiddleStripeWitdh(const CATUnicodeStr
             const std::optional<VEXMELKNodeText> text = FirstKey(GetStandardElement(standard), stripeElement);
             if (!text)
                 return 0;
-            width = MillimetresFromText(CATUnicodeString(*text));
+            width = MillimetresFromText(*text);
             return 1;
         });
 }

@@ -41,18 +41,16 @@ VEXMELKChosenRow ChooseRow(const CATIDOMElement_var& parent, const VEXMELKElemen
 {
     VEXMELKTravelChoice choice(described.choice, travel);
     VEXMELKChosenRow chosen;
-    ForEach(parent, described,
-        [&](const CATIDOMElement_var& row)
+    VisitKeys(parent, described,
+        [&](const CATIDOMNodeList& /*rows*/, int /*position*/, VEXMELKNodeText text)
         {
-            const std::optional<VEXMELKNodeText> text = Key(row, described);
-            if (!text)
-                return;
-            const double millimetres = MillimetresFromText(CATUnicodeString(*text));
+            const double millimetres = MillimetresFromText(text);
             if (!choice.Show(millimetres))
-                return;
+                return false;
             chosen.found = true;
-            chosen.travelText = *text;
+            chosen.travelText = text;
             chosen.travel = millimetres;
+            return false;
         });
     chosen.fails = choice.Fails();
     return chosen;
@@ -82,5 +80,5 @@ bool ReadBackAngleCorrection(VEXMELKDecimals decimals, const CATIDOMElement_var&
 double LineLength(const CATIDOMElement_var& standard, const VEXMELKElement& line)
 {
     const std::optional<VEXMELKNodeText> length = FirstKey(standard, line);
-    return length ? MillimetresFromText(CATUnicodeString(*length)) : line.key->whenMissing.number;
+    return length ? MillimetresFromText(*length) : line.key->whenMissing.number;
 }

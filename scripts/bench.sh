@@ -76,7 +76,7 @@ time_first_answers() {
 take_times() {
     local repetitions=15 seconds=0.02
     [ -z "$quick" ] || repetitions=3
-    "$build/bin/melk_bench" --benchmark_filter='^(query|configurations|load|growth)/' \
+    "$build/bin/melk_bench" --benchmark_filter='^(query|order|threads|configurations|load|growth)/' \
         --benchmark_enable_random_interleaving=true --benchmark_repetitions="$repetitions" \
         --benchmark_min_time="$seconds" --benchmark_format=json >"$results/times.json" 2>"$results/times.log"
     time_first_answers

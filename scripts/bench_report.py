@@ -34,15 +34,17 @@ def read_json(path):
 
 
 def runs(path):
-    """Each benchmark's least time of all repetitions, in nanoseconds of processor time, with its counters."""
+    """Each benchmark's least time of all repetitions, in nanoseconds of processor time, with its counters. Those that
+    time themselves, or run in several threads, go by the clock."""
     scale = {"ns": 1.0, "us": 1e3, "ms": 1e6}
     found = {}
     for run in read_json(path).get("benchmarks", []):
         if run["run_type"] != "iteration":
             continue
-        name = re.sub("/(iterations|repeats|min_time):[0-9.]+", "", run["run_name"])
-        counters = {key: run[key] for key in ("allocations", "live", "peak") if key in run}
-        taken = {"time": run["cpu_time"] * scale[run["time_unit"]], **counters}
+        name = re.sub("/(iterations|repeats|min_time):[0-9.]+|/(manual|real)_time", "", run["run_name"])
+        counters = {key: run[key] for key in ("allocations", "live", "peak", "items_per_second") if key in run}
+        clock = "real_time" if name.startswith(("order/", "threads/")) else "cpu_time"
+        taken = {"time": run[clock] * scale[run["time_unit"]], **counters}
         found[name] = min(found.get(name, taken), taken, key=lambda one: one["time"])
     return found
 
@@ -148,16 +150,34 @@ def query_table(results):
         for own in ("as many", "one"):
             shapes = {n: f"query/{n}/{n if own == 'as many' else 1}/{separator}" for n in (10, 1000, 20000)}
             for standards, shape in shapes.items():
-                at = {who: times[f"{shape}/{who}"]["time"] for who in ["library", *PEERS]}
+                at = {who: times[f"{shape}/{who}"]["time"] for who in ["library", "floor", *PEERS]}
                 best = min(at[peer] for peer in PEERS) / at["library"]
                 rows.append([f"{standards:,}", own, separator, *(duration(time) for time in at.values()),
-                             times_as_much(best)])
+                             f"{at['library'] / at['floor']:.2f}x", times_as_much(best)])
             growth.append(times[f"{shapes[20000]}/library"]["time"] / times[f"{shapes[10]}/library"]["time"])
     allocations = max(run["allocations"] for run in results["memory"].values() if "allocations" in run)
     return (
-        table(["standards", "Customer's own", "decimals", "library", *PEERS, "best peer / library"], rows)
+        table(["standards", "Customer's own", "decimals", "library", "floor", *PEERS, "library / floor",
+               "best peer / library"], rows)
         + f"\n\nLibrary, 20,000 standards over 10: {min(growth):.2f}x to {max(growth):.2f}x. "
         + f"Allocations of a warm query: {allocations:g}."
+    )
+
+
+def order_table(results):
+    times = results["times"]
+    warm = times["query/10/1/point/library"]["time"]
+    at = {name: times[f"order/{name}"]["time"] for name in ("any", "first", "later")}
+    both, alone = (times[f"threads/query/threads:{count}"]["items_per_second"] for count in (2, 1))
+    return table(
+        ["", "time of a question", "beside", "ratio"],
+        [
+            ["each of 20,000 standards once, in any order", duration(at["any"]),
+             "the typical query at 10", f"{at['any'] / warm:.2f}x"],
+            ["the first question to each of 1,000 standards", duration(at["first"]),
+             "a later one", f"{at['first'] / at['later']:.2f}x"],
+            ["two threads at once", duration(1e9 / both), "one thread", f"{both / alone:.2f}x as many answers"],
+        ],
     )
 
 
@@ -299,6 +319,7 @@ def plot(title, series):
 TABLES = {
     "machine": ("machine", machine_table),
     "query": ("times", query_table),
+    "order": ("times", order_table),
     "configurations": ("times", configurations_table),
     "instructions": ("instructions", instructions_table),
     "load": ("times", load_table),

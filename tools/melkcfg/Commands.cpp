@@ -11,7 +11,6 @@
 #include "Values.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <iostream>
 #include <unordered_set>
 
@@ -407,8 +406,10 @@ ExitStatus RunCallOrBatch(const CommandOptions& options, Host& host)
     }
     if (!options.configuration.empty())
         throw RequestError("--batch takes its requests from standard input, and no CONFIG");
-    const bool understood = RunBatch(std::cin, std::cout, host, options.showSecrets);
-    if (std::ferror(stdin) != 0)
+    BatchInput standardInput(std::cout);
+    std::istream requests(&standardInput);
+    const bool understood = RunBatch(requests, std::cout, host, options.showSecrets);
+    if (standardInput.HasFailed())
         throw RequestError("standard input cannot be read");
     return understood ? Done : NotDone;
 }

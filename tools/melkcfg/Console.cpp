@@ -1,6 +1,7 @@
 // Windows gives arguments in UTF-16, and turns "\n" into "\r\n" unless it is told not to.
 #include "Console.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <random>
@@ -42,6 +43,8 @@ void PrepareStreams()
     std::setlocale(LC_CTYPE, ".UTF-8"); // for the paths of the standard library
 }
 
+long ReadStandardInput(char* bytes, std::size_t size) { return _read(0, bytes, static_cast<unsigned>(size)); }
+
 bool IsTerminal(StandardStream stream) { return _isatty(static_cast<int>(stream)) != 0; }
 
 std::optional<std::size_t> TerminalWidth()
@@ -55,6 +58,15 @@ std::optional<std::size_t> TerminalWidth()
 ProgramArguments::ProgramArguments(int argc, char** argv) : m_Values(argv, argv + argc) {}
 
 void PrepareStreams() {}
+
+long ReadStandardInput(char* bytes, std::size_t size)
+{
+    ssize_t read = 0;
+    do
+        read = ::read(STDIN_FILENO, bytes, size);
+    while (read < 0 && errno == EINTR);
+    return read;
+}
 
 bool IsTerminal(StandardStream stream) { return isatty(static_cast<int>(stream)) != 0; }
 

@@ -30,6 +30,9 @@ enum class StandardStream
 };
 bool IsTerminal(StandardStream stream);
 
+// Waits for bytes of standard input and reads those that are there: how many, 0 at its end, -1 when it cannot be read.
+long ReadStandardInput(char* bytes, std::size_t size);
+
 // The columns of the terminal on standard output; nothing when it cannot be told.
 std::optional<std::size_t> TerminalWidth();
 

@@ -25,6 +25,14 @@ public:
     // Boxes and log lines since the last call: {kind, title, text} and texts.
     Json TakeMessages() { return std::exchange(m_Messages, Json::array()); }
     Json TakeLog() { return std::exchange(m_Log, Json::array()); }
+    // The same without taking them.
+    const Json& Messages() const { return m_Messages; }
+    const Json& Log() const { return m_Log; }
+    void Forget()
+    {
+        m_Messages.clear();
+        m_Log.clear();
+    }
     bool HasErrors() const { return m_HasErrors; }
 
     CATResult GetConfigurationDirectory(CATString& directory) const override;

@@ -4,7 +4,6 @@
 #include "VEXMELKSuggestions.h"
 
 #include <algorithm>
-#include <set>
 
 namespace {
 
@@ -27,30 +26,76 @@ void CheckNesting(std::string_view text)
     }
 }
 
+// Builds the JSON and refuses members that are given twice, which the library's own builder merges.
+class StrictBuilder final : public nlohmann::json_sax<Json>
+{
+public:
+    Json Take() { return std::move(m_Root); }
+
+    bool null() override { return Add(nullptr); }
+    bool boolean(bool value) override { return Add(value); }
+    bool number_integer(number_integer_t value) override { return Add(value); }
+    bool number_unsigned(number_unsigned_t value) override { return Add(value); }
+    bool number_float(number_float_t value, const string_t& /*text*/) override { return Add(value); }
+    bool string(string_t& value) override { return Add(std::move(value)); }
+    bool binary(binary_t& value) override { return Add(std::move(value)); }
+    bool start_object(std::size_t /*size*/) override { return Open(Json::object()); }
+    bool start_array(std::size_t /*size*/) override { return Open(Json::array()); }
+    bool end_object() override { return Close(); }
+    bool end_array() override { return Close(); }
+    bool key(string_t& name) override
+    {
+        const auto [place, isNew] = m_Open.back()->get_ref<Json::object_t&>().emplace(name, nullptr);
+        if (!isNew)
+            throw RequestError("the member " + Shown(name) + " is given twice");
+        m_Member = &place->second;
+        return true;
+    }
+    bool parse_error(std::size_t /*place*/, const std::string& /*token*/, const Json::exception& error) override
+    {
+        throw RequestError(std::string("not a JSON request: ") + Shown(error.what()));
+    }
+
+private:
+    // Where the next value goes.
+    Json& Place(Json value)
+    {
+        if (m_Open.empty())
+            return m_Root = std::move(value);
+        if (m_Open.back()->is_object())
+            return *m_Member = std::move(value);
+        m_Open.back()->push_back(std::move(value));
+        return m_Open.back()->back();
+    }
+    bool Add(Json value)
+    {
+        Place(std::move(value));
+        return true;
+    }
+    bool Open(Json value)
+    {
+        m_Open.push_back(&Place(std::move(value)));
+        return true;
+    }
+    bool Close()
+    {
+        m_Open.pop_back();
+        return true;
+    }
+
+    Json m_Root;
+    std::vector<Json*> m_Open; // none of them moves while it is open
+    Json* m_Member = nullptr;  // of the innermost object
+};
+
 } // namespace
 
 Json ParseJson(std::string_view text)
 {
     CheckNesting(text);
-    std::vector<std::set<std::string>> members;
-    const auto check = [&](int /*depth*/, Json::parse_event_t event, const Json& parsed)
-    {
-        if (event == Json::parse_event_t::object_start)
-            members.emplace_back();
-        else if (event == Json::parse_event_t::object_end)
-            members.pop_back();
-        else if (event == Json::parse_event_t::key && !members.back().insert(parsed.get<std::string>()).second)
-            throw RequestError("the member " + Shown(parsed.get<std::string>()) + " is given twice");
-        return true;
-    };
-    try
-    {
-        return Json::parse(text, check);
-    }
-    catch (const Json::exception& error)
-    {
-        throw RequestError(std::string("not a JSON request: ") + Shown(error.what()));
-    }
+    StrictBuilder builder;
+    Json::sax_parse(text, &builder);
+    return builder.Take();
 }
 
 std::string Shown(std::string_view text)

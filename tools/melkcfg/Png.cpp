@@ -1,9 +1,12 @@
-// librsvg draws the document on a surface of cairo. Both are optional when the tool is built: MELKCFG_PNG tells.
+// librsvg draws the document on a surface of cairo. Both are loaded for the first picture, since a program that is linked
+// with them takes several times as long to start. Their headers are optional when the tool is built: MELKCFG_PNG tells.
 #include "Png.h"
 
 #include "Json.h"
 
 #ifdef MELKCFG_PNG
+
+#include "LoadedLibrary.h"
 
 #include <cairo.h>
 #include <cmath>
@@ -15,13 +18,38 @@ namespace {
 constexpr double pixelsPerPixel = 2.0;
 constexpr double mostPixels = 20000.0; // of a side
 
-struct Unref
+struct Drawing
 {
-    void operator()(void* object) const { g_object_unref(object); }
-    void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
-    void operator()(cairo_t* context) const { cairo_destroy(context); }
+    Drawing()
+    {
+        LoadedLibrary library("librsvg-2.so.2");
+        library.Find(read, "rsvg_handle_new_from_data");
+        library.Find(setResolution, "rsvg_handle_set_dpi");
+        library.Find(size, "rsvg_handle_get_intrinsic_size_in_pixels");
+        library.Find(draw, "rsvg_handle_render_document");
+        library.Find(unref, "g_object_unref");
+        library.Find(newSurface, "cairo_image_surface_create");
+        library.Find(destroySurface, "cairo_surface_destroy");
+        library.Find(newContext, "cairo_create");
+        library.Find(destroyContext, "cairo_destroy");
+        library.Find(write, "cairo_surface_write_to_png_stream");
+        library.Find(statusText, "cairo_status_to_string");
+        isWhole = library.IsWhole();
+    }
+
+    bool isWhole;
+    decltype(&rsvg_handle_new_from_data) read;
+    decltype(&rsvg_handle_set_dpi) setResolution;
+    decltype(&rsvg_handle_get_intrinsic_size_in_pixels) size;
+    decltype(&rsvg_handle_render_document) draw;
+    decltype(&g_object_unref) unref;
+    decltype(&cairo_image_surface_create) newSurface;
+    decltype(&cairo_surface_destroy) destroySurface;
+    decltype(&cairo_create) newContext;
+    decltype(&cairo_destroy) destroyContext;
+    decltype(&cairo_surface_write_to_png_stream) write;
+    decltype(&cairo_status_to_string) statusText;
 };
-using Handle = std::unique_ptr<RsvgHandle, Unref>;
 
 cairo_status_t Append(void* closure, const unsigned char* bytes, unsigned int length)
 {
@@ -35,29 +63,35 @@ RequestError Failed(const std::string& why) { return RequestError("the picture c
 
 std::string PngOf(const std::string& svg)
 {
+    static const Drawing drawing;
+    if (!drawing.isWhole)
+        throw Failed("librsvg is not installed");
     const auto* const bytes = reinterpret_cast<const guint8*>(svg.data());
-    const Handle handle(rsvg_handle_new_from_data(bytes, svg.size(), nullptr));
+    const std::unique_ptr<RsvgHandle, decltype(drawing.unref)> handle(
+        drawing.read(bytes, svg.size(), nullptr), drawing.unref);
     if (!handle)
         throw Failed("its SVG is not understood");
-    rsvg_handle_set_dpi(handle.get(), 96.0);
+    drawing.setResolution(handle.get(), 96.0);
     double width = 0.0;
     double height = 0.0;
-    if (!rsvg_handle_get_intrinsic_size_in_pixels(handle.get(), &width, &height))
+    if (!drawing.size(handle.get(), &width, &height))
         throw Failed("it has no size");
     width = std::ceil(width * pixelsPerPixel);
     height = std::ceil(height * pixelsPerPixel);
     if (width > mostPixels || height > mostPixels)
         throw Failed("it is too large");
-    const std::unique_ptr<cairo_surface_t, Unref> surface(
-        cairo_image_surface_create(CAIRO_FORMAT_ARGB32, static_cast<int>(width), static_cast<int>(height)));
-    const std::unique_ptr<cairo_t, Unref> context(cairo_create(surface.get()));
+    const std::unique_ptr<cairo_surface_t, decltype(drawing.destroySurface)> surface(
+        drawing.newSurface(CAIRO_FORMAT_ARGB32, static_cast<int>(width), static_cast<int>(height)),
+        drawing.destroySurface);
+    const std::unique_ptr<cairo_t, decltype(drawing.destroyContext)> context(
+        drawing.newContext(surface.get()), drawing.destroyContext);
     const RsvgRectangle whole{0.0, 0.0, width, height};
-    if (!rsvg_handle_render_document(handle.get(), context.get(), &whole, nullptr))
+    if (!drawing.draw(handle.get(), context.get(), &whole, nullptr))
         throw Failed("it cannot be drawn");
     std::string png;
-    const cairo_status_t status = cairo_surface_write_to_png_stream(surface.get(), Append, &png);
+    const cairo_status_t status = drawing.write(surface.get(), Append, &png);
     if (status != CAIRO_STATUS_SUCCESS)
-        throw Failed(cairo_status_to_string(status));
+        throw Failed(drawing.statusText(status));
     return png;
 }
 

@@ -1,4 +1,4 @@
-// The editor is that of libedit. Where the tool is built without it, lines are read as the terminal gives them.
+// The editor is that of libedit, which is loaded when there is a terminal. Without it, lines are read as they come.
 #include "Prompt.h"
 
 #include "Words.h"
@@ -10,9 +10,49 @@
 #include <unistd.h>
 
 #ifdef MELKCFG_HAS_LIBEDIT
+#include "LoadedLibrary.h"
+
 #include <histedit.h>
 
 namespace {
+
+struct EditLibrary
+{
+    EditLibrary()
+    {
+        LoadedLibrary library("libedit.so.2");
+        library.Find(begin, "el_init");
+        library.Find(end, "el_end");
+        library.Find(set, "el_set");
+        library.Find(get, "el_get");
+        library.Find(source, "el_source");
+        library.Find(read, "el_gets");
+        library.Find(line, "el_line");
+        library.Find(insert, "el_insertstr");
+        library.Find(beginHistory, "history_init");
+        library.Find(endHistory, "history_end");
+        library.Find(history, "history");
+        isWhole = library.IsWhole();
+    }
+    static const EditLibrary& Get()
+    {
+        static const EditLibrary library;
+        return library;
+    }
+
+    bool isWhole;
+    decltype(&el_init) begin;
+    decltype(&el_end) end;
+    decltype(&el_set) set;
+    decltype(&el_get) get;
+    decltype(&el_source) source;
+    decltype(&el_gets) read;
+    decltype(&el_line) line;
+    decltype(&el_insertstr) insert;
+    decltype(&history_init) beginHistory;
+    decltype(&history_end) endHistory;
+    decltype(&::history) history;
+};
 
 // Empty when there is no place for it.
 std::string HistoryFile()
@@ -44,36 +84,36 @@ class Prompt::Editor
 public:
     explicit Editor(Completer complete)
         : m_Complete(std::move(complete)),
-          m_Edit(el_init("melkcfg", stdin, stdout, stderr)),
-          m_History(history_init()),
+          m_Edit(m_Library.begin("melkcfg", stdin, stdout, stderr)),
+          m_History(m_Library.beginHistory()),
           m_HistoryFile(HistoryFile())
     {
         HistEvent event;
-        history(m_History, &event, H_SETSIZE, 1000);
-        history(m_History, &event, H_SETUNIQUE, 1);
+        m_Library.history(m_History, &event, H_SETSIZE, 1000);
+        m_Library.history(m_History, &event, H_SETUNIQUE, 1);
         if (!m_HistoryFile.empty())
-            history(m_History, &event, H_LOAD, m_HistoryFile.c_str());
-        el_set(m_Edit, EL_CLIENTDATA, this);
-        el_set(m_Edit, EL_PROMPT, PromptText);
-        el_set(m_Edit, EL_EDITOR, "emacs");
-        el_set(m_Edit, EL_SIGNAL, 1);
-        el_set(m_Edit, EL_HIST, history, m_History);
-        el_set(m_Edit, EL_ADDFN, "melkcfg-complete", "complete the word", CompleteWord);
-        el_set(m_Edit, EL_BIND, "^I", "melkcfg-complete", nullptr);
-        el_source(m_Edit, nullptr);
+            m_Library.history(m_History, &event, H_LOAD, m_HistoryFile.c_str());
+        m_Library.set(m_Edit, EL_CLIENTDATA, this);
+        m_Library.set(m_Edit, EL_PROMPT, PromptText);
+        m_Library.set(m_Edit, EL_EDITOR, "emacs");
+        m_Library.set(m_Edit, EL_SIGNAL, 1);
+        m_Library.set(m_Edit, EL_HIST, m_Library.history, m_History);
+        m_Library.set(m_Edit, EL_ADDFN, "melkcfg-complete", "complete the word", CompleteWord);
+        m_Library.set(m_Edit, EL_BIND, "^I", "melkcfg-complete", nullptr);
+        m_Library.source(m_Edit, nullptr);
     }
     Editor(const Editor&) = delete;
     Editor& operator=(const Editor&) = delete;
     ~Editor()
     {
-        history_end(m_History);
-        el_end(m_Edit);
+        m_Library.endHistory(m_History);
+        m_Library.end(m_Edit);
     }
 
     std::optional<std::string> Next()
     {
         int length = 0;
-        const char* read = el_gets(m_Edit, &length);
+        const char* read = m_Library.read(m_Edit, &length);
         if (!read || length <= 0)
         {
             std::cout << std::endl;
@@ -83,9 +123,9 @@ public:
         line.erase(line.find_last_not_of("\r\n") + 1);
         HistEvent event;
         if (line.find_first_not_of(' ') != std::string::npos)
-            history(m_History, &event, H_ENTER, line.c_str());
+            m_Library.history(m_History, &event, H_ENTER, line.c_str());
         if (!m_HistoryFile.empty())
-            history(m_History, &event, H_SAVE, m_HistoryFile.c_str());
+            m_Library.history(m_History, &event, H_SAVE, m_HistoryFile.c_str());
         return line;
     }
 
@@ -95,13 +135,13 @@ private:
     static unsigned char CompleteWord(EditLine* edit, int /*key*/)
     {
         Editor* self = nullptr;
-        el_get(edit, EL_CLIENTDATA, &self);
+        EditLibrary::Get().get(edit, EL_CLIENTDATA, &self);
         return self->Complete();
     }
 
     unsigned char Complete()
     {
-        const LineInfo* info = el_line(m_Edit);
+        const LineInfo* info = m_Library.line(m_Edit);
         Words typed = SplitIntoWords({info->buffer, static_cast<std::size_t>(info->cursor - info->buffer)});
         if (!typed.isLastOpen)
             typed.words.emplace_back();
@@ -113,7 +153,7 @@ private:
         if (candidates.size() == 1 && !start.ends_with('='))
             rest += typed.quote == 0 ? std::string(" ") : std::string{typed.quote, ' '};
         if (!rest.empty())
-            return el_insertstr(m_Edit, rest.c_str()) == 0 ? CC_REFRESH : CC_ERROR;
+            return m_Library.insert(m_Edit, rest.c_str()) == 0 ? CC_REFRESH : CC_ERROR;
         std::cout << '\n';
         for (const Candidate& candidate : candidates)
             std::cout << candidate.word << (candidate.description.empty() ? "" : "  ") << candidate.description << '\n';
@@ -121,6 +161,7 @@ private:
         return CC_REDISPLAY;
     }
 
+    const EditLibrary& m_Library = EditLibrary::Get();
     const Completer m_Complete;
     EditLine* const m_Edit;
     History* const m_History;
@@ -142,7 +183,7 @@ public:
 Prompt::Prompt(Completer complete)
 {
 #ifdef MELKCFG_HAS_LIBEDIT
-    if (isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0)
+    if (isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0 && EditLibrary::Get().isWhole)
         m_Editor = std::make_unique<Editor>(std::move(complete));
 #else
     static_cast<void>(complete);

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <unordered_map>
 
 Json InUnitOf(const Parameter& parameter, const Json& given)
 {
@@ -53,28 +54,32 @@ std::unique_ptr<VEXMELKQuestion> Operation::NewQuestion(const Json& arguments, c
 Operation::Call Operation::Prepare(const Json& arguments, const Json& outputs) const
 {
     const std::shared_ptr<VEXMELKQuestion> question = NewQuestion(arguments, outputs);
-    const auto parameters = m_Described->Parameters();
-    return [=](VEXMELKConfig& object)
+    return [this, question](VEXMELKConfig& object)
     {
         question->Ask(object);
-        Answered answered;
-        answered.result = ToJson(question->Result());
-        for (std::size_t position = 0; position < parameters.size(); ++position)
-            if (parameters[position].IsOutput())
-                answered.outputs[std::string(parameters[position].name)] = ToJson(question->Parameter(position));
-        return answered;
+        return AnswerOf(*question);
     };
+}
+
+Answered Operation::AnswerOf(VEXMELKQuestion& question) const
+{
+    Answered answered;
+    answered.result = ToJson(question.Result());
+    const auto parameters = m_Described->Parameters();
+    for (std::size_t position = 0; position < parameters.size(); ++position)
+        if (parameters[position].IsOutput())
+            answered.outputs[std::string(parameters[position].name)] = ToJson(question.Parameter(position));
+    return answered;
 }
 
 const Operation& Configuration::FindOperation(const std::string& operation) const
 {
-    std::vector<std::string> names;
     for (const Operation& known : operations)
-    {
         if (known.name == operation)
             return known;
+    std::vector<std::string> names;
+    for (const Operation& known : operations)
         names.emplace_back(known.name);
-    }
     throw UnknownName("operation", operation, names);
 }
 
@@ -144,6 +149,21 @@ const Configuration* LookForConfiguration(const std::string& name)
 
 const Configuration& FindConfiguration(const std::string& name)
 {
+    static const std::unordered_map<std::string, const Configuration*> byName = []
+    {
+        std::unordered_map<std::string, const Configuration*> names;
+        for (const Configuration& configuration : AllConfigurations())
+        {
+            names.emplace(configuration.name, &configuration);
+            names.emplace(configuration.ClassName(), &configuration);
+            for (const std::string& key : configuration.keys)
+                names.emplace(key, &configuration);
+        }
+        return names;
+    }();
+    const auto named = byName.find(name);
+    if (named != byName.end())
+        return *named->second;
     if (const Configuration* found = LookForConfiguration(name))
         return *found;
     std::vector<std::string> names;

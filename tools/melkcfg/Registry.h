@@ -43,6 +43,8 @@ public:
     const std::vector<Parameter>& Parameters() const;
     // The question with these arguments, and with what the outputs hold before.
     std::unique_ptr<VEXMELKQuestion> NewQuestion(const Json& arguments, const Json& outputs) const;
+    // The answer of a question that has been asked.
+    Answered AnswerOf(VEXMELKQuestion& question) const;
     // Reads the arguments by name (a missing one is "", 0 or false) and what the outputs hold before, and returns what
     // is then to be run. So a request that cannot be understood does not touch the library.
     Call Prepare(const Json& arguments, const Json& outputs) const;

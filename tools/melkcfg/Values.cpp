@@ -14,8 +14,7 @@ Json Write(const CATUnicodeString* text) { return text->ConvertToChar(); }
 Json Write(const unsigned char* flag) { return *flag != 0; }
 Json Write(const double* number)
 {
-    if (!std::isfinite(*number))
-        throw RequestError("the answer holds a number that JSON cannot: " + std::to_string(*number));
+    RequireJsonNumber(*number);
     return *number;
 }
 Json Write(const std::shared_ptr<VEXMELKIntegerView>& integer) { return integer->Get(); }
@@ -120,6 +119,12 @@ void Read(const Json& json, VEXMELKAttributeValues* attributes, const std::strin
 }
 
 } // namespace
+
+void RequireJsonNumber(double number)
+{
+    if (!std::isfinite(number))
+        throw RequestError("the answer holds a number that JSON cannot: " + std::to_string(number));
+}
 
 Json ToJson(const VEXMELKValue& value)
 {

@@ -6,6 +6,8 @@
 #include "VEXMELKValue.h"
 
 Json ToJson(const VEXMELKValue& value);
+// Throws RequestError for a number that JSON cannot hold.
+void RequireJsonNumber(double number);
 
 // Merges the JSON over the value: members of a record that the JSON does not name stay. Throws RequestError for what is
 // of another type, "where" being its name.
