@@ -18,7 +18,7 @@ export SOURCE_DATE_EPOCH
 
 # configure FOLDER OPTION...: a release build without tests.
 configure() {
-    quietly cmake -S "$sources" -B "$1" -G Ninja -DCMAKE_BUILD_TYPE=Release -DMELK_TESTS=OFF -DMELK_WERROR=ON "${@:2}"
+    quietly env -C "$sources" cmake --preset release -B "$1" -DMELK_TESTS=OFF "${@:2}"
 }
 # pack FOLDER: the pair of Debian packages and the archive of a folder's sources, into FOLDER/packages.
 pack() {
@@ -31,8 +31,9 @@ pack() {
 }
 
 say "Debian packages and archive"
-pack build/release-packages
-find build/release-packages/packages -maxdepth 1 -type f -exec cp {} "$packages" \;
+pack "$PWD/build/release" # what is built there already is used
+find build/release/packages -maxdepth 1 -type f -exec mv {} "$packages" \;
+quietly cmake --preset release -DMELK_TESTS=ON
 ls -l "$packages"
 
 say "two builds in different folders"
@@ -69,9 +70,9 @@ mv "$trials/archive/first" "$trials/archive/a moved folder"
 try_installed "$trials/archive/a moved folder" archive
 
 say "a static library"
-configure build/release-static -DBUILD_SHARED_LIBS=OFF -DCMAKE_INSTALL_PREFIX="$trials/static"
-quietly cmake --build build/release-static
-quietly cmake --install build/release-static
+configure "$PWD/build/static" -DMELK_TOOL=OFF -DBUILD_SHARED_LIBS=OFF -DCMAKE_INSTALL_PREFIX="$trials/static"
+quietly cmake --build build/static
+quietly cmake --install build/static
 try_installed "$trials/static" static
 
 say "as a part of another project, by add_subdirectory and by FetchContent"
