@@ -22,7 +22,8 @@ configure() {
 }
 # pack FOLDER: the pair of Debian packages and the archive of a folder's sources, into FOLDER/packages.
 pack() {
-    configure "$1" -DCMAKE_INSTALL_PREFIX=/usr -DCMAKE_SKIP_INSTALL_RPATH=ON -DMELK_DEBIAN=ON
+    configure "$1" -DCMAKE_INSTALL_PREFIX=/usr \
+        -DCMAKE_INSTALL_LIBDIR="lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)" -DCMAKE_SKIP_INSTALL_RPATH=ON -DMELK_DEBIAN=ON
     quietly cmake --build "$1"
     quietly cpack --config "$1/CPackConfig.cmake" -G DEB -B "$1/packages"
     configure "$1" -DCMAKE_INSTALL_LIBDIR=lib -DCMAKE_SKIP_INSTALL_RPATH=OFF -DMELK_DEBIAN=OFF

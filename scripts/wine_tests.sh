@@ -44,7 +44,7 @@ say "names and texts that are not ASCII"
 mkdir -p "$trials/設定/Default/OVA"
 sed 's/EU Passenger Car/Größe 設/' "$sample/Default/OVA/UFCurb.xml" >"$trials/設定/Default/OVA/UFCurb.xml"
 on_windows "$melkcfg" --config "$(winepath -w "$trials/設定")" call UFCurb GetStandardData "standard=Größe 設" category=suv >"$trials/named"
-grep -qx 'FrontOffset: 180mm' "$trials/named"
+grep -qx 'definition.FrontOffset: 180mm' "$trials/named"
 MELK_CFG_PATH=$(winepath -w "$trials/設定") on_windows "$melkcfg" standards UFCurb >"$trials/named"
 grep -qx '0  Größe 設\|1  Größe 設' "$trials/named"
 if grep -q $'\r' "$trials/named"; then
