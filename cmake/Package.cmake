@@ -37,7 +37,7 @@ endif()
 set(CPACK_PACKAGE_NAME VEXMELKConfiguration)
 set(CPACK_PACKAGE_VENDOR "VEXMELKConfiguration")
 set(CPACK_PACKAGE_CONTACT ${MELK_MAINTAINER})
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY ${PROJECT_DESCRIPTION})
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "configuration of vehicle-architecture checks")
 set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
 set(CPACK_PACKAGE_CHECKSUM SHA256)
 set(CPACK_STRIP_FILES ON)
@@ -54,28 +54,27 @@ set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
 # The parser as SECURITY.md asks for it; what the symbols alone would ask for is older.
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS "libexpat1 (>= 2.5.0-1+deb12u5)")
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/debian/triggers)
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION
-"configuration of vehicle-architecture checks: shared library
- Finds the XML files that hold the parameters of the checks, reads them, and
- answers typed questions: the data of a standard for a vehicle category,
- filled into a plain record.
- .
- This package holds the shared library.")
+"Finds the XML files that hold the parameters of the checks, reads them, and
+answers typed questions: the data of a standard for a vehicle category,
+filled into a plain record.
+.
+This package holds the shared library.")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME ${development_package})
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "${library_package} (= ${PROJECT_VERSION}-1), libexpat1 (>= 2.5.0-1+deb12u5)")
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION
-"configuration of vehicle-architecture checks: development and tool
- Finds the XML files that hold the parameters of the checks, reads them, and
- answers typed questions: the data of a standard for a vehicle category,
- filled into a plain record.
- .
- This package holds the headers, what programs need to be linked, a sample
- configuration, and melkcfg, which asks the same questions from a shell.")
+"Finds the XML files that hold the parameters of the checks, reads them, and
+answers typed questions: the data of a standard for a vehicle category,
+filled into a plain record.
+.
+This package holds the headers, what programs need to be linked, a sample
+configuration, and melkcfg, which asks the same questions from a shell.")
 # The tool is linked to the library of the same build.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
 

@@ -18,11 +18,12 @@ export SOURCE_DATE_EPOCH
 
 # configure FOLDER OPTION...: a release build without tests.
 configure() {
-    quietly cmake -S "$sources" -B "$1" -G Ninja -DCMAKE_BUILD_TYPE=Release -DMELK_TESTS=OFF -DMELK_WERROR=ON "${@:2}"
+    quietly env -C "$sources" cmake --preset release -B "$1" -DMELK_TESTS=OFF "${@:2}"
 }
 # pack FOLDER: the pair of Debian packages and the archive of a folder's sources, into FOLDER/packages.
 pack() {
-    configure "$1" -DCMAKE_INSTALL_PREFIX=/usr -DCMAKE_SKIP_INSTALL_RPATH=ON -DMELK_DEBIAN=ON
+    configure "$1" -DCMAKE_INSTALL_PREFIX=/usr \
+        -DCMAKE_INSTALL_LIBDIR="lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)" -DCMAKE_SKIP_INSTALL_RPATH=ON -DMELK_DEBIAN=ON
     quietly cmake --build "$1"
     quietly cpack --config "$1/CPackConfig.cmake" -G DEB -B "$1/packages"
     configure "$1" -DCMAKE_INSTALL_LIBDIR=lib -DCMAKE_SKIP_INSTALL_RPATH=OFF -DMELK_DEBIAN=OFF
@@ -31,8 +32,9 @@ pack() {
 }
 
 say "Debian packages and archive"
-pack build/release-packages
-find build/release-packages/packages -maxdepth 1 -type f -exec cp {} "$packages" \;
+pack "$PWD/build/release" # what is built there already is used
+find build/release/packages -maxdepth 1 -type f -exec mv {} "$packages" \;
+quietly cmake --preset release -DMELK_TESTS=ON
 ls -l "$packages"
 
 say "two builds in different folders"
@@ -69,9 +71,9 @@ mv "$trials/archive/first" "$trials/archive/a moved folder"
 try_installed "$trials/archive/a moved folder" archive
 
 say "a static library"
-configure build/release-static -DBUILD_SHARED_LIBS=OFF -DCMAKE_INSTALL_PREFIX="$trials/static"
-quietly cmake --build build/release-static
-quietly cmake --install build/release-static
+configure "$PWD/build/static" -DMELK_TOOL=OFF -DBUILD_SHARED_LIBS=OFF -DCMAKE_INSTALL_PREFIX="$trials/static"
+quietly cmake --build build/static
+quietly cmake --install build/static
 try_installed "$trials/static" static
 
 say "as a part of another project, by add_subdirectory and by FetchContent"

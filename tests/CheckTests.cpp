@@ -34,8 +34,8 @@ protected:
     {
         for (const auto& entry : fs::recursive_directory_iterator(SAMPLE_CONFIGURATION))
             if (entry.is_regular_file())
-                directory.Write(
-                    entry.path().lexically_relative(SAMPLE_CONFIGURATION).string(), TextOfFile(entry.path().string()));
+                directory.Write(entry.path().lexically_relative(SAMPLE_CONFIGURATION).generic_string(),
+                    TextOfFile(entry.path().string()));
         for (const VEXMELKFinding& finding : Findings())
             m_OfSample.insert(Identity(finding));
     }
@@ -258,7 +258,7 @@ TEST_F(CheckTest, OtherSpellingsOfTheSampleAreNotFound)
     std::vector<std::string> files;
     for (const auto& entry : fs::recursive_directory_iterator(SAMPLE_CONFIGURATION))
         if (entry.path().extension() == ".xml")
-            files.push_back(entry.path().lexically_relative(SAMPLE_CONFIGURATION).string());
+            files.push_back(entry.path().lexically_relative(SAMPLE_CONFIGURATION).generic_string());
     for (unsigned seed = 1; seed <= variations; ++seed)
     {
         Variation variation(seed);

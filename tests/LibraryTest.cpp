@@ -3,12 +3,15 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <random>
 #include <sstream>
 
 TemporaryDirectory::TemporaryDirectory()
 {
-    std::string name = (std::filesystem::temp_directory_path() / "melk-XXXXXX").string();
-    m_Path = mkdtemp(name.data());
+    std::random_device random;
+    do
+        m_Path = std::filesystem::temp_directory_path() / ("melk-" + std::to_string(random()));
+    while (!std::filesystem::create_directory(m_Path));
 }
 
 TemporaryDirectory::~TemporaryDirectory() { std::filesystem::remove_all(m_Path); }
@@ -112,7 +115,7 @@ std::string CaseFile(const std::string& name)
 
 std::string TextOfFile(const std::string& path)
 {
-    const std::ifstream file(path);
+    const std::ifstream file(std::filesystem::path(path), std::ios::binary);
     EXPECT_TRUE(file.is_open()) << path;
     std::ostringstream text;
     text << file.rdbuf();

@@ -2,6 +2,7 @@
 #include "LibraryTest.h"
 #include "Memory.h"
 #include "Registry.h"
+#include "System.h"
 #include "VEXMELKOpticalPropsOfWSConfig.h"
 #include "VEXMELKUFCurbConfig.h"
 
@@ -219,7 +220,7 @@ TEST(AtExit, QueriesAreAnswered)
     GTEST_FLAG_SET(death_test_style, "threadsafe"); // in a process of its own, where the library is not used yet
     const auto askAndExit = []
     {
-        setenv("MELK_CFG_PATH", SAMPLE_CONFIGURATION, 1);
+        SetVariable("MELK_CFG_PATH", SAMPLE_CONFIGURATION);
         std::atexit(
             []
             {

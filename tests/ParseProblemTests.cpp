@@ -1,12 +1,11 @@
 // What is wrong with a document: which box comes up, with which text and place, and what is never read.
 #include "CATIXMLDOMDocumentBuilder.h"
 #include "LibraryTest.h"
+#include "System.h"
 #include "VEXMELKSAXErrorHandler.h"
 #include "VEXMELKXMLEntityResolver.h"
 
-#include <iconv.h>
 #include <optional>
-#include <sys/stat.h>
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -114,22 +113,6 @@ ParseOutcome ParseFile(
         isNamed ? ListOf(directory) : CATListValCATUnicodeString(), CATISAXErrorHandler_var(recorder.Get()), resolver,
         document);
     return Checked(result, recorder, document);
-}
-
-// What the system's converter makes of the text; nothing when a character has no place in the other encoding.
-std::optional<std::string> Converted(std::string text, const std::string& from, const std::string& to)
-{
-    iconv_t converter = iconv_open(to.c_str(), from.c_str());
-    std::string converted(text.size() * 4, '\0');
-    char* input = text.data();
-    char* output = converted.data();
-    std::size_t inputLeft = text.size();
-    std::size_t outputLeft = converted.size();
-    const bool done = iconv(converter, &input, &inputLeft, &output, &outputLeft) == 0 &&
-                      iconv(converter, nullptr, nullptr, &output, &outputLeft) == 0;
-    iconv_close(converter);
-    converted.resize(converted.size() - outputLeft);
-    return done ? std::optional(converted) : std::nullopt;
 }
 
 using ParseProblem = LibraryTest;
@@ -265,7 +248,7 @@ TEST_F(ParseProblem, OfEntitiesAndDocumentTypes)
         out/out.dtd            | <!ENTITY zz 'TOKEN'>)"))
         directory.Write(name, contents);
     const std::string root = directory.Path();
-    ASSERT_EQ(mkfifo((root + "/conf/doc/pipe").c_str(), 0600), 0);
+    bool hasLinks = MakePipe(root + "/conf/doc/pipe");
     for (const auto& [link, target] : Table<2>(R"(
         conf/doc/in.dtd       | ../up.dtd
         conf/doc/real.dtd     | HERE/conf/up.dtd
@@ -275,13 +258,22 @@ TEST_F(ParseProblem, OfEntitiesAndDocumentTypes)
         conf/doc/nowhere.dtd  | gone.dtd
         conf/doc/out/none.dtd | gone.dtd
         conf/doc/loop.dtd     | loop.dtd)"))
-        std::filesystem::create_symlink(Replaced(target, "HERE", root), root + "/" + link);
+        hasLinks = MakeLink(Replaced(target, "HERE", root), root + "/" + link) && hasLinks;
+    const auto needsLinks = [](const std::string& document)
+    {
+        const auto names = {
+            "/in.dtd", "'in.dtd", "real.dtd", "back/", "out", "nowhere.dtd", "none.dtd", "loop.dtd", "pipe"};
+        return std::any_of(
+            names.begin(), names.end(), [&](const char* name) { return document.find(name) != std::string::npos; });
+    };
     for (const std::vector<std::string>& row : Cells(CaseFile("entitiesAndDocumentTypes")))
         for (std::size_t cell = 2; cell < row.size(); ++cell)
         {
             std::string document = Replaced(Replaced(row[cell], "DT[", "DT ["), "DT ", "<!DOCTYPE r ");
             document = Replaced(Replaced(document, "GONE", "SYSTEM 'gone.dtd'"), "HERE", root + "/conf/doc");
             document = Replaced(document, "FILE[", "[<!ENTITY % f SYSTEM 'quoted'><!ENTITY % t SYSTEM 'token'>");
+            if (!hasLinks && needsLinks(document))
+                continue;
             directory.Write("conf/doc/file.xml", document);
             const ParseOutcome outcome = ParseFile(root + "\\conf\\doc\\file.xml", NULL_var, root + "/conf");
             EXPECT_THAT(outcome.problems, MatchesRegex(row[0])) << document;
@@ -295,9 +287,9 @@ TEST_F(ParseProblem, OfEntitiesAndDocumentTypes)
         yes | shared.dtd    | warning 1:.+, fatal 1:.+ | none)"))
     {
         directory.Write("conf/doc/file.xml", "<!DOCTYPE r SYSTEM '" + name + "'><r>&zz;</r>");
-        setenv("MELK_NO_EXTERNAL_DTD", setting.c_str(), 1);
+        SetVariable("MELK_NO_EXTERNAL_DTD", setting);
         const ParseOutcome outcome = ParseFile(root + "\\conf\\doc\\file.xml");
-        unsetenv("MELK_NO_EXTERNAL_DTD");
+        SetVariable("MELK_NO_EXTERNAL_DTD", "");
         EXPECT_THAT(outcome.problems, MatchesRegex(problems)) << name;
         EXPECT_EQ(outcome.Contents(), contents) << name;
     }
@@ -448,9 +440,9 @@ TEST_F(ParseProblem, IsShownInABox)
     directory.Write("catalogue", "ParseWarning.Title = \"Watch out\"\n");
     for (const char* separator : {"/", "\\"})
     {
-        setenv("MELK_MSG_CATALOG", (directory.Path() + separator + "catalogue").c_str(), 1);
+        SetVariable("MELK_MSG_CATALOG", directory.Path() + separator + "catalogue");
         handler->Warning(&exception);
-        unsetenv("MELK_MSG_CATALOG");
+        SetVariable("MELK_MSG_CATALOG", "");
         EXPECT_THAT(TakeBoxes(), ElementsAre("warning Watch out: what is wrong\n(line: 12, column: 5)"));
     }
 

@@ -1,12 +1,12 @@
 // Files cut anywhere and overwritten anywhere, and objects that live longer or shorter than their managers.
 #include "../fuzz/Questions.h"
 #include "LibraryTest.h"
+#include "System.h"
 #include "VEXMELKUFCurbConfig.h"
 
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
-#include <malloc.h>
 #include <map>
 
 using testing::AllOf;
@@ -52,7 +52,7 @@ protected:
             if (entry.is_regular_file())
             {
                 std::ifstream file(entry.path(), std::ios::binary);
-                const std::string name = entry.path().lexically_relative(SAMPLE_CONFIGURATION);
+                const std::string name = entry.path().lexically_relative(SAMPLE_CONFIGURATION).generic_string();
                 directory.Write(name, files[name].assign(std::istreambuf_iterator<char>(file), {}));
             }
         return files;
@@ -201,7 +201,7 @@ TEST_F(RobustnessTest, AThousandReloadsTakeNoMemory)
         }
         Release();
         TakeBoxes();
-        return mallinfo2().uordblks;
+        return AllocatedBytes();
     };
     // What the allocator keeps for later counts as in use and goes up and down; a block that is lost with each reload
     // shows in every round, with 32 bytes at least.

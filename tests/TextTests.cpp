@@ -4,6 +4,7 @@
 #include "CATPath.h"
 #include "CATTextHash.h"
 #include "LibraryTest.h"
+#include "System.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -16,7 +17,6 @@
 #include <functional>
 #include <locale>
 #include <set>
-#include <sys/stat.h>
 
 using testing::ElementsAre;
 
@@ -248,9 +248,9 @@ TEST(Numbers, IgnoreTheLocalesOfCppAndC)
     locales.Write("source", "LC_NUMERIC\ndecimal_point \",\"\nthousands_sep \".\"\ngrouping 3;3\nEND LC_NUMERIC\n");
     const std::string make = "cd " + locales.Path() + " && localedef -c -i source -f UTF-8 ./comma > log 2>&1";
     [[maybe_unused]] const int made = std::system(make.c_str());
-    setenv("LOCPATH", locales.Path().c_str(), 1);
+    SetVariable("LOCPATH", locales.Path());
     const char* set = std::setlocale(LC_NUMERIC, "comma");
-    unsetenv("LOCPATH");
+    SetVariable("LOCPATH", "");
     if (!set)
         GTEST_SKIP() << "this system cannot make a locale with a decimal comma";
     EXPECT_STREQ(std::localeconv()->decimal_point, ",");
@@ -307,16 +307,15 @@ TEST(Path, NamesAFileOnlyWhenItIsRegular)
     directory.Write("sub dir/\u00E4.xml", "<a/>");
     directory.Write("empty", "");
     const std::filesystem::path root = directory.Path();
-    std::filesystem::create_symlink(root / "empty", root / "linkToFile");
-    std::filesystem::create_symlink(root / "linkToFile", root / "linkToLink");
-    std::filesystem::create_symlink(root / "sub dir", root / "linkToDirectory");
-    std::filesystem::create_symlink(root / "gone", root / "linkToNothing");
-    ASSERT_EQ(mkfifo((root / "pipe").c_str(), 0600), 0);
-    // Opening the pipe must not wait for a writer.
-    std::filesystem::create_symlink(root / "loop", root / "loop");
+    bool hasLinks = MakePipe(directory.Path() + "/pipe"); // whose opening must not wait for a writer
+    for (const auto& [link, target] : {std::pair("linkToFile", "empty"), std::pair("linkToLink", "linkToFile"),
+             std::pair("linkToDirectory", "sub dir"), std::pair("linkToNothing", "gone"), std::pair("loop", "loop")})
+        hasLinks = MakeLink((root / target).string(), (root / link).string()) && hasLinks;
     // A link that leads nowhere is a name that something bears, although there is no file to open.
     for (const char* name : {"linkToNothing", "linkToNothing\\a", "linkToNothing\\\\a\\b", "loop", "loop\\a"})
     {
+        if (!hasLinks)
+            break;
         const CATUnicodeString path = CATMakePath(CATUnicodeString(directory.Path()), name);
         EXPECT_EQ(VEXMELKUtilities::FileExists(path), 1) << name;
         EXPECT_STREQ(CATInputFile(path.ConvertToChar()).Reason(), std::strerror(name[1] == 'o' ? ELOOP : ENOENT))
@@ -327,6 +326,8 @@ TEST(Path, NamesAFileOnlyWhenItIsRegular)
             | EMPTY,gone,gone\\gone\\gone,empty\\gone,linkToFile\\gone,sub dir,linkToDirectory,linkToDirectory\\gone,pipe)"))
         for (const std::string& name : Split(Replaced(names, "A.xml", "\u00E4.xml"), ","))
         {
+            if (!hasLinks && (name.find("link") != std::string::npos || name == "EMPTY")) // letter case does not count
+                continue;
             const CATUnicodeString path = CATMakePath(CATUnicodeString(directory.Path()), CATUnicodeString(name));
             EXPECT_EQ(VEXMELKUtilities::FileExists(path), isFile.empty() ? 0 : 1) << name;
             EXPECT_EQ(CATInputFile(path.ConvertToChar()).IsOpen(), !isFile.empty()) << name;
