@@ -15,6 +15,7 @@ ExitStatus Run(int argc, char** argv)
     AddDumpCommands(line);
     AddMatrixCommands(line);
     AddDiffCommands(line);
+    AddAcceptCommands(line);
     AddCheckCommands(line);
     AddSchemaCommands(line);
     return line.Run(argc, argv);
