@@ -62,7 +62,7 @@ class Checker
 {
 public:
     Checker(const CATUnicodeString& directory, const VEXMELKCheckScope& scope)
-        : m_Directory(directory.ConvertToChar()), m_Scope(scope)
+        : m_Directory(directory.ConvertToChar()), m_Scope(scope), m_Baseline(VEXMELKLoadBaseline(m_Directory.Path()))
     {
     }
 
@@ -130,6 +130,8 @@ private:
         VEXMELKCheckNames(m_Directory, configuration, m_Findings);
         VEXMELKCheckStandards(m_Directory, configuration, m_Findings, m_Result.standards);
         VEXMELKCheckOverrides(configuration, m_Findings);
+        if (m_Baseline)
+            VEXMELKCheckBaseline(configuration, *m_Baseline, m_Findings);
     }
 
     // A standard or a category that one configuration alone calls so, where many others have one of nearly that name.
@@ -213,6 +215,7 @@ private:
 
     VEXMELKCheckedDirectory m_Directory;
     const VEXMELKCheckScope& m_Scope;
+    const std::optional<VEXMELKBaseline> m_Baseline;
     VEXMELKFindingList m_Findings;
     VEXMELKCheckResult m_Result;
 };

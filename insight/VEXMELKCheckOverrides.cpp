@@ -1,5 +1,7 @@
 // What a Customer file makes of the Default file: repeats, standards of its own, priorities that nobody reads.
+#include "VEXMELKBaseline.h"
 #include "VEXMELKCheckPasses.h"
+#include "VEXMELKTrial.h"
 
 #include <algorithm>
 
@@ -21,6 +23,36 @@ public:
     OverridePass(const File& main, const File& customer, VEXMELKFindingList& findings)
         : m_Main(main), m_Customer(customer), m_Findings(findings)
     {
+    }
+
+    // Compares with what was accepted before.
+    void Check(const std::map<std::string, std::optional<std::string>>& accepted)
+    {
+        ForEachReplaced(
+            [&](const std::string& way, const Text& customers, const Text* own)
+            {
+                const auto found = accepted.find(way);
+                if (found == accepted.end())
+                    return;
+                const std::optional<std::string> now = own ? std::optional(std::string(own->text)) : std::nullopt;
+                if (found->second == now)
+                    return;
+                const bool isEqual = now && *now == customers.text;
+                const auto shown = [](const std::optional<std::string>& text)
+                { return text ? VEXMELKQuoted(*text) : std::string("nothing"); };
+                m_Findings.AtValue(isEqual ? "override-equal" : "default-changed", m_Customer, customers.node,
+                    customers.attribute,
+                    std::string(customers.attribute) + " was accepted over " + shown(found->second) +
+                        "; the Default file now says " + (isEqual ? "the same as here, " : "") + shown(now) +
+                        (own ? " (" + VEXMELKPlaceText(VEXMELKPositionOf(m_Main, own->node)) + ")" : ""));
+            });
+    }
+    std::map<std::string, std::optional<std::string>> Replaced() const
+    {
+        std::map<std::string, std::optional<std::string>> replaced;
+        ForEachReplaced([&](const std::string& way, const Text& /*customers*/, const Text* own)
+            { replaced.emplace(way, own ? std::optional(std::string(own->text)) : std::nullopt); });
+        return replaced;
     }
 
     void Check()
@@ -96,6 +128,36 @@ private:
                         VEXMELKPlaceText(VEXMELKPositionOf(m_Main, own.at(each.first).node)) + ")");
     }
 
+    // Every value of a Customer standard that replaces one of the Default file, with the Default value: that of the
+    // same place, or else that of its "default".
+    template <class Act> void ForEachReplaced(Act act) const
+    {
+        const std::map<std::string, std::size_t> standards = StandardsOf(m_Main);
+        for (const auto& [name, node] : StandardsOf(m_Customer))
+        {
+            const auto replaced = standards.find(name);
+            if (replaced == standards.end())
+                continue;
+            const Texts own = TextsOf(m_Main, replaced->second);
+            for (const auto& [way, text] : TextsOf(m_Customer, node))
+            {
+                if (text.attribute.empty() || text.attribute == "name")
+                    continue;
+                auto found = own.find(way);
+                if (found == own.end())
+                    found = own.find(OfDefault(way));
+                act(way, text, found == own.end() ? nullptr : &found->second);
+            }
+        }
+    }
+    static std::string OfDefault(std::string way)
+    {
+        const std::string category = "/category[";
+        const std::size_t begin = way.find(category);
+        const std::size_t end = begin == std::string::npos ? begin : way.find(']', begin);
+        return end == std::string::npos ? way : way.replace(begin, end - begin + 1, "/category[default]");
+    }
+
     // Elements of one way are told apart by their names, else by their order.
     static Texts TextsOf(const File& file, std::size_t standard)
     {
@@ -107,14 +169,15 @@ private:
             std::string way = node == standard ? "" : ways[file.Nodes()[node].parent - standard];
             way +=
                 "/" + std::string(file.TagOf(node)) + "[" + std::string(file.TextOf(node, "name").value_or("")) + "]";
-            way += std::to_string(++seen[way]);
+            if (const int count = ++seen[way]; count > 1)
+                way += "#" + std::to_string(count);
             ways[node - standard] = way;
             texts.emplace(way, Text{node, "", ""});
             const CATIDOMNamedNodeMap_var attributes = file.Nodes()[node].element->GetAttributes();
             for (int position = 0; position < attributes->GetLength(); ++position)
             {
                 const CATIDOMNode_var attribute = attributes->Item(position);
-                texts.emplace(way + "@" + std::string(attribute->GetNodeName()),
+                texts.emplace(way + " " + std::string(attribute->GetNodeName()),
                     Text{node, attribute->GetNodeName(), attribute->GetNodeValue()});
             }
         }
@@ -137,4 +200,35 @@ void VEXMELKCheckOverrides(const VEXMELKCheckedConfiguration& configuration, VEX
     const VEXMELKCheckedFile* customer = configuration.Customer();
     if (main && customer && !main->Nodes().empty() && !customer->Nodes().empty())
         OverridePass(*main, *customer, findings).Check();
+}
+
+void VEXMELKCheckBaseline(
+    const VEXMELKCheckedConfiguration& configuration, const VEXMELKBaseline& baseline, VEXMELKFindingList& findings)
+{
+    const VEXMELKCheckedFile* main = configuration.Main();
+    const VEXMELKCheckedFile* customer = configuration.Customer();
+    const auto found = baseline.find(VEXMELKFileOf(*configuration.description));
+    if (main && customer && !main->Nodes().empty() && !customer->Nodes().empty() && found != baseline.end())
+        OverridePass(*main, *customer, findings).Check(found->second);
+}
+
+VEXMELKBaseline VEXMELKCurrentBaseline(const CATUnicodeString& directory)
+{
+    const VEXMELKSilence silence;
+    VEXMELKBaseline baseline;
+    VEXMELKFindingList findings;
+    VEXMELKCheckedDirectory checked(directory.ConvertToChar());
+    for (const VEXMELKConfigManager::Configuration& one : VEXMELKConfigManager::GetConfigurations())
+    {
+        if (!one.create)
+            continue;
+        const VEXMELKCheckedConfiguration& configuration = checked.Of(*one.description);
+        if (!configuration.Customer() || configuration.Customer()->Nodes().empty() ||
+            configuration.Main()->Nodes().empty())
+            continue;
+        auto values = OverridePass(*configuration.Main(), *configuration.Customer(), findings).Replaced();
+        if (!values.empty())
+            baseline.emplace(VEXMELKFileOf(*one.description), std::move(values));
+    }
+    return baseline;
 }

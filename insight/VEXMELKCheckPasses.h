@@ -3,6 +3,7 @@
 #ifndef VEXMELKCheckPasses_H
 #define VEXMELKCheckPasses_H
 
+#include "VEXMELKBaseline.h"
 #include "VEXMELKCheck.h"
 #include "VEXMELKCheckedFile.h"
 #include "VEXMELKConfigManager.h"
@@ -84,6 +85,9 @@ void VEXMELKCheckNames(
 void VEXMELKCheckStandards(VEXMELKCheckedDirectory& directory, const VEXMELKCheckedConfiguration& configuration,
     VEXMELKFindingList& findings, std::size_t& standards);
 void VEXMELKCheckOverrides(const VEXMELKCheckedConfiguration& configuration, VEXMELKFindingList& findings);
+// Compares with what was accepted: see VEXMELKBaseline.h.
+void VEXMELKCheckBaseline(
+    const VEXMELKCheckedConfiguration& configuration, const VEXMELKBaseline& baseline, VEXMELKFindingList& findings);
 void VEXMELKCheckFolders(const VEXMELKCheckedDirectory& directory, VEXMELKFindingList& findings);
 // Takes out what comments allow, and adds what is wrong with these comments.
 void VEXMELKApplyAllowances(const VEXMELKCheckedFile& file, std::vector<VEXMELKFinding>& findings);

@@ -163,7 +163,8 @@ private:
             change.before.value = both.leftBefore->value;
         if (both.leftAfter)
             change.after.value = both.leftAfter->value;
-        change.percent = PercentOf(change);
+        if (kind == Kind::Changed)
+            change.percent = PercentOf(change);
         change.isSecret = both.OldValue() ? both.OldValue()->isSecret : both.NewValue()->isSecret;
         m_Comparison.changes.push_back(std::move(change));
     }

@@ -147,7 +147,7 @@ private:
         return leftOut;
     }
 
-    // Each text that was read, until something changes.
+    // Each text that was read, until something changes; words all, for several fields may come from one.
     void TryReads()
     {
         std::set<Place> done;
@@ -156,7 +156,7 @@ private:
             if (IsKey(read.place) || done.count(read.place) != 0)
                 continue;
             for (const std::string& text : m_Trial.OtherTexts(*read.row))
-                if (Try(read.place, text))
+                if (Try(read.place, text) && read.row->words.list.empty())
                 {
                     done.insert(read.place);
                     break;

@@ -77,6 +77,21 @@ bool GivesMissing(const VEXMELKRow& row, const VEXMELKPlainValue& value)
     return integer && *integer == missing.integer;
 }
 
+// Of all arguments but the names of standard, category and settings.
+std::size_t HashOfFurtherArguments(const VEXMELKAskable& askable)
+{
+    const std::unique_ptr<VEXMELKQuestion> question = askable.New();
+    const auto parameters = askable.Operation().Parameters();
+    std::vector<VEXMELKNamedValue> values;
+    for (std::size_t position = 0; position < parameters.size(); ++position)
+        if (parameters[position].role > VEXMELKRole::Settings)
+            VEXMELKFlatten(std::string(parameters[position].name), question->Parameter(position), {}, values);
+    std::string text;
+    for (const VEXMELKNamedValue& value : values)
+        text += value.field + "=" + VEXMELKTextOf(value.value) + "\n";
+    return std::hash<std::string>()(text);
+}
+
 std::optional<double> Quantity(const VEXMELKRow& row, std::string_view text)
 {
     double number = 0.0;
@@ -284,14 +299,22 @@ private:
         return read.row->whenMissing.rule != VEXMELKWhenMissing::Gives || GivesMissing(*read.row, value.named.value);
     }
 
+    // Whether something was read that fills no field by itself, or a word, of which several fields may be computed.
+    bool CanBeComputed() const
+    {
+        for (const auto& [field, reads] : m_Watcher.All())
+            if (m_Groups.count(field) == 0 ||
+                std::any_of(reads.begin(), reads.end(), [](const Read& read) { return !read.row->words.list.empty(); }))
+                return true;
+        return false;
+    }
+
     // Lists of names and keys; and values that nothing was read for, which are the caller's.
     void PlaceRest()
     {
         const bool hasReads = !m_Watcher.All().empty();
         const bool isAboutStandard = VEXMELKArgumentOf(m_Askable, VEXMELKRole::Standard).has_value();
-        const bool canBeComputed =
-            m_Watcher.HasSeenTexts() || std::any_of(m_Watcher.All().begin(), m_Watcher.All().end(),
-                                            [&](const auto& reads) { return m_Groups.count(reads.first) == 0; });
+        const bool canBeComputed = m_Watcher.HasSeenTexts() || CanBeComputed();
         const auto before = VEXMELKFlatAnswer::Of(*m_Askable.New(), m_Askable.Operation()).outputs;
         for (auto unplaced = m_Unplaced.begin(); unplaced != m_Unplaced.end();)
         {
@@ -466,9 +489,10 @@ void VEXMELKPlacedAsker::FindInFile(
 void VEXMELKPlacedAsker::TryFor(const VEXMELKAskable& askable, const Watcher& watcher, VEXMELKPlacedAnswer& answer,
     const std::set<std::size_t>& unplaced)
 {
-    // Questions that read the same come to the same, whatever else was asked: rows are chosen before they are read.
+    // Questions that read the same come to the same, unless an argument chooses among what was read.
     std::vector<std::uintptr_t> key = watcher.Sequence();
     key.push_back(reinterpret_cast<std::uintptr_t>(&askable.Operation()));
+    key.push_back(HashOfFurtherArguments(askable));
     key.push_back(answer.values.size());
     key.insert(key.end(), unplaced.begin(), unplaced.end());
     if (m_Tried.size() > mostTried)

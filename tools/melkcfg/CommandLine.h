@@ -61,6 +61,7 @@ void AddChangeCommands(CommandLine& line);   // whatif, unused
 void AddDumpCommands(CommandLine& line);
 void AddMatrixCommands(CommandLine& line); // table
 void AddDiffCommands(CommandLine& line);
+void AddAcceptCommands(CommandLine& line);
 void AddCheckCommands(CommandLine& line); // check, fix, rule
 void AddSchemaCommands(CommandLine& line);
 void AddDrawCommands(CommandLine& line);       // draw

@@ -16,6 +16,7 @@ void AddCommands(CommandLine& line)
     AddDumpCommands(line);
     AddMatrixCommands(line);
     AddDiffCommands(line);
+    AddAcceptCommands(line);
     AddCheckCommands(line);
     AddSchemaCommands(line);
     AddDrawCommands(line);
