@@ -1,5 +1,5 @@
-// Documents are written out as they were read, with the entities and attribute defaults of their types in them: no type is
-// read from memory.
+// Documents are written out as they were read, with the entities and attribute defaults of their types in them: no type
+// is read from memory.
 #include "VEXMELKDefaultAlone.h"
 
 #include "VEXMELKTrial.h"

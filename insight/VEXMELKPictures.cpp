@@ -68,7 +68,8 @@ VEXMELKDrawing VEXMELKPictures::Draw(const VEXMELKConfigManager::Configuration& 
 {
     VEXMELKDrawing drawing;
     drawing.title = std::string(configuration.description->name) +
-                    (VEXMELKPlain(standard).empty() ? "" : " · " + VEXMELKPlain(standard)) + " · " + VEXMELKPlain(category);
+                    (VEXMELKPlain(standard).empty() ? "" : " · " + VEXMELKPlain(standard)) + " · " +
+                    VEXMELKPlain(category);
     const VEXMELKDraw draw = DrawerOf(*configuration.description);
     if (!draw || !configuration.create)
         return drawing;
@@ -83,7 +84,7 @@ VEXMELKDrawing VEXMELKPictures::Draw(const VEXMELKConfigManager::Configuration& 
     };
     VEXMELKDrawing effective = drawn(VEXMELKLayer::Customer, *m_Effective);
     VEXMELKDrawing byDefault = m_DefaultAlone->IsLess() ? drawn(VEXMELKLayer::Default, *m_Default)
-                                                 : drawn(VEXMELKLayer::Default, *m_Effective);
+                                                        : drawn(VEXMELKLayer::Default, *m_Effective);
     if (byDefault.panels.empty())
         return effective;
     if (ShapesOf(effective) == ShapesOf(byDefault))

@@ -12,7 +12,8 @@
 
 namespace {
 
-// Crash barriers ---------------------------------------------------------------------------------------------------------
+// Crash barriers
+// ---------------------------------------------------------------------------------------------------------
 
 VEXMELKMeasure PercentOf(const std::string& field, double share)
 {
@@ -37,9 +38,8 @@ BarrierBox BoxOf(const VEXMELKSheet& sheet, const VEXMELKBarrierDefinition& barr
         return {};
     const VEXMELKMeasure own = sheet.Length("HeightAboveRoad", barrier.HeightAboveRoad);
     BarrierBox box{sheet.Length("Width", shape.Width), sheet.Length("Depth", shape.Depth),
-        sheet.Length("Height", shape.Height),
-        own ? own : sheet.Length("HeightAboveRoad", shape.HeightAboveRoad), sheet.Length("Radius", shape.Radius),
-        sheet.Length("Radius2", shape.Radius2)};
+        sheet.Length("Height", shape.Height), own ? own : sheet.Length("HeightAboveRoad", shape.HeightAboveRoad),
+        sheet.Length("Radius", shape.Radius), sheet.Length("Radius2", shape.Radius2)};
     if (!box.face || box.face.value <= box.width.value / 2.0)
         box.face = {}; // a small one rounds edges, it does not curve the face
     return box;
@@ -81,12 +81,14 @@ struct Placing
 };
 
 // How far the barrier covers the vehicle's width, from its left or its right side.
-Placing PlacingOf(const VEXMELKVehicle& car, const VEXMELKBarrierDefinition& barrier, const BarrierBox& box, double rotation)
+Placing PlacingOf(
+    const VEXMELKVehicle& car, const VEXMELKBarrierDefinition& barrier, const BarrierBox& box, double rotation)
 {
     const bool isLeft = barrier.OverlappingSide == VEXIMELKCrashBarrier::LeftSide;
     const double sign = isLeft ? -1.0 : 1.0;
     const double reach = car.width / 2.0 - barrier.Overlapping * car.width; // where the covered part ends
-    const double across = barrier.midPosition || barrier.Overlapping >= 1.0 ? 0.0 : sign * (reach + box.width.value / 2.0);
+    const double across =
+        barrier.midPosition || barrier.Overlapping >= 1.0 ? 0.0 : sign * (reach + box.width.value / 2.0);
     const double middle = (car.front + car.rear) / 2.0;
     // Y is up in the picture; the rounded edge of the outline is that towards the vehicle's middle.
     switch (barrier.Position)
@@ -109,8 +111,8 @@ void DrawOverlap(const VEXMELKPen& plan, const VEXMELKVehicle& car, const VEXMEL
         return;
     const double sign = barrier.OverlappingSide == VEXIMELKCrashBarrier::LeftSide ? -1.0 : 1.0;
     const double outer = sign * car.width / 2.0;
-    plan.Length(
-        PercentOf(name + " Overlapping", barrier.Overlapping), {x, outer}, {x, outer - sign * barrier.Overlapping * car.width});
+    plan.Length(PercentOf(name + " Overlapping", barrier.Overlapping), {x, outer},
+        {x, outer - sign * barrier.Overlapping * car.width});
 }
 
 void DrawBarrier(const VEXMELKSheet& sheet, const VEXMELKBarrierDefinition& barrier, int number)
@@ -130,7 +132,8 @@ void DrawBarrier(const VEXMELKSheet& sheet, const VEXMELKBarrierDefinition& barr
     DrawOverlap(plan, car, barrier, name, placing.at.x);
     plan.Label(VEXMELKPolar(placing.at, placing.turn + 180.0, box.depth.value), "barrier " + name);
     if (rotation.value != 0.0)
-        plan.Angle(rotation, placing.at, placing.turn - rotation.value + 90.0, placing.turn + 90.0, 0.4 * box.width.value);
+        plan.Angle(
+            rotation, placing.at, placing.turn - rotation.value + 90.0, placing.turn + 90.0, 0.4 * box.width.value);
     if (box.height && box.aboveRoad && barrier.Position <= VEXIMELKCrashBarrier::Rear)
     {
         const VEXMELKPen side = sheet.SideView();
@@ -144,7 +147,10 @@ void DrawBarrier(const VEXMELKSheet& sheet, const VEXMELKBarrierDefinition& barr
         side.Length(box.height, {face, box.aboveRoad.value}, {face, top});
     }
     sheet.Note("barrier " + name + ": shape " + std::to_string(static_cast<int>(barrier.shape)) + ", width " +
-               box.width.text + (box.face ? ", face radius " + box.face.text : box.corner ? ", edge radius " + box.corner.text : "") +
+               box.width.text +
+               (box.face        ? ", face radius " + box.face.text
+                   : box.corner ? ", edge radius " + box.corner.text
+                                : "") +
                (barrier.midPosition ? ", mid position" : "") + ", loading " + VEXMELKPlain(barrier.loading));
 }
 
@@ -156,10 +162,11 @@ void DrawCrashBarriers(const VEXMELKSheet& sheet)
         DrawBarrier(sheet, barriers[number], number + 1);
 }
 
-// Bumpers ------------------------------------------------------------------------------------------------------------------
+// Bumpers
+// ------------------------------------------------------------------------------------------------------------------
 
-// The impactor from the side: a body with a nose that narrows to its height at its tip. The tip stands at the first axis'
-// zero, the body to the left.
+// The impactor from the side: a body with a nose that narrows to its height at its tip. The tip stands at the first
+// axis' zero, the body to the left.
 void DrawProfile(const VEXMELKSheet& sheet, const VEXMELKBumpersDefinition& bumper)
 {
     const VEXMELKMeasure height = sheet.Length("Height", bumper.Height);
@@ -174,7 +181,8 @@ void DrawProfile(const VEXMELKSheet& sheet, const VEXMELKBumpersDefinition& bump
     const double half = height.value / 2.0;
     const double nose = noseHeight ? noseHeight.value / 2.0 : half;
     const double shoulder = -noseLength.value;
-    pen.Area({{-depth.value, -half}, {-depth.value, half}, {shoulder, half}, {0.0, nose}, {0.0, -nose}, {shoulder, -half}},
+    pen.Area(
+        {{-depth.value, -half}, {-depth.value, half}, {shoulder, half}, {0.0, nose}, {0.0, -nose}, {shoulder, -half}},
         height);
     pen.Length(depth, {-depth.value, half}, {0.0, half});
     pen.Length(noseLength, {shoulder, half}, {0.0, half});
@@ -202,8 +210,8 @@ void DrawBumper(const VEXMELKSheet& sheet, const VEXMELKBumpersDefinition& bumpe
     if (width && depth)
     {
         const VEXMELKSpot at{face, offset.value};
-        std::vector<VEXMELKSpot> box = VEXMELKBox(
-            {face, offset.value - width.value / 2.0}, {face + outwards * depth.value, offset.value + width.value / 2.0});
+        std::vector<VEXMELKSpot> box = VEXMELKBox({face, offset.value - width.value / 2.0},
+            {face + outwards * depth.value, offset.value + width.value / 2.0});
         plan.Area(VEXMELKTurned(std::move(box), at, -outwards * angle.value), width);
         plan.Label(VEXMELKPolar(at, bumper.Position ? 180.0 : 0.0, depth.value), name);
         if (offset.value != 0.0)
@@ -246,10 +254,11 @@ void DrawBumpers(const VEXMELKSheet& sheet)
     }
 }
 
-// Lamps and plates ---------------------------------------------------------------------------------------------------------
+// Lamps and plates
+// ---------------------------------------------------------------------------------------------------------
 
-// On both sides of the middle: not nearer to it than half of the inner spacing, not farther from the outer edge than the
-// outer one.
+// On both sides of the middle: not nearer to it than half of the inner spacing, not farther from the outer edge than
+// the outer one.
 void DrawLampAcross(const VEXMELKSheet& sheet, const VEXMELKPen& pen, const VEXMELKLampPositionsDefinition& lamp)
 {
     const std::string name = VEXMELKPlain(lamp.Abbr);
@@ -315,8 +324,8 @@ void DrawLampPositions(const VEXMELKSheet& sheet)
         sheet.NoteText(name + " LengthThreshold", lamp.LengthThreshold);
     }
     if (lamps.size() > 0)
-        sheet.Note(config->GetStatusOfLimits(sheet.standard, sheet.category) ? "the limits apply"
-                                                                             : "the limits do not apply");
+        sheet.Note(
+            config->GetStatusOfLimits(sheet.standard, sheet.category) ? "the limits apply" : "the limits do not apply");
 }
 
 // Left and right are the vehicle's own: seen from the front its right side is on the left.
@@ -338,7 +347,8 @@ void DrawNumberPlates(const VEXMELKSheet& sheet)
     VEXMELKNumberPlatesDefinition plates;
     if (!sheet.New<VEXMELKNumberPlatesConfig>()->GetStandardData(sheet.standard, sheet.category, plates))
         return;
-    DrawPlateField(sheet.FrontView("Front plate, from the front"), sheet.Length("FrontLowerLimit", plates.FrontLowerLimit),
+    DrawPlateField(sheet.FrontView("Front plate, from the front"),
+        sheet.Length("FrontLowerLimit", plates.FrontLowerLimit),
         sheet.Length("FrontUpperLimit", plates.FrontUpperLimit), sheet.Length("FrontLeftLimit", plates.FrontLeftLimit),
         sheet.Length("FrontRightLimit", plates.FrontRightLimit), -1.0);
     DrawPlateField(sheet.RearView("Back plate, from the rear"), sheet.Length("BackLowerLimit", plates.BackLowerLimit),
@@ -346,7 +356,8 @@ void DrawNumberPlates(const VEXMELKSheet& sheet)
         sheet.Length("BackRightLimit", plates.BackRightLimit), 1.0);
 }
 
-// Free space ---------------------------------------------------------------------------------------------------------------
+// Free space
+// ---------------------------------------------------------------------------------------------------------------
 
 // The test body: a nose, a hole under it, a middle part and a body, one behind the other.
 void DrawFreeSpace(const VEXMELKSheet& sheet)
@@ -386,7 +397,8 @@ void DrawFreeSpace(const VEXMELKSheet& sheet)
     }
     if (holeAt && holeLength && holeHeight)
     {
-        side.Outline(VEXMELKBox({holeAt.value, low}, {holeAt.value + holeLength.value, low + holeHeight.value}), holeHeight);
+        side.Outline(
+            VEXMELKBox({holeAt.value, low}, {holeAt.value + holeLength.value, low + holeHeight.value}), holeHeight);
         side.Length(holeAt, {0.0, low}, {holeAt.value, low});
         side.Length(holeLength, {holeAt.value, low}, {holeAt.value + holeLength.value, low});
         side.Length(holeHeight, {holeAt.value, low}, {holeAt.value, low + holeHeight.value});
@@ -404,7 +416,8 @@ void DrawFreeSpace(const VEXMELKSheet& sheet)
     if (noseWidth && bodyWidth)
     {
         plan.Area({{0.0, -noseWidth.value / 2.0}, {0.0, noseWidth.value / 2.0}, {nose.value, noseWidth.value / 2.0},
-                      {bodyAt, bodyWidth.value / 2.0}, {bodyAt, -bodyWidth.value / 2.0}, {nose.value, -noseWidth.value / 2.0}},
+                      {bodyAt, bodyWidth.value / 2.0}, {bodyAt, -bodyWidth.value / 2.0},
+                      {nose.value, -noseWidth.value / 2.0}},
             bodyWidth);
         plan.Length(noseWidth, {0.0, -noseWidth.value / 2.0}, {0.0, noseWidth.value / 2.0});
         plan.Length(bodyWidth, {bodyAt, -bodyWidth.value / 2.0}, {bodyAt, bodyWidth.value / 2.0});

@@ -17,7 +17,8 @@ const std::string toTheRear = "X, to the rear";
 const std::string toTheRight = "Y, to the right";
 const std::string upwards = "Z, up";
 
-// Base data ------------------------------------------------------------------------------------------------------------
+// Base data
+// ------------------------------------------------------------------------------------------------------------
 
 void DrawWheel(const VEXMELKSheet& sheet, const char* tag)
 {
@@ -111,7 +112,8 @@ void DrawBaseData(const VEXMELKSheet& sheet)
         DrawSeat(sheet, seats[number]);
 }
 
-// Eye ellipses -----------------------------------------------------------------------------------------------------------
+// Eye ellipses
+// -----------------------------------------------------------------------------------------------------------
 
 struct Axes
 {
@@ -128,8 +130,8 @@ Axes TipAnglesOf(const VEXMELKSheet& sheet)
     return {};
 }
 
-void DrawTipAngle(const VEXMELKSheet& sheet, const VEXMELKPen& pen, const char* field, VEXMELKSpot centre, double angle,
-    double reach)
+void DrawTipAngle(
+    const VEXMELKSheet& sheet, const VEXMELKPen& pen, const char* field, VEXMELKSpot centre, double angle, double reach)
 {
     pen.Ray(centre, angle, 1.25 * reach);
     pen.Ray(centre, angle + 180.0, 1.25 * reach);
@@ -262,7 +264,8 @@ void DrawEyeEllipses(const VEXMELKSheet& sheet)
         sheet.Note("displacements: W7 " + VEXMELKNumberText(w7) + "mm, W3 " + VEXMELKNumberText(w3) + "mm");
 }
 
-// Eye points -----------------------------------------------------------------------------------------------------------
+// Eye points
+// -----------------------------------------------------------------------------------------------------------
 
 struct EyeViews
 {
@@ -339,8 +342,8 @@ void DrawEyePoints(const VEXMELKSheet& sheet)
                VEXMELKNumberText(sheet.vehicle.backAngle) + "deg");
 }
 
-void DrawMovements(const EyeViews& views, const std::string& name,
-    const VEXMELKExtendedEyePointPosition& at, const VEXMELKExtendedEyePointMovements& moves)
+void DrawMovements(const EyeViews& views, const std::string& name, const VEXMELKExtendedEyePointPosition& at,
+    const VEXMELKExtendedEyePointMovements& moves)
 {
     if (moves.forward_backward_min != moves.forward_backward_max || moves.down_up_min != moves.down_up_max)
     {
@@ -391,7 +394,8 @@ void DrawExtendedEyePoints(const VEXMELKSheet& sheet)
         sheet.NoteText("type of movement", moves.type);
 }
 
-// Heads and seats --------------------------------------------------------------------------------------------------------
+// Heads and seats
+// --------------------------------------------------------------------------------------------------------
 
 struct HeadEllipse
 {
@@ -456,13 +460,15 @@ void DrawHeadContour(const VEXMELKSheet& sheet)
     {
         VEXMELKSpot side;
         double across = 0.0;
-        const bool hasDeltas = config->GetDeltas(sheet.standard, sheet.category, seat, sheet.vehicle.hPointTravel, side.x,
-                                   across, side.y) != 0;
+        const bool hasDeltas = config->GetDeltas(sheet.standard, sheet.category, seat, sheet.vehicle.hPointTravel,
+                                   side.x, across, side.y) != 0;
         if (heads.empty() || !hasDeltas)
             continue;
         const std::string name = seat;
-        const VEXMELKPen sideView = sheet.On(name + ", side view", toTheRear + " from the eyes", upwards + " from the eyes");
-        const VEXMELKPen rearView = sheet.On(name + ", from the rear", "outwards from the eyes", upwards + " from the eyes");
+        const VEXMELKPen sideView =
+            sheet.On(name + ", side view", toTheRear + " from the eyes", upwards + " from the eyes");
+        const VEXMELKPen rearView =
+            sheet.On(name + ", from the rear", "outwards from the eyes", upwards + " from the eyes");
         for (const HeadEllipse& head : heads)
         {
             const std::string percent = std::to_string(head.cutoff) + "% ";
@@ -482,7 +488,8 @@ void DrawHeadContour(const VEXMELKSheet& sheet)
         {
             const VEXMELKMeasure width = sheet.Given("middle stripe", stripe);
             for (const double sign : {-0.5, 0.5})
-                rearView.Line({{across + sign * stripe, side.y}, {across + sign * stripe, side.y + heads.back().z}}, width);
+                rearView.Line(
+                    {{across + sign * stripe, side.y}, {across + sign * stripe, side.y + heads.back().z}}, width);
             rearView.Length(width, {across - 0.5 * stripe, side.y}, {across + 0.5 * stripe, side.y});
         }
     }
@@ -512,7 +519,8 @@ void DrawSRPCurves(const VEXMELKSheet& sheet)
                                      VEXMELKNumberText(curve.c) + "·Z²";
         pen.Line(points, {name, equation, curve.a, true});
         pen.Mark(points.back(), name);
-        pen.Length(sheet.Given(name + " z", curve.z_max - curve.z_min), points.front(), {points.front().x, curve.z_max});
+        pen.Length(
+            sheet.Given(name + " z", curve.z_max - curve.z_min), points.front(), {points.front().x, curve.z_max});
         sheet.Note(name + ": X = " + equation + ", Z from " + VEXMELKNumberText(curve.z_min) + " to " +
                    VEXMELKNumberText(curve.z_max) + "mm");
     }

@@ -11,7 +11,8 @@
 
 namespace {
 
-// Pedestrian protection --------------------------------------------------------------------------------------------------
+// Pedestrian protection
+// --------------------------------------------------------------------------------------------------
 
 // The middle of a schematic front end, from the road below the bumper to the windscreen: what tapes are wrapped around.
 std::vector<VEXMELKSpot> FrontContour(const VEXMELKVehicle& car)
@@ -214,7 +215,8 @@ void DrawPPOffset(const VEXMELKSheet& sheet)
     sheet.NoteText("measurement_type", offsets.outerRegion.measurement_type);
 }
 
-// Head impact ------------------------------------------------------------------------------------------------------------
+// Head impact
+// ------------------------------------------------------------------------------------------------------------
 
 constexpr double zone = 100.0; // the length of a direction: there is none in the file
 
@@ -244,8 +246,8 @@ void DrawDirection(const VEXMELKSheet& sheet, const std::string& name, const CAT
     pen.Axis({0.0, 0.0}, {1.15 * zone, 0.0});
 }
 
-void DrawVertical(
-    const VEXMELKSheet& sheet, const std::string& name, const CATUnicodeString& minText, const CATUnicodeString& maxText)
+void DrawVertical(const VEXMELKSheet& sheet, const std::string& name, const CATUnicodeString& minText,
+    const CATUnicodeString& maxText)
 {
     const VEXMELKMeasure least = sheet.Angle("MinVAngle", minText);
     const VEXMELKMeasure most = sheet.Angle("MaxVAngle", maxText);
@@ -262,8 +264,8 @@ void DrawGravityCentre(const VEXMELKSheet& sheet)
     VEXMELKHeadGravityCenterDefinition centre;
     if (!sheet.New<VEXMELKHeadImpactConfig>()->GetHeadGravityCenterSData(sheet.standard, centre))
         return;
-    const VEXMELKPen pen =
-        sheet.On("Centres of gravity of the head", "X, to the rear from the seat's point", "Z, up from the seat's point");
+    const VEXMELKPen pen = sheet.On(
+        "Centres of gravity of the head", "X, to the rear from the seat's point", "Z, up from the seat's point");
     pen.Surroundings().Mark({0.0, 0.0}, "seating reference point");
     const auto mark = [&](const char* name, const VEXMELKMeasure& x, const VEXMELKMeasure& z)
     {
@@ -274,8 +276,10 @@ void DrawGravityCentre(const VEXMELKSheet& sheet)
         pen.Length(x, {0.0, z.value}, {x.value, z.value});
         pen.Length(z, {x.value, 0.0}, {x.value, z.value});
     };
-    mark("front seat", sheet.Length("CG_FX_Offset", centre.CG_FX_Offset), sheet.Length("CG_FZ_Offset", centre.CG_FZ_Offset));
-    mark("rear seat", sheet.Length("CG_RX_Offset", centre.CG_RX_Offset), sheet.Length("CG_RZ_Offset", centre.CG_RZ_Offset));
+    mark("front seat", sheet.Length("CG_FX_Offset", centre.CG_FX_Offset),
+        sheet.Length("CG_FZ_Offset", centre.CG_FZ_Offset));
+    mark("rear seat", sheet.Length("CG_RX_Offset", centre.CG_RX_Offset),
+        sheet.Length("CG_RZ_Offset", centre.CG_RZ_Offset));
 }
 
 void DrawPillars(const VEXMELKSheet& sheet)
@@ -292,8 +296,8 @@ void DrawPillars(const VEXMELKSheet& sheet)
     {
         draw("A-pillar", a);
         sheet.Note("A-pillar: PT1 " + VEXMELKPlain(a.PT1_Offset) + ", PT2 " + VEXMELKPlain(a.PT2_Offset) + ", AP2 " +
-                   VEXMELKPlain(a.AP2_Offset) + ", deviation up to " + VEXMELKNumberText(a.MaxMeasurementDeviation * 100.0) +
-                   "%");
+                   VEXMELKPlain(a.AP2_Offset) + ", deviation up to " +
+                   VEXMELKNumberText(a.MaxMeasurementDeviation * 100.0) + "%");
     }
     VEXMELKBPillarDefinition b;
     if (config->GetBPillarSData(sheet.standard, b))
@@ -347,7 +351,8 @@ void DrawHeadImpact(const VEXMELKSheet& sheet)
     DrawBothSides<VEXMELKStiffenerBraceDefinition>(sheet, "Stiffener brace", &Config::GetStiffenerBraceSData);
 }
 
-// Belts ------------------------------------------------------------------------------------------------------------------
+// Belts
+// ------------------------------------------------------------------------------------------------------------------
 
 // The lower anchorages lie between two angles below the horizontal, behind the seat's point.
 void DrawBeltAngles(const VEXMELKSheet& sheet, bool isFront)
@@ -364,8 +369,9 @@ void DrawBeltAngles(const VEXMELKSheet& sheet, bool isFront)
     };
     const std::string seat = isFront ? "Front seat, " : "Back seat, ";
     double reach = 180.0;
-    for (const Pair& pair : {Pair{"P", "PA1", angles.PA1, "PA2", angles.PA2}, Pair{"P", "PA1X", angles.PA1X, "PA2X", angles.PA2X},
-             Pair{"Q", "QA1", angles.QA1, "QA2", angles.QA2}, Pair{"Q", "QA1X", angles.QA1X, "QA2X", angles.QA2X}})
+    for (const Pair& pair :
+        {Pair{"P", "PA1", angles.PA1, "PA2", angles.PA2}, Pair{"P", "PA1X", angles.PA1X, "PA2X", angles.PA2X},
+            Pair{"Q", "QA1", angles.QA1, "QA2", angles.QA2}, Pair{"Q", "QA1X", angles.QA1X, "QA2X", angles.QA2X}})
     {
         const VEXMELKMeasure from = sheet.Angle(pair.fromField, pair.from);
         const VEXMELKMeasure to = sheet.Angle(pair.toField, pair.to);
@@ -407,8 +413,9 @@ void DrawShoulderAnchor(const VEXMELKSheet& sheet)
         x += 90.0;
     }
     if (anchor.ShMulti1a != 0.0 || anchor.ShMulti2a != 0.0)
-        sheet.Note("multipliers: 1a " + VEXMELKNumberText(anchor.ShMulti1a) + ", 2a " + VEXMELKNumberText(anchor.ShMulti2a) +
-                   ", 1b " + VEXMELKNumberText(anchor.ShMulti1b) + ", 2b " + VEXMELKNumberText(anchor.ShMulti2b));
+        sheet.Note("multipliers: 1a " + VEXMELKNumberText(anchor.ShMulti1a) + ", 2a " +
+                   VEXMELKNumberText(anchor.ShMulti2a) + ", 1b " + VEXMELKNumberText(anchor.ShMulti1b) + ", 2b " +
+                   VEXMELKNumberText(anchor.ShMulti2b));
 }
 
 void DrawSeatingBelts(const VEXMELKSheet& sheet)
@@ -441,7 +448,8 @@ void DrawSeatingBelts(const VEXMELKSheet& sheet)
     sheet.Note(belts.EUApproach ? "European approach" : "not the European approach");
 }
 
-// Children ---------------------------------------------------------------------------------------------------------------
+// Children
+// ---------------------------------------------------------------------------------------------------------------
 
 void DrawChildProtection(const VEXMELKSheet& sheet)
 {
@@ -457,7 +465,8 @@ void DrawChildProtection(const VEXMELKSheet& sheet)
     const VEXMELKMeasure horizontal = sheet.Angle("CPVolHorizAngle", child.CPVolHorizAngle);
     const VEXMELKMeasure offset = sheet.Length("CPVolHorizOffset", child.CPVolHorizOffset);
     const double torso = 90.0 - sheet.vehicle.backAngle; // leaning to the rear
-    const VEXMELKPen side = sheet.On("Side view", "X, to the rear from the seat's point", "Z, up from the seat's point");
+    const VEXMELKPen side =
+        sheet.On("Side view", "X, to the rear from the seat's point", "Z, up from the seat's point");
     const VEXMELKSpot seat{0.0, 0.0};
     const VEXMELKSpot shoulders = VEXMELKPolar(seat, torso, shoulder.value);
     const VEXMELKSpot centre = VEXMELKPolar(shoulders, torso - 90.0, child.CPUseCShift ? shift.value : 0.0);
@@ -480,7 +489,8 @@ void DrawChildProtection(const VEXMELKSheet& sheet)
     if (vertical)
         side.Sector(centre, -vertical.value, 0.0, 2.4 * radius.value, vertical);
     side.Angle(vertical, centre, -vertical.value, 0.0, 2.2 * radius.value);
-    const VEXMELKPen plan = sheet.On("Plan view", "X, to the rear from the seat's point", "Y, across from the seat's middle");
+    const VEXMELKPen plan =
+        sheet.On("Plan view", "X, to the rear from the seat's point", "Y, across from the seat's middle");
     const double reach = 2.4 * std::max(radius.value, 100.0);
     if (horizontal)
         for (const double sign : {-1.0, 1.0})

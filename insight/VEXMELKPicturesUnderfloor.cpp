@@ -146,8 +146,7 @@ void DrawSlopeAngle(const VEXMELKSheet& sheet)
 {
     CATUnicodeString frontAngle;
     CATUnicodeString backAngle;
-    if (!sheet.New<VEXMELKUFSlopeAngleConfig>()->GetStandardData(
-            sheet.standard, sheet.category, frontAngle, backAngle))
+    if (!sheet.New<VEXMELKUFSlopeAngleConfig>()->GetStandardData(sheet.standard, sheet.category, frontAngle, backAngle))
         return;
     DrawTyreTangent(sheet.SideDetail("Front end"), FrontOf(sheet.vehicle), sheet.Angle("front_angle", frontAngle));
     DrawTyreTangent(sheet.SideDetail("Rear end"), RearOf(sheet.vehicle), sheet.Angle("back_angle", backAngle));
@@ -285,8 +284,8 @@ void DrawWheelCovering(const VEXMELKSheet& sheet)
         sheet.Angle("BackBeta", cover.BackBeta), bottom);
     const VEXMELKPen heights = sheet.On("Heights", "schematic", "up");
     double x = 0.0;
-    for (const VEXMELKMeasure& height : {sheet.Length("TriangleHeight", cover.TriangleHeight),
-             sheet.Length("LineHeight", cover.LineHeight)})
+    for (const VEXMELKMeasure& height :
+        {sheet.Length("TriangleHeight", cover.TriangleHeight), sheet.Length("LineHeight", cover.LineHeight)})
     {
         if (height)
             heights.Line({{x, 0.0}, {x, height.value}}, height);

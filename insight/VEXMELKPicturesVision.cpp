@@ -1,5 +1,5 @@
-// What the driver sees and has to see: fields of view as diagrams of angles, cones and planes from the eye, mirrors' and
-// close-range areas around the vehicle.
+// What the driver sees and has to see: fields of view as diagrams of angles, cones and planes from the eye, mirrors'
+// and close-range areas around the vehicle.
 #include "VEXMELKAPillarConfig.h"
 #include "VEXMELKCRVConfig.h"
 #include "VEXMELKDirectView3DConfig.h"
@@ -20,7 +20,8 @@
 
 namespace {
 
-// Fields of view -------------------------------------------------------------------------------------------------------
+// Fields of view
+// -------------------------------------------------------------------------------------------------------
 
 VEXMELKPen AngleDiagram(const VEXMELKSheet& sheet, const std::string& title)
 {
@@ -144,7 +145,8 @@ void DrawERFieldsOfView(const VEXMELKSheet& sheet)
     }
 }
 
-// From the eye -----------------------------------------------------------------------------------------------------------
+// From the eye
+// -----------------------------------------------------------------------------------------------------------
 
 // The eye looks to the front, which is on the left: turns there are 180 degrees.
 constexpr double forward = 180.0;
@@ -239,7 +241,8 @@ void DrawPyramid(const VEXMELKSheet& sheet)
     const EyePanels panels(sheet);
     DrawEye(panels, reach);
     DrawElevation(panels.side, panels.sideEye, sheet.Angle("front_angle", planes.front_angle), reach);
-    DrawElevation(panels.side, panels.sideEye, sheet.Angle("middle_plane_angle", planes.middle_plane_angle), 0.8 * reach);
+    DrawElevation(
+        panels.side, panels.sideEye, sheet.Angle("middle_plane_angle", planes.middle_plane_angle), 0.8 * reach);
     DrawAzimuth(panels.plan, panels.planEye, sheet.Angle("driver_angle", planes.driver_angle), reach, -1.0);
     DrawAzimuth(panels.plan, panels.planEye, sheet.Angle("passenger_angle", planes.passenger_angle), reach);
 }
@@ -279,7 +282,8 @@ void DrawAPillar(const VEXMELKSheet& sheet)
     }
 }
 
-// Direct view ------------------------------------------------------------------------------------------------------------
+// Direct view
+// ------------------------------------------------------------------------------------------------------------
 
 void DrawDirectViewPoints(const VEXMELKSheet& sheet, VEXMELKDirectViewCFG& view)
 {
@@ -310,7 +314,8 @@ void DrawDirectViewPoints(const VEXMELKSheet& sheet, VEXMELKDirectViewCFG& view)
         panels.side.Mark(side, name, measure);
         panels.plan.Mark(plan, name, measure);
         const char* const references[] = {"the front axle", "the vehicle's front", "the vehicle's rear", "the eyes"};
-        sheet.Note(name + ": " + measure.text + "mm from " + references[reference >= 0 && reference <= 3 ? reference : 0]);
+        sheet.Note(
+            name + ": " + measure.text + "mm from " + references[reference >= 0 && reference <= 3 ? reference : 0]);
     }
 }
 
@@ -325,7 +330,8 @@ void DrawDirectView(const VEXMELKSheet& sheet)
     if (top || bottom || azimuth || elevation)
     {
         const VEXMELKPen pen = AngleDiagram(sheet, "Limits of the view");
-        const double half = std::max({std::fabs(azimuth.value) * 1.5, std::fabs(top.value), std::fabs(bottom.value), 1.0});
+        const double half =
+            std::max({std::fabs(azimuth.value) * 1.5, std::fabs(top.value), std::fabs(bottom.value), 1.0});
         if (top && bottom)
             pen.Area(VEXMELKBox({-half, bottom.value}, {half, top.value}), top);
         pen.Length(top, {half, 0.0}, {half, top.value});
@@ -388,7 +394,8 @@ void DrawDirectView3D(const VEXMELKSheet& sheet)
     sheet.NoteText("Target", view.TargetTypeText);
 }
 
-// Around the vehicle -----------------------------------------------------------------------------------------------------
+// Around the vehicle
+// -----------------------------------------------------------------------------------------------------
 
 // Where a coordinate is measured from, by its name.
 double OriginOf(const VEXMELKSheet& sheet, const CATUnicodeString& reference, const VEXMELKMeasure& coordinate)
@@ -421,8 +428,8 @@ void DrawMirrorPoint(const VEXMELKSheet& sheet, const VEXMELKPen& plan, const VE
     if (radius && radius.value > 0.0)
         plan.Circle(at, radius.value, radius);
     sheet.Note("point " + name + ": " + (isOnRoad ? "X " : "Z ") + VEXMELKPlain(point.Coordinate1) + " from " +
-               VEXMELKPlain(point.Coordinate1REL) + ", Y " + VEXMELKPlain(point.Y) + " from " + VEXMELKPlain(point.YREL) +
-               ", R " + VEXMELKPlain(point.R));
+               VEXMELKPlain(point.Coordinate1REL) + ", Y " + VEXMELKPlain(point.Y) + " from " +
+               VEXMELKPlain(point.YREL) + ", R " + VEXMELKPlain(point.R));
 }
 
 void DrawMirrorPosition(const VEXMELKSheet& sheet, const VEXMELKMirrorDefinition& mirror)
@@ -528,8 +535,8 @@ void DrawWipers(const VEXMELKSheet& sheet)
     for (const Zone& zone :
         {Zone{"a_field", wipers.a_field}, Zone{"b_field", wipers.b_field}, Zone{"c_field", wipers.c_field}})
     {
-        const VEXMELKPen pen = sheet.On("Shares of the fields that are wiped", "fields, one beside the other",
-            "share", "%");
+        const VEXMELKPen pen =
+            sheet.On("Shares of the fields that are wiped", "fields, one beside the other", "share", "%");
         constexpr double width = 30.0;
         if (zone.share < 0.0)
             sheet.Note(std::string(zone.field) + " is not given");
@@ -544,13 +551,14 @@ void DrawWipers(const VEXMELKSheet& sheet)
     }
 }
 
-// The windscreen's optics ------------------------------------------------------------------------------------------------
+// The windscreen's optics
+// ------------------------------------------------------------------------------------------------
 
 void DrawRequiredAngles(const VEXMELKSheet& sheet, const VEXMELKOpticalPropsOfWSConfigDef& grid)
 {
     double x = 0.0;
-    for (const VEXMELKMeasure& angle : {sheet.Angle("reqValue", grid.reqValue), sheet.Angle("AreqValue", grid.AreqValue),
-             sheet.Angle("BreqValue", grid.BreqValue)})
+    for (const VEXMELKMeasure& angle : {sheet.Angle("reqValue", grid.reqValue),
+             sheet.Angle("AreqValue", grid.AreqValue), sheet.Angle("BreqValue", grid.BreqValue)})
     {
         const VEXMELKPen pen = sheet.On("Required values", "one beside the other", "angle", "deg");
         if (angle)
@@ -578,9 +586,12 @@ void DrawGrid(const VEXMELKSheet& sheet, VEXMELKOpticalPropsOfWSConfig& config, 
     const VEXMELKSpot origin{y.value, z.value};
     for (int line = 0; line <= cells; ++line)
     {
-        pen.Line({{origin.x + line * across.value, origin.y}, {origin.x + line * across.value, origin.y + cells * up.value}},
+        pen.Line(
+            {{origin.x + line * across.value, origin.y}, {origin.x + line * across.value, origin.y + cells * up.value}},
             across);
-        pen.Line({{origin.x, origin.y + line * up.value}, {origin.x + cells * across.value, origin.y + line * up.value}}, up);
+        pen.Line(
+            {{origin.x, origin.y + line * up.value}, {origin.x + cells * across.value, origin.y + line * up.value}},
+            up);
     }
     if (radius)
         pen.Circle({origin.x + across.value, origin.y + up.value}, radius.value, radius);

@@ -76,7 +76,8 @@ private:
         }
     }
 
-    void AddStandard(const VEXMELKDocumentText& document, std::size_t element, const std::string& name, bool isCustomers)
+    void AddStandard(
+        const VEXMELKDocumentText& document, std::size_t element, const std::string& name, bool isCustomers)
     {
         const auto known = std::find_if(m_Made.standards.begin(), m_Made.standards.end(),
             [&](const VEXMELKReportStandard& standard) { return standard.name == name; });
@@ -119,8 +120,8 @@ private:
     {
         const auto& own = m_Made.configuration->description->operations;
         VEXMELKReportCell cell{standard.name, category, {}, {}};
-        cell.drawing = m_Pictures.Draw(
-            *m_Made.configuration, CATUnicodeString(standard.name), CATUnicodeString(category));
+        cell.drawing =
+            m_Pictures.Draw(*m_Made.configuration, CATUnicodeString(standard.name), CATUnicodeString(category));
         const bool isFirst = category == standard.categories.front();
         for (const VEXMELKPreparedQuestion& question : m_Questions)
         {

@@ -1,5 +1,5 @@
-// Reads the values that pictures are made of, and draws the vehicle around them. The Default files alone are a directory
-// in memory, so that the layer of Default is asked for as any other.
+// Reads the values that pictures are made of, and draws the vehicle around them. The Default files alone are a
+// directory in memory, so that the layer of Default is asked for as any other.
 #include "VEXMELKSheet.h"
 
 #include "CATQuantity.h"
@@ -53,8 +53,8 @@ VEXMELKPen VEXMELKSheet::On(
     const std::string& title, const std::string& xAxis, const std::string& yAxis, const std::string& unit) const
 {
     std::vector<VEXMELKPanel>& panels = drawing.panels;
-    const auto found = std::find_if(
-        panels.begin(), panels.end(), [&](const VEXMELKPanel& panel) { return panel.title == title; });
+    const auto found =
+        std::find_if(panels.begin(), panels.end(), [&](const VEXMELKPanel& panel) { return panel.title == title; });
     const auto position = static_cast<std::size_t>(found - panels.begin());
     if (found == panels.end())
         panels.push_back({title, xAxis, yAxis, unit, {}, false});
@@ -102,8 +102,8 @@ void VEXMELKSheet::NoteText(const std::string& field, const CATUnicodeString& te
         Note(field + ": " + plain);
 }
 
-std::vector<CATUnicodeString> VEXMELKChoicesFor(
-    const VEXMELKSheet& sheet, const VEXMELKDescription& description, std::string_view operation, std::string_view argument)
+std::vector<CATUnicodeString> VEXMELKChoicesFor(const VEXMELKSheet& sheet, const VEXMELKDescription& description,
+    std::string_view operation, std::string_view argument)
 {
     const std::vector<VEXMELKSourceFile> files = VEXMELKLoadFiles(description, sheet.source.Directory());
     std::vector<VEXMELKDocumentText> documents;
@@ -127,7 +127,8 @@ std::vector<CATUnicodeString> VEXMELKChoicesFor(
     return choices;
 }
 
-// The vehicle ----------------------------------------------------------------------------------------------------------
+// The vehicle
+// ----------------------------------------------------------------------------------------------------------
 
 namespace {
 
@@ -239,9 +240,9 @@ void VEXMELKVehicle::DrawAcross(const VEXMELKPen& pen) const
 {
     const double half = width / 2.0;
     const double sill = 0.6 * frontRadius;
-    pen.Outline({{-0.94 * half, sill}, {-half, 0.35 * height}, {-0.98 * half, 0.6 * height}, {-0.74 * half, 0.94 * height},
-        {-0.6 * half, height}, {0.6 * half, height}, {0.74 * half, 0.94 * height}, {0.98 * half, 0.6 * height},
-        {half, 0.35 * height}, {0.94 * half, sill}});
+    pen.Outline({{-0.94 * half, sill}, {-half, 0.35 * height}, {-0.98 * half, 0.6 * height},
+        {-0.74 * half, 0.94 * height}, {-0.6 * half, height}, {0.6 * half, height}, {0.74 * half, 0.94 * height},
+        {0.98 * half, 0.6 * height}, {half, 0.35 * height}, {0.94 * half, sill}});
     pen.Outline({{-0.88 * half, 0.62 * height}, {-0.66 * half, 0.92 * height}, {0.66 * half, 0.92 * height},
         {0.88 * half, 0.62 * height}});
     const double tyre = 0.24 * half;

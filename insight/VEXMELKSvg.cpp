@@ -41,7 +41,8 @@ std::string Pixels(double number)
 {
     std::array<char, 64> digits{};
     const double rounded = std::round(number * 100.0) / 100.0 + 0.0; // no negative zero
-    const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), rounded, std::chars_format::fixed, 2);
+    const auto written =
+        std::to_chars(digits.data(), digits.data() + digits.size(), rounded, std::chars_format::fixed, 2);
     std::string text(digits.data(), written.ptr);
     text.erase(text.find_last_not_of('0') + 1);
     if (text.back() == '.')
@@ -386,7 +387,9 @@ private:
     static std::string ClassesOf(const VEXMELKShape& shape)
     {
         const std::string layer = ClassOf(shape.layer);
-        return shape.role == VEXMELKShape::Axis ? layer + " a" : shape.role == VEXMELKShape::Area ? layer + " f" : layer;
+        return shape.role == VEXMELKShape::Axis   ? layer + " a"
+               : shape.role == VEXMELKShape::Area ? layer + " f"
+                                                  : layer;
     }
 
     static std::string DataOf(const VEXMELKShape& shape)
@@ -452,7 +455,8 @@ private:
         if (shape.isClosed)
             points.push_back(points.front());
         for (std::size_t number = 1; number < points.size(); ++number)
-            m_Lines.push_back({{X(points[number - 1].x), Y(points[number - 1].y)}, {X(points[number].x), Y(points[number].y)}});
+            m_Lines.push_back(
+                {{X(points[number - 1].x), Y(points[number - 1].y)}, {X(points[number].x), Y(points[number].y)}});
     }
 
     // Far enough from its vertex to be seen, and not out of the plot; the customer's outside of the other.
@@ -494,15 +498,16 @@ private:
         std::string texts;
         const auto label = [&](const VEXMELKShape& shape, double x, double y, const char* turn)
         {
-            texts += "<text class=\"b m " + std::string(ClassOf(shape.layer)) + "\" transform=\"translate(" + Pixels(x) +
-                     " " + Pixels(y) + ")" + turn + "\">" + VEXMELKMarkupText(LabelOf(shape)) + "</text>\n";
+            texts += "<text class=\"b m " + std::string(ClassOf(shape.layer)) + "\" transform=\"translate(" +
+                     Pixels(x) + " " + Pixels(y) + ")" + turn + "\">" + VEXMELKMarkupText(LabelOf(shape)) + "</text>\n";
         };
         for (std::size_t number = 0; number < m_AcrossLanes.size(); ++number)
             for (const Dimension& dimension : m_AcrossLanes[number])
             {
                 const double y = top - 5.0 - lane * static_cast<double>(number);
                 for (const VEXMELKSpot& point : dimension.shape->points)
-                    WriteLine(std::string(ClassOf(dimension.shape->layer)) + " x", X(point.x), Y(point.y), X(point.x), y - 3.0);
+                    WriteLine(std::string(ClassOf(dimension.shape->layer)) + " x", X(point.x), Y(point.y), X(point.x),
+                        y - 3.0);
                 WriteDimensionLine(*dimension.shape, left + dimension.from, y, left + dimension.to, y);
                 label(*dimension.shape, left + (dimension.textFrom + dimension.textTo) / 2.0, y - 3.5, "");
             }
@@ -511,7 +516,8 @@ private:
             {
                 const double x = right + 17.0 + lane * static_cast<double>(number);
                 for (const VEXMELKSpot& point : dimension.shape->points)
-                    WriteLine(std::string(ClassOf(dimension.shape->layer)) + " x", X(point.x), Y(point.y), x + 3.0, Y(point.y));
+                    WriteLine(std::string(ClassOf(dimension.shape->layer)) + " x", X(point.x), Y(point.y), x + 3.0,
+                        Y(point.y));
                 WriteDimensionLine(*dimension.shape, x, top + dimension.from, x, top + dimension.to);
                 label(*dimension.shape, x - 3.5, top + (dimension.textFrom + dimension.textTo) / 2.0, "rotate(-90)");
             }
@@ -524,8 +530,8 @@ private:
         std::string path = "M" + Pixels(x1) + " " + Pixels(y1) + "L" + Pixels(x2) + " " + Pixels(y2);
         for (const VEXMELKSpot end : {VEXMELKSpot{x1, y1}, VEXMELKSpot{x2, y2}})
             path += "M" + Pixels(end.x - 3.0) + " " + Pixels(end.y + 3.0) + "l6 -6";
-        *m_Text += "<path class=\"" + std::string(ClassOf(shape.layer)) + " w\"" + DataOf(shape) + " d=\"" + path +
-                   "\"/>\n";
+        *m_Text +=
+            "<path class=\"" + std::string(ClassOf(shape.layer)) + " w\"" + DataOf(shape) + " d=\"" + path + "\"/>\n";
     }
 
     void WriteLabel(const VEXMELKShape& shape)
@@ -590,7 +596,8 @@ private:
             end = std::min(end, std::max(first, second));
             return begin <= end;
         };
-        return clip(from.x, to.x - from.x, place.left, place.right) && clip(from.y, to.y - from.y, place.bottom, place.top);
+        return clip(from.x, to.x - from.x, place.left, place.right) &&
+               clip(from.y, to.y - from.y, place.bottom, place.top);
     }
 
     double CostOf(const Rectangle& place) const
@@ -614,8 +621,8 @@ private:
     double m_UnitsPerMillimetre = 1.0;
     double m_Scale = 1.0; // pixels to a unit
     double m_TickStep = 1.0;
-    Lanes m_AcrossLanes; // above the plot
-    Lanes m_UpLanes;     // to the right of it
+    Lanes m_AcrossLanes;  // above the plot
+    Lanes m_UpLanes;      // to the right of it
     double m_Left = 12.0; // where the plot begins in the panel
     double m_Top = 0.0;
     double m_X0 = 0.0;
@@ -653,8 +660,8 @@ std::string StyleOf(const Colours& colours, const std::string& scope)
                rule(("text." + name).c_str(), "fill:" + colour + ";stroke:" + colours.ground);
     };
     const std::string ground = colours.ground;
-    return rule("text", "font-family:DejaVu Sans,Verdana,Arial,sans-serif;font-size:10px;fill:" +
-                            std::string(colours.text)) +
+    return rule("text",
+               "font-family:DejaVu Sans,Verdana,Arial,sans-serif;font-size:10px;fill:" + std::string(colours.text)) +
            ofLayer("s", colours.surroundings, "1") + ofLayer("d", colours.byDefault, "1.4") +
            ofLayer("c", colours.byCustomer, "1.4") + rule(".a", "stroke-width:.8;stroke-dasharray:7 3 1.5 3") +
            rule(".w", "stroke-width:.9") + rule(".x", "stroke-width:.5;stroke-opacity:.55") +
@@ -716,9 +723,11 @@ private:
     std::string Head(double height) const
     {
         const std::string size = Pixels(m_Width) + " " + Pixels(height);
-        const std::string title = "<title id=\"" + std::string(m_Id) + "-t\">" + VEXMELKMarkupText(m_Drawing.title) + "</title>\n";
-        std::string head = "<svg xmlns=\"http://www.w3.org/2000/svg\" class=\"drawing\" role=\"img\" aria-labelledby=\"" +
-                           std::string(m_Id) + "-t\" viewBox=\"0 0 " + size + "\"";
+        const std::string title =
+            "<title id=\"" + std::string(m_Id) + "-t\">" + VEXMELKMarkupText(m_Drawing.title) + "</title>\n";
+        std::string head =
+            "<svg xmlns=\"http://www.w3.org/2000/svg\" class=\"drawing\" role=\"img\" aria-labelledby=\"" +
+            std::string(m_Id) + "-t\" viewBox=\"0 0 " + size + "\"";
         if (m_Use == VEXMELKSvgUse::Page)
             return head + " width=\"" + Pixels(m_Width) + "\" height=\"" + Pixels(height) + "\">\n" + title;
         const auto millimetres = [](double pixels) { return Pixels(pixels / pixelsPerMillimetre) + "mm"; };
@@ -735,7 +744,8 @@ private:
             if (!m_Drawing.HasLayer(layer))
                 return;
             const std::string middle = Pixels(top + 6.0);
-            body += "<path class=\"" + std::string(ClassOf(layer)) + "\" d=\"M" + Pixels(x) + " " + middle + "h22\"/>\n";
+            body +=
+                "<path class=\"" + std::string(ClassOf(layer)) + "\" d=\"M" + Pixels(x) + " " + middle + "h22\"/>\n";
             body += "<text class=\"l " + std::string(ClassOf(layer)) + "\" x=\"" + Pixels(x + 27.0) + "\" y=\"" +
                     Pixels(top + 9.5) + "\">" + text + "</text>\n";
             x += 27.0 + WidthOf(text) + 22.0;

@@ -11,10 +11,7 @@
 
 namespace {
 
-bool IsPng(const std::string& name)
-{
-    return name.ends_with(".png") || name.ends_with(".PNG");
-}
+bool IsPng(const std::string& name) { return name.ends_with(".png") || name.ends_with(".PNG"); }
 
 ExitStatus RunDraw(const CommandOptions& options, const std::string& output, const Host& host)
 {
@@ -47,8 +44,7 @@ void AddDrawCommands(CommandLine& line)
 {
     CommandOptions& options = line.options;
     const auto output = std::make_shared<std::string>();
-    CLI::App* draw = line.Add(
-        "draw", "A picture of what a standard says, to scale",
+    CLI::App* draw = line.Add("draw", "A picture of what a standard says, to scale",
         [&options, output](const Host& host) { return RunDraw(options, *output, host); }, {"text"});
     draw->add_option("CONFIG", options.configuration, "The configuration")->required();
     draw->add_option("STANDARD", options.standard, "The standard; any text for one without standards")->required();

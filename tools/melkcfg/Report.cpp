@@ -28,8 +28,7 @@ ExitStatus RunReport(const std::string& output, const Host& host)
 void AddReportCommands(CommandLine& line)
 {
     const auto output = std::make_shared<std::string>();
-    CLI::App* report = line.Add(
-        "report", "A page about the whole directory: answers, origins, pictures, verdicts",
+    CLI::App* report = line.Add("report", "A page about the whole directory: answers, origins, pictures, verdicts",
         [output](const Host& host) { return RunReport(*output, host); }, {"text"});
     report->add_option("-o,--output", *output, "FILE.html; standard output without it");
 }

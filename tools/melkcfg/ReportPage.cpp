@@ -1,5 +1,5 @@
-// The page needs no network and no other file, runs only the script whose digest it names, and is the same bytes for the
-// same files.
+// The page needs no network and no other file, runs only the script whose digest it names, and is the same bytes for
+// the same files.
 #include "ReportPage.h"
 
 #include "Digest.h"
@@ -80,17 +80,18 @@ private:
     {
         const std::string style = ReportStyle();
         const std::string date = DateOfReport();
-        m_Text += "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
-                  "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src 'sha256-" +
-                  Sha256Base64(style) + "'; script-src 'sha256-" + Sha256Base64(ReportScript()) +
-                  "'; base-uri 'none'; form-action 'none'\">\n"
-                  "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
-                  "<meta name=\"color-scheme\" content=\"light dark\">\n<meta name=\"referrer\" content=\"no-referrer\">\n"
-                  "<title>Configuration report</title>\n<style>" +
-                  style +
-                  "</style>\n</head>\n<body>\n<a class=\"skip\" href=\"#main\">To the report</a>\n"
-                  "<header>\n<h1>Configuration report</h1>\n<p class=\"faint\">melkcfg " MELKCFG_VERSION +
-                  (date.empty() ? "" : " · " + date) + "</p>\n</header>\n";
+        m_Text +=
+            "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
+            "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src 'sha256-" +
+            Sha256Base64(style) + "'; script-src 'sha256-" + Sha256Base64(ReportScript()) +
+            "'; base-uri 'none'; form-action 'none'\">\n"
+            "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
+            "<meta name=\"color-scheme\" content=\"light dark\">\n<meta name=\"referrer\" content=\"no-referrer\">\n"
+            "<title>Configuration report</title>\n<style>" +
+            style +
+            "</style>\n</head>\n<body>\n<a class=\"skip\" href=\"#main\">To the report</a>\n"
+            "<header>\n<h1>Configuration report</h1>\n<p class=\"faint\">melkcfg " MELKCFG_VERSION +
+            (date.empty() ? "" : " · " + date) + "</p>\n</header>\n";
     }
 
     void WriteBar()
@@ -114,8 +115,9 @@ private:
 
     void WriteContents()
     {
-        m_Text += "<nav aria-label=\"Contents\"><h2>Contents</h2>\n<ul>\n<li><a href=\"#files\">Files</a></li>\n"
-                  "<li><a href=\"#verdicts\">Check</a></li>\n<li><a href=\"#overrides\">What Customer changes</a></li>\n";
+        m_Text +=
+            "<nav aria-label=\"Contents\"><h2>Contents</h2>\n<ul>\n<li><a href=\"#files\">Files</a></li>\n"
+            "<li><a href=\"#verdicts\">Check</a></li>\n<li><a href=\"#overrides\">What Customer changes</a></li>\n";
         for (std::size_t number = 0; number < m_Configurations.size(); ++number)
             m_Text += "<li><a href=\"#" + IdOf(number) + "\">" + Escaped(NameOf(number)) + "</a></li>\n";
         m_Text += "</ul></nav>\n";
@@ -141,8 +143,8 @@ private:
         for (const auto& [name, path] : paths)
         {
             const std::string bytes = BytesOf(path);
-            m_Text += "<tr><th scope=\"row\">" + Escaped(name) + "</th><td class=\"n\">" + std::to_string(bytes.size()) +
-                      "</td><td class=\"hash\">" + Sha256Hex(bytes) + "</td></tr>\n";
+            m_Text += "<tr><th scope=\"row\">" + Escaped(name) + "</th><td class=\"n\">" +
+                      std::to_string(bytes.size()) + "</td><td class=\"hash\">" + Sha256Hex(bytes) + "</td></tr>\n";
         }
         EndTable();
         m_Text += "</section>\n";
@@ -154,23 +156,36 @@ private:
         m_Text += "<section id=\"verdicts\"><h2>Check</h2>\n<p>" + std::to_string(result.files.size()) + " files, " +
                   std::to_string(result.standards) + " standards and " + std::to_string(result.values) +
                   " values were looked at by " + std::to_string(VEXMELKRules().size()) + " rules.</p>\n";
-        if (result.findings.empty())
-            m_Text += "<p><strong>Nothing was found.</strong></p>\n";
-        else
-            BeginTable(std::to_string(result.findings.size()) + " findings",
-                {"Level", "Place", "What is wrong", "What comes of it", "Rule"});
-        for (const VEXMELKFinding& finding : result.findings)
-        {
-            const std::string level(VEXMELKNameOf(finding.level));
-            m_Text += "<tr><td class=\"" + level + "\">" + level + "</td><td><code>" +
-                      Escaped(PlaceText(finding.file, finding.begin)) + "</code></td><td>" + Escaped(finding.message) +
-                      (finding.suggestion.empty() ? "" : "; did you mean " + Escaped(finding.suggestion) + "?") +
-                      "</td><td>" + Escaped(finding.effect) + "</td><td><code>" +
-                      (finding.rule ? Escaped(finding.rule->id) : "") + "</code></td></tr>\n";
-        }
-        if (!result.findings.empty())
-            EndTable();
+        WriteFindings(result, VEXMELKLevel::Error);
+        WriteFindings(result, VEXMELKLevel::Warning);
+        WriteFindings(result, VEXMELKLevel::Note);
         m_Text += "</section>\n";
+    }
+
+    // Notes are behind a line that opens them.
+    void WriteFindings(const VEXMELKCheckResult& result, VEXMELKLevel level)
+    {
+        const std::string name(VEXMELKNameOf(level));
+        const auto isOfLevel = [&](const VEXMELKFinding& finding) { return finding.level == level; };
+        const auto count = std::count_if(result.findings.begin(), result.findings.end(), isOfLevel);
+        const std::string title = std::to_string(count) + " " + name + (count == 1 ? "" : "s");
+        if (count == 0)
+        {
+            m_Text += "<p>" + title + "</p>\n";
+            return;
+        }
+        m_Text += "<details" + std::string(level == VEXMELKLevel::Note ? "" : " open") + "><summary class=\"" + name +
+                  "\">" + title + "</summary>\n";
+        BeginTable(title, {"Place", "What is wrong", "What comes of it", "Rule"});
+        for (const VEXMELKFinding& finding : result.findings)
+            if (isOfLevel(finding))
+                m_Text += "<tr><td><code>" + Escaped(PlaceText(finding.file, finding.begin)) + "</code></td><td>" +
+                          Escaped(finding.message) +
+                          (finding.suggestion.empty() ? "" : "; did you mean " + Escaped(finding.suggestion) + "?") +
+                          "</td><td>" + Escaped(finding.effect) + "</td><td><code>" +
+                          (finding.rule ? Escaped(finding.rule->id) : "") + "</code></td></tr>\n";
+        EndTable();
+        m_Text += "</details>\n";
     }
 
     static std::string ValueText(const std::optional<VEXMELKPlainValue>& value, const std::string& unit)
@@ -199,13 +214,15 @@ private:
         const std::string count = std::to_string(comparison.changes.size());
         m_Text += "<details><summary>" + count + " values of " + std::to_string(comparison.questions) +
                   " questions</summary>\n";
-        BeginTable("against the Default files alone", {"Configuration", "Question", "Field", "Default", "Customer", "Change"});
+        BeginTable(
+            "against the Default files alone", {"Configuration", "Question", "Field", "Default", "Customer", "Change"});
         for (const VEXMELKChange& change : comparison.changes)
         {
             m_Text += "<tr><td>" + Escaped(change.configuration->description->name) + "</td><td>" +
                       Escaped(std::string(change.question.Operation().Name()) + " " + change.question.ArgumentText()) +
-                      "</td><td>" + Escaped(change.field) + "</td><td>" + Escaped(ValueText(change.before, change.unit)) +
-                      "</td><td class=\"customer\">" + Escaped(ValueText(change.after, change.unit)) + "</td><td class=\"n\">";
+                      "</td><td>" + Escaped(change.field) + "</td><td>" +
+                      Escaped(ValueText(change.before, change.unit)) + "</td><td class=\"customer\">" +
+                      Escaped(ValueText(change.after, change.unit)) + "</td><td class=\"n\">";
             if (change.percent)
                 m_Text += Escaped((*change.percent > 0.0 ? "+" : "") + VEXMELKNumberText(*change.percent) + " %");
             m_Text += "</td></tr>\n";
@@ -223,7 +240,8 @@ private:
             files += (files.empty() ? "" : ", ") + file.name;
         m_Text += "<section class=\"configuration\" id=\"" + IdOf(number) + "\" data-about=\"" +
                   Escaped(std::string(description.meaning) + " " + files) + "\"><h2>" + Escaped(description.name) +
-                  "</h2>\n<p>" + Escaped(description.meaning) + " <span class=\"faint\">" + Escaped(files) + "</span></p>\n";
+                  "</h2>\n<p>" + Escaped(description.meaning) + " <span class=\"faint\">" + Escaped(files) +
+                  "</span></p>\n";
         if (!made.standards.front().name.empty())
             WriteMatrix(number);
         for (std::size_t cell = 0; cell < made.cells.size(); ++cell)
@@ -243,8 +261,8 @@ private:
         for (const VEXMELKReportStandard& standard : made.standards)
         {
             m_Text += "<tr><th scope=\"row\"" + std::string(standard.isCustomers ? " class=\"customer\"" : "") + ">" +
-                      Escaped(standard.name) + (standard.isReplaced ? " <span class=\"faint\">(replaces Default’s)</span>" : "") +
-                      "</th>";
+                      Escaped(standard.name) +
+                      (standard.isReplaced ? " <span class=\"faint\">(replaces Default’s)</span>" : "") + "</th>";
             for (const std::string& category : made.categories)
                 WriteMatrixCell(number, standard, category);
             m_Text += "</tr>\n";
@@ -258,7 +276,8 @@ private:
         {
             const std::vector<VEXMELKReportCell>& cells = m_Configurations[number].cells;
             const auto found = std::find_if(cells.begin(), cells.end(),
-                [&](const VEXMELKReportCell& cell) { return cell.standard == standard.name && cell.category == wanted; });
+                [&](const VEXMELKReportCell& cell)
+                { return cell.standard == standard.name && cell.category == wanted; });
             return found == cells.end() ? std::string() : IdOf(number, static_cast<std::size_t>(found - cells.begin()));
         };
         const std::string own = cellOf(category);
@@ -272,8 +291,8 @@ private:
         const std::string meaning = standard.name + ", " + category +
                                     (standard.isCustomers ? ": Customer" : ": Default") +
                                     (own.empty() ? ", falls back to default" : "");
-        m_Text += "<td><a href=\"#" + (own.empty() ? fallBack : own) + "\" aria-label=\"" + Escaped(meaning) + "\">" + whose +
-                  (own.empty() ? "&nbsp;f" : "") + "</a></td>";
+        m_Text += "<td><a href=\"#" + (own.empty() ? fallBack : own) + "\" aria-label=\"" + Escaped(meaning) + "\">" +
+                  whose + (own.empty() ? "&nbsp;f" : "") + "</a></td>";
     }
 
     void WriteCell(std::size_t number, std::size_t position)
@@ -284,7 +303,8 @@ private:
         const auto standard = std::find_if(made.standards.begin(), made.standards.end(),
             [&](const VEXMELKReportStandard& entry) { return entry.name == cell.standard; });
         const bool isCustomers = standard != made.standards.end() && standard->isCustomers;
-        std::string title = cell.standard + (cell.standard.empty() || cell.category.empty() ? "" : " · ") + cell.category;
+        std::string title =
+            cell.standard + (cell.standard.empty() || cell.category.empty() ? "" : " · ") + cell.category;
         if (title.empty())
             title = "all";
         m_Text += "<details class=\"cell" + std::string(isCustomers ? " by-customer" : "") + "\" id=\"" + id +
@@ -325,9 +345,9 @@ private:
         {
             const std::string where = place.file.empty() ? place.how : PlaceText(place.file, place.position);
             const bool isCustomers = place.file.starts_with("Customer/");
-            const std::string line = "<code" + std::string(isCustomers ? " class=\"customer\"" : "") + ">" + Escaped(where) +
-                                     "</code> <span class=\"faint\">" + Escaped(place.why.empty() ? place.how : place.why) +
-                                     "</span>";
+            const std::string line = "<code" + std::string(isCustomers ? " class=\"customer\"" : "") + ">" +
+                                     Escaped(where) + "</code> <span class=\"faint\">" +
+                                     Escaped(place.why.empty() ? place.how : place.why) + "</span>";
             if (isFirst)
                 m_Text += line;
             else
