@@ -1,8 +1,8 @@
-// Drawings to scale: panels of shapes in millimetres or degrees. What stands in a drawing is geometry only; where labels
-// find room, and which colours the layers have, is the writer's business (VEXMELKSvg.h).
+// Drawings to scale: panels of shapes in millimetres or degrees. What stands in a drawing is geometry only; where
+// labels find room, and which colours the layers have, is the writer's business (VEXMELKSvg.h).
 //
-// In a panel the first axis points to the right and the second one up. Turns are counted from the first axis towards the
-// second, in degrees.
+// In a panel the first axis points to the right and the second one up. Turns are counted from the first axis towards
+// the second, in degrees.
 #ifndef VEXMELKDrawing_H
 #define VEXMELKDrawing_H
 
@@ -24,8 +24,8 @@ enum class VEXMELKLayer
     Customer
 };
 
-// A value as a picture tells of it: the field it stands in, the text that was handed out, and its number in millimetres,
-// degrees or percent. One that is not given draws nothing.
+// A value as a picture tells of it: the field it stands in, the text that was handed out, and its number in
+// millimetres, degrees or percent. One that is not given draws nothing.
 struct VEXMELKMeasure
 {
     std::string field;
@@ -60,10 +60,10 @@ struct VEXMELKShape
     bool isClosed = false;
     double radiusX = 0.0; // of an ellipse; of an angle, that of its arc
     double radiusY = 0.0;
-    double turn = 0.0;       // of an ellipse; of an angle, where it begins
-    double endTurn = 0.0;    // of an angle
-    VEXMELKMeasure measure;  // of a dimension; the field of an outline that shows one value
-    std::string label;       // of a mark or label
+    double turn = 0.0;      // of an ellipse; of an angle, where it begins
+    double endTurn = 0.0;   // of an angle
+    VEXMELKMeasure measure; // of a dimension; the field of an outline that shows one value
+    std::string label;      // of a mark or label
     bool operator==(const VEXMELKShape&) const = default;
 };
 
@@ -109,7 +109,8 @@ public:
     void Axis(VEXMELKSpot from, VEXMELKSpot to) const;
     void Outline(std::vector<VEXMELKSpot> points, const VEXMELKMeasure& measure = {}) const;
     void Area(std::vector<VEXMELKSpot> points, const VEXMELKMeasure& measure = {}) const;
-    void Ellipse(VEXMELKSpot centre, double radiusX, double radiusY, double turn, const VEXMELKMeasure& measure = {}) const;
+    void Ellipse(
+        VEXMELKSpot centre, double radiusX, double radiusY, double turn, const VEXMELKMeasure& measure = {}) const;
     void Circle(VEXMELKSpot centre, double radius, const VEXMELKMeasure& measure = {}) const;
     void Mark(VEXMELKSpot at, const std::string& label, const VEXMELKMeasure& measure = {}) const;
     void Label(VEXMELKSpot at, const std::string& label) const;
@@ -119,7 +120,8 @@ public:
     // A line from a point under a turn.
     void Ray(VEXMELKSpot from, double turn, double length, const VEXMELKMeasure& measure = {}) const;
     // The part of a circle between two turns, filled.
-    void Sector(VEXMELKSpot centre, double fromTurn, double toTurn, double radius, const VEXMELKMeasure& measure = {}) const;
+    void Sector(
+        VEXMELKSpot centre, double fromTurn, double toTurn, double radius, const VEXMELKMeasure& measure = {}) const;
 
 private:
     VEXMELKShape& Add(VEXMELKShape::Kind kind, std::vector<VEXMELKSpot> points, const VEXMELKMeasure& measure) const;

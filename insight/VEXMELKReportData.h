@@ -9,8 +9,9 @@
 
 #include <functional>
 
-// A question with its answer. Origins are those of the first question of an operation in a cell: the others, which differ
-// in a travel or a name, have values alone, because proving where a value comes from takes a thousand times its query.
+// A question with its answer. Origins are those of the first question of an operation in a cell: the others, which
+// differ in a travel or a name, have values alone, because proving where a value comes from takes a thousand times its
+// query.
 struct VEXMELKReportAnswer
 {
     std::string operation;
@@ -30,8 +31,8 @@ struct VEXMELKReportCell
 struct VEXMELKReportStandard
 {
     std::string name;
-    bool isCustomers = false;   // the Customer file has it
-    bool isReplaced = false;    // and the Default file too: that one plays no part
+    bool isCustomers = false;            // the Customer file has it
+    bool isReplaced = false;             // and the Default file too: that one plays no part
     std::vector<std::string> categories; // of the element that counts
 };
 

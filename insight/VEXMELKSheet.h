@@ -1,5 +1,5 @@
-// What the functions that draw a configuration work with: the answers of a directory, and a drawing for one layer of it.
-// Each of them asks the operations that a check asks, and lays their values out.
+// What the functions that draw a configuration work with: the answers of a directory, and a drawing for one layer of
+// it. Each of them asks the operations that a check asks, and lays their values out.
 #ifndef VEXMELKSheet_H
 #define VEXMELKSheet_H
 
@@ -98,8 +98,8 @@ inline std::string VEXMELKPlain(const CATUnicodeString& text) { return text.Conv
 double VEXMELKDegrees(double radians);
 
 // The names that an argument of an operation may have for the sheet's standard and category, as the files have them.
-std::vector<CATUnicodeString> VEXMELKChoicesFor(
-    const VEXMELKSheet& sheet, const VEXMELKDescription& description, std::string_view operation, std::string_view argument);
+std::vector<CATUnicodeString> VEXMELKChoicesFor(const VEXMELKSheet& sheet, const VEXMELKDescription& description,
+    std::string_view operation, std::string_view argument);
 
 using VEXMELKDraw = void (*)(const VEXMELKSheet& sheet);
 

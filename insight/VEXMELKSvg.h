@@ -2,7 +2,8 @@
 // find room. The same drawing gives the same bytes, whatever the locale.
 //
 // The group of a panel tells how its numbers became places: data-x0, data-y0 and data-scale, so that the value x stands
-// at data-x0 + data-scale * x and y at data-y0 - data-scale * y. Shapes that show a value have data-field and data-value.
+// at data-x0 + data-scale * x and y at data-y0 - data-scale * y. Shapes that show a value have data-field and
+// data-value.
 #ifndef VEXMELKSvg_H
 #define VEXMELKSvg_H
 

@@ -4,6 +4,8 @@
 
 #include "VEXMELKReader.h"
 
+#include <algorithm>
+
 namespace {
 
 using Record = PedestrianProtectionDefinition;
@@ -231,10 +233,15 @@ CATUnicodeString VEXMELKPedestrianProtectionConfig::GetOptionalStringValue(const
 int VEXMELKPedestrianProtectionConfig::GetOptionalIntValue(
     const CATIDOMNamedNodeMap_var& attributes, const CATUnicodeString& name, int defaultValue)
 {
-    const VEXMELKRow row{.attribute = name,
+    const VEXMELKRow other{.attribute = name,
         .kind = VEXMELKKind::Integer,
         .form = VEXMELKForm::Integer,
         .whenMissing = {.integer = defaultValue}};
+    // Whoever watches keeps the row: it has to live on.
+    const auto& described = areaTable.rows;
+    const auto* const known = std::find_if(described.begin(), described.end(),
+        [&](const VEXMELKRow& candidate) { return candidate.attribute == std::string_view(name); });
+    const VEXMELKRow& row = known == described.end() ? other : *known;
     CATUnicodeString text;
     int value = 0;
     const bool converts = ReadText(Decimals(), attributes, row, text) && text.ConvertToNum(&value, "%d");

@@ -17,7 +17,7 @@ draw EyeEllipses "Eye Ellipses 1997" default eye-ellipses
 draw CrashBarriers "In-house 2024" default crash-barriers
 
 # A few files, so that the page stays small.
-for file in OVA/UFCurb OVA/CrashBarriers OVA/LampPositions Vision/FieldsOfView Toolbox/Wipers; do
+for file in OVA/UFCurb OVA/CrashBarriers Toolbox/Wipers; do
     for tree in Default Customer; do
         install -D -m 644 "configuration/$tree/$file.xml" "$made/configuration/$tree/$file.xml"
     done

@@ -72,7 +72,8 @@ public:
         {
             const std::string path = element.substr(element.find(" d=\""));
             const std::regex place("[ML]([-0-9.]+) ([-0-9.]+)");
-            for (auto match = std::sregex_iterator(path.begin(), path.end(), place); match != std::sregex_iterator(); ++match)
+            for (auto match = std::sregex_iterator(path.begin(), path.end(), place); match != std::sregex_iterator();
+                 ++match)
                 points.emplace_back(X(std::stod((*match)[1])), Y(std::stod((*match)[2])));
         }
         else
@@ -121,12 +122,13 @@ TEST_F(PictureTest, MarksLieWhereTheNumbersSay)
         {"UFCurb", "EU Passenger Car", "suv", "Front end", "FrontOffset", "d", "-345 180 -930 180"},
         {"UFCurb", "In-house 2024", "default", "Front end", "FrontOffset", "d", "-302 130 -900 130"},
         {"UFCurb", "In-house 2024", "default", "Front end", "FrontOffset", "c", "-302 135 -900 135"},
-        {"EyeEllipses", "Eye Ellipses 1997", "default", "Side view, by H-point travel", "95% cutoffLength", "d", "9 636"},
+        {"EyeEllipses", "Eye Ellipses 1997", "default", "Side view, by H-point travel", "95% cutoffLength", "d",
+            "9 636"},
         {"EyePoints", "V and P Points", "default", "Side view", "top V", "d", "68 665"},
         {"EyePoints", "V and P Points", "default", "Plan view", "right P", "d", "63 47"},
         {"FieldsOfView", "EU Passenger Car", "default", "Field A", "A0", "d", "-13 -1 20 -1 20 3 -13 3"},
-        {"ERFieldsOfView", "EU Passenger Car", "default", "Field reduced B, driver's half", "upper area bottom_angle", "d",
-            "-15 4 0 4 0 7 -15 7"},
+        {"ERFieldsOfView", "EU Passenger Car", "default", "Field reduced B, driver's half", "upper area bottom_angle",
+            "d", "-15 4 0 4 0 7 -15 7"},
         {"DirectView", "EU Passenger Car", "default", "Side view", "Traffic light", "d", "-12900 5000"},
         {"Mirror", "EU Passenger Car", "default", "Mirror: Driver exterior", "point 1", "d", "5380 -1900"},
         {"NumberPlates", "EU Passenger Car", "suv", "Back plate, from the rear", "BackLowerLimit", "d",
@@ -165,8 +167,8 @@ TEST_F(PictureTest, MarksLieWhereTheNumbersSay)
 
 TEST_F(PictureTest, EllipsesHaveTheirAxesAndTurn)
 {
-    const DrawnPanel panel(SvgOf(SAMPLE_CONFIGURATION, "EyeEllipses", "Eye Ellipses 1997", "default"),
-        "Side view, by H-point travel");
+    const DrawnPanel panel(
+        SvgOf(SAMPLE_CONFIGURATION, "EyeEllipses", "Eye Ellipses 1997", "default"), "Side view, by H-point travel");
     const std::string ellipse = panel.Elements("99% cutoffLength", "d", false).front();
     EXPECT_NEAR(DrawnPanel::Attribute(ellipse, "rx") / panel.Scale(), 267.0 / 2.0, 0.02);
     EXPECT_NEAR(DrawnPanel::Attribute(ellipse, "ry") / panel.Scale(), 122.0 / 2.0, 0.02);
@@ -221,9 +223,10 @@ TEST_F(PictureTest, LayersStandOverOneAnother)
 
 TEST_F(PictureTest, TextsOfFilesAreEscaped)
 {
-    directory.Write("Default/OVA/LampPositions.xml", R"(<c><standard name="&lt;b&gt;&amp;&quot;"><category name="default">)"
-                                                     R"(<Lamp Abbr="&lt;script&gt;" Descr="]]&gt;&#9;'" IsFront="true" )"
-                                                     R"(MinVerticalSpace="5" MaxVerticalSpace="9"/></category></standard></c>)");
+    directory.Write("Default/OVA/LampPositions.xml",
+        R"(<c><standard name="&lt;b&gt;&amp;&quot;"><category name="default">)"
+        R"(<Lamp Abbr="&lt;script&gt;" Descr="]]&gt;&#9;'" IsFront="true" )"
+        R"(MinVerticalSpace="5" MaxVerticalSpace="9"/></category></standard></c>)");
     const std::string svg = SvgOf(directory.Path(), "LampPositions", "<b>&\"", "default");
     EXPECT_THAT(svg, HasSubstr("&lt;b&gt;&amp;&quot;"));
     EXPECT_THAT(svg, HasSubstr("From the front: &lt;script&gt;"));
@@ -232,12 +235,14 @@ TEST_F(PictureTest, TextsOfFilesAreEscaped)
 
 TEST_F(PictureTest, WhatCannotBeDrawnIsTold)
 {
-    directory.Write("Default/OVA/UFCurb.xml", OneCategory(R"(front_offset="wide" back_offset="1e300km" back_angle="9")"));
+    directory.Write(
+        "Default/OVA/UFCurb.xml", OneCategory(R"(front_offset="wide" back_offset="1e300km" back_angle="9")"));
     const std::string svg = SvgOf(directory.Path(), "UFCurb", "S", "default");
     EXPECT_THAT(svg, HasSubstr("FrontOffset is &quot;wide&quot;, which is no length"));
     EXPECT_THAT(svg, HasSubstr("BackOffset is &quot;1e300km&quot;, which is no length"));
     EXPECT_THAT(svg, HasSubstr("BackAngle 9deg"));
-    EXPECT_TRUE(VEXMELKPictures{CATUnicodeString(directory.Path())}.Draw(EntryOf("UFCurb"), "T", "default").panels.empty());
+    EXPECT_TRUE(
+        VEXMELKPictures{CATUnicodeString(directory.Path())}.Draw(EntryOf("UFCurb"), "T", "default").panels.empty());
 }
 
 // Every configuration that is drawn has a picture in the sample, of numbers only, and the same each time.

@@ -156,23 +156,36 @@ private:
         m_Text += "<section id=\"verdicts\"><h2>Check</h2>\n<p>" + std::to_string(result.files.size()) + " files, " +
                   std::to_string(result.standards) + " standards and " + std::to_string(result.values) +
                   " values were looked at by " + std::to_string(VEXMELKRules().size()) + " rules.</p>\n";
-        if (result.findings.empty())
-            m_Text += "<p><strong>Nothing was found.</strong></p>\n";
-        else
-            BeginTable(std::to_string(result.findings.size()) + " findings",
-                {"Level", "Place", "What is wrong", "What comes of it", "Rule"});
-        for (const VEXMELKFinding& finding : result.findings)
-        {
-            const std::string level(VEXMELKNameOf(finding.level));
-            m_Text += "<tr><td class=\"" + level + "\">" + level + "</td><td><code>" +
-                      Escaped(PlaceText(finding.file, finding.begin)) + "</code></td><td>" + Escaped(finding.message) +
-                      (finding.suggestion.empty() ? "" : "; did you mean " + Escaped(finding.suggestion) + "?") +
-                      "</td><td>" + Escaped(finding.effect) + "</td><td><code>" +
-                      (finding.rule ? Escaped(finding.rule->id) : "") + "</code></td></tr>\n";
-        }
-        if (!result.findings.empty())
-            EndTable();
+        WriteFindings(result, VEXMELKLevel::Error);
+        WriteFindings(result, VEXMELKLevel::Warning);
+        WriteFindings(result, VEXMELKLevel::Note);
         m_Text += "</section>\n";
+    }
+
+    // Notes are behind a line that opens them.
+    void WriteFindings(const VEXMELKCheckResult& result, VEXMELKLevel level)
+    {
+        const std::string name(VEXMELKNameOf(level));
+        const auto isOfLevel = [&](const VEXMELKFinding& finding) { return finding.level == level; };
+        const auto count = std::count_if(result.findings.begin(), result.findings.end(), isOfLevel);
+        const std::string title = std::to_string(count) + " " + name + (count == 1 ? "" : "s");
+        if (count == 0)
+        {
+            m_Text += "<p>" + title + "</p>\n";
+            return;
+        }
+        m_Text += "<details" + std::string(level == VEXMELKLevel::Note ? "" : " open") + "><summary class=\"" + name +
+                  "\">" + title + "</summary>\n";
+        BeginTable(title, {"Place", "What is wrong", "What comes of it", "Rule"});
+        for (const VEXMELKFinding& finding : result.findings)
+            if (isOfLevel(finding))
+                m_Text += "<tr><td><code>" + Escaped(PlaceText(finding.file, finding.begin)) + "</code></td><td>" +
+                          Escaped(finding.message) +
+                          (finding.suggestion.empty() ? "" : "; did you mean " + Escaped(finding.suggestion) + "?") +
+                          "</td><td>" + Escaped(finding.effect) + "</td><td><code>" +
+                          (finding.rule ? Escaped(finding.rule->id) : "") + "</code></td></tr>\n";
+        EndTable();
+        m_Text += "</details>\n";
     }
 
     static std::string ValueText(const std::optional<VEXMELKPlainValue>& value, const std::string& unit)
