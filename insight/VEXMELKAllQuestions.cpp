@@ -30,6 +30,8 @@ public:
     {
     }
 
+    std::size_t LeftOut() const { return m_LeftOut; }
+
     std::vector<VEXMELKPreparedQuestion> All()
     {
         std::set<std::string_view> known;
@@ -44,12 +46,14 @@ private:
     void AddOperation(const VEXMELKOperation& operation)
     {
         std::vector<std::vector<Input>> questions = {{}};
+        std::size_t all = 1;
         const auto question = operation.NewQuestion();
         for (std::size_t position = 0; position < operation.Parameters().size(); ++position)
         {
             const Choices choices = ChoicesFor(operation.Parameters()[position], question->Parameter(position));
             if (choices.empty())
                 continue;
+            all *= choices.size();
             std::vector<std::vector<Input>> longer;
             for (const std::vector<Input>& inputs : questions)
                 for (const VEXMELKPlainValue& choice : choices)
@@ -60,6 +64,7 @@ private:
                     }
             questions = std::move(longer);
         }
+        m_LeftOut += all - questions.size();
         for (std::vector<Input>& inputs : questions)
             m_Questions.emplace_back(operation, std::move(inputs));
     }
@@ -226,6 +231,7 @@ private:
     const VEXMELKDescription& m_Description;
     const Documents& m_Documents;
     std::vector<VEXMELKPreparedQuestion> m_Questions;
+    std::size_t m_LeftOut = 0;
 };
 
 void AppendAttributes(VEXMELKAttributeValues& attributes, std::string_view names)
@@ -289,14 +295,19 @@ std::string VEXMELKPreparedQuestion::ArgumentText() const
 {
     std::string text;
     for (const Input& input : m_Inputs)
-        if (!m_Operation->Parameters()[input.parameter].IsOutput())
+        // The names of the attributes that are to be filled would fill pages.
+        if (!m_Operation->Parameters()[input.parameter].IsOutput() || std::holds_alternative<long>(input.value))
             text += (text.empty() ? "" : " ") + std::string(m_Operation->Parameters()[input.parameter].name) + "=" +
                     VEXMELKTextOf(input.value);
     return text;
 }
 
 std::vector<VEXMELKPreparedQuestion> VEXMELKAllQuestions(
-    const VEXMELKDescription& description, const Documents& documents)
+    const VEXMELKDescription& description, const Documents& documents, std::size_t* leftOut)
 {
-    return Generator(description, documents).All();
+    Generator generator(description, documents);
+    std::vector<VEXMELKPreparedQuestion> questions = generator.All();
+    if (leftOut)
+        *leftOut += generator.LeftOut();
+    return questions;
 }

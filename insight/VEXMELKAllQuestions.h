@@ -26,7 +26,7 @@ public:
     std::unique_ptr<VEXMELKQuestion> New() const override;
     const std::vector<Input>& Inputs() const { return m_Inputs; }
 
-    // "standard=EU Passenger Car category=suv".
+    // "standard=EU Passenger Car category=suv"; with the integer of an output that chooses what is asked for.
     std::string ArgumentText() const;
 
 private:
@@ -34,8 +34,9 @@ private:
     std::vector<Input> m_Inputs;
 };
 
-// The texts of all documents are taken together, so that the questions are meaningful for each of them.
-std::vector<VEXMELKPreparedQuestion> VEXMELKAllQuestions(
-    const VEXMELKDescription& description, const std::vector<const VEXMELKDocumentText*>& documents);
+// The texts of all documents are taken together, so that the questions are meaningful for each of them. An operation
+// has at most 200,000 questions; "leftOut" gets the number of those past that.
+std::vector<VEXMELKPreparedQuestion> VEXMELKAllQuestions(const VEXMELKDescription& description,
+    const std::vector<const VEXMELKDocumentText*>& documents, std::size_t* leftOut = nullptr);
 
 #endif

@@ -175,16 +175,18 @@ std::string VEXMELKDocumentText::Without(std::size_t element) const
     return m_Text.substr(0, m_Elements[element].begin) + m_Text.substr(m_Elements[element].end);
 }
 
-std::string VEXMELKDocumentText::PathOf(std::size_t element) const
+std::string VEXMELKDocumentText::PathOf(std::size_t element) const { return VEXMELKPathOf(m_Elements[element].node); }
+
+std::string VEXMELKPathOf(const CATIDOMElement_var& element)
 {
     std::string path;
     std::size_t steps = 0;
-    for (std::size_t at = element; at != none; at = m_Elements[at].parent)
+    for (CATIDOMElement_var at = element; at != NULL_var; at = CATIDOMElement_var(at->GetParentNode()))
     {
         if (++steps > longestPath)
             return "..." + path;
-        const std::string key = SlotOf(at, "name") == none ? "" : "[name='" + std::string(TextOf(at, "name")) + "']";
-        path.insert(0, "/" + std::string(m_Elements[at].node->GetTagName()) + key);
+        const auto name = at->GetAttributes()->GetNamedItemValue("name");
+        path.insert(0, "/" + std::string(at->GetTagName()) + (name ? "[name='" + std::string(*name) + "']" : ""));
     }
     return path;
 }

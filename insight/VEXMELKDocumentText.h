@@ -77,6 +77,9 @@ private:
     std::map<std::pair<int, int>, std::size_t> m_Places;
 };
 
+// "/configuration/standard[name='S']/category[name='suv']".
+std::string VEXMELKPathOf(const CATIDOMElement_var& element);
+
 // A text as it is written in an attribute's value, whatever the quotes.
 std::string VEXMELKEscaped(std::string_view text);
 

@@ -86,18 +86,6 @@ Beginning BeginningOf(std::string_view text)
 }
 
 // The text as the library adapts it, all but the decimal separator.
-std::string Adapted(const VEXMELKRow& row, std::string_view text)
-{
-    if (row.isAsWritten)
-        return std::string(text);
-    std::string adapted(CATStripped(text));
-    if (row.unit == "%")
-        adapted.erase(std::remove(adapted.begin(), adapted.end(), '%'), adapted.end());
-    else if (!adapted.empty() && CATIsDigit(adapted.back()))
-        adapted += row.unit;
-    return adapted;
-}
-
 // What the check gets of a text that is no number.
 std::string EffectOfNone(const VEXMELKRow& row, std::string_view text)
 {
@@ -192,7 +180,7 @@ Judgement JudgeQuantity(const VEXMELKRow& row, std::string_view text)
         return PastRange(row, stripped);
     if (!beginning.isNumber)
         return NoNumber(row, stripped);
-    const std::string adapted = Adapted(row, text);
+    const std::string adapted = VEXMELKAdapted(row, text);
     const bool isBare = CATStripped(beginning.rest).empty();
     const bool isHandedOutAsNumber = row.form != VEXMELKForm::Text || !row.countsAs.empty();
     const std::string usual = row.kind == VEXMELKKind::Angle ? "deg" : "mm";
@@ -368,6 +356,18 @@ std::optional<VEXMELKJudgement> VEXMELKJudge(const std::vector<const VEXMELKRow*
     return worst;
 }
 
+std::string VEXMELKAdapted(const VEXMELKRow& row, std::string_view text)
+{
+    if (row.isAsWritten)
+        return std::string(text);
+    std::string adapted(CATStripped(text));
+    if (row.unit == "%")
+        adapted.erase(std::remove(adapted.begin(), adapted.end(), '%'), adapted.end());
+    else if (!adapted.empty() && CATIsDigit(adapted.back()))
+        adapted += row.unit;
+    return adapted;
+}
+
 std::optional<double> VEXMELKAmountOf(const VEXMELKRow& row, std::string_view text)
 {
     if (!IsNumeric(row.kind))
@@ -376,7 +376,7 @@ std::optional<double> VEXMELKAmountOf(const VEXMELKRow& row, std::string_view te
     if (row.kind == VEXMELKKind::Angle)
         return CATAngleFromText(text, amount) ? std::optional(amount) : std::nullopt;
     if (row.kind == VEXMELKKind::Length)
-        return CATLengthFromText(Adapted(row, text), amount) ? std::optional(amount) : std::nullopt;
+        return CATLengthFromText(VEXMELKAdapted(row, text), amount) ? std::optional(amount) : std::nullopt;
     const Beginning beginning = BeginningOf(CATStripped(text));
     return beginning.isNumber ? std::optional(beginning.number) : std::nullopt;
 }

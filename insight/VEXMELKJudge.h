@@ -25,6 +25,9 @@ std::optional<VEXMELKJudgement> VEXMELKJudge(const std::vector<const VEXMELKRow*
 // The quantity or number that a row takes the text for: metres, radians or plain; nothing for other texts and rows.
 std::optional<double> VEXMELKAmountOf(const VEXMELKRow& row, std::string_view text);
 
+// The text as a row that hands out texts gives it, with decimal points: stripped, with its unit.
+std::string VEXMELKAdapted(const VEXMELKRow& row, std::string_view text);
+
 // A text of a file as a message shows it: in quotes, shortened, without characters that a terminal acts upon.
 std::string VEXMELKQuoted(std::string_view text);
 

@@ -58,46 +58,64 @@ void Disturb(const VEXMELKValue& variable, const std::string& word)
 class Explainer
 {
 public:
-    Explainer(const VEXMELKConfigManager::Configuration& configuration, const VEXMELKAskable& askable,
-        const CATUnicodeString& directory)
-        : m_Description(*configuration.description),
+    Explainer(const VEXMELKDescription& description, const VEXMELKAskable& askable, VEXMELKTrial& trial,
+        VEXMELKFilePlaces& places)
+        : m_Description(description),
           m_Elements(VEXMELKElementsOf(m_Description)),
           m_Askable(askable),
-          m_Directory(directory.ConvertToChar()),
-          m_Standard(ArgumentOf(VEXMELKRole::Standard)),
-          m_Category(ArgumentOf(VEXMELKRole::Category)),
-          m_Trial(configuration, directory, m_Standard)
+          m_Category(VEXMELKArgumentOf(askable, VEXMELKRole::Category)),
+          m_Trial(trial),
+          m_Places(places)
     {
     }
 
     VEXMELKExplanation Explain()
     {
-        const VEXMELKSilence silence;
         const auto begin = std::chrono::steady_clock::now();
-        m_Answer = m_Trial.Ask(m_Askable, &m_Reads);
-        m_Fields = m_Answer.Fields();
+        Ask();
         const std::chrono::duration<double> once = std::chrono::steady_clock::now() - begin;
-        m_Changes.resize(m_Fields.size());
-
         VEXMELKExplanation explanation;
         explanation.result = m_Answer.result;
         explanation.reason = VEXMELKReason(m_Trial, m_Askable, m_Answer);
         explanation.leftOut = TryAll(secondsForTrials / std::max(once.count(), 1e-6));
         FindKept();
-        for (std::size_t field = 0; field < m_Fields.size(); ++field)
-            explanation.fields.push_back(OriginOf(field));
+        AddOrigins(explanation);
+        return explanation;
+    }
+    VEXMELKExplanation ExplainByReads(const std::set<std::string>& fields)
+    {
+        Ask();
+        TryReads();
+        VEXMELKExplanation explanation;
+        explanation.result = m_Answer.result;
+        const auto addOrigins = [&]
+        {
+            for (std::size_t field = 0; field < m_Fields.size(); ++field)
+                if (fields.count(m_Fields[field].field) != 0)
+                    explanation.fields.push_back(OriginOf(field));
+        };
+        addOrigins();
+        const auto isOpen = [](const VEXMELKOrigin& origin) { return origin.places.front().file.empty(); };
+        if (std::any_of(explanation.fields.begin(), explanation.fields.end(), isOpen))
+        {
+            TryKeys();
+            explanation.fields.clear();
+            addOrigins();
+        }
         return explanation;
     }
 
 private:
-    std::optional<std::string> ArgumentOf(VEXMELKRole role) const
+    void Ask()
     {
-        const auto parameters = m_Askable.Operation().Parameters();
-        const std::unique_ptr<VEXMELKQuestion> question = m_Askable.New();
-        for (std::size_t position = 0; position < parameters.size(); ++position)
-            if (parameters[position].role == role)
-                return (*std::get<CATUnicodeString*>(question->Parameter(position))).ConvertToChar();
-        return std::nullopt;
+        m_Answer = m_Trial.Ask(m_Askable, &m_Reads);
+        m_Fields = m_Answer.Fields();
+        m_Changes.resize(m_Fields.size());
+    }
+    void AddOrigins(VEXMELKExplanation& explanation)
+    {
+        for (std::size_t field = 0; field < m_Fields.size(); ++field)
+            explanation.fields.push_back(OriginOf(field));
     }
 
     // Trying ----------------------------------------------------------------------
@@ -129,6 +147,33 @@ private:
         return leftOut;
     }
 
+    // Each text that was read, until something changes.
+    void TryReads()
+    {
+        std::set<Place> done;
+        for (const VEXMELKTrial::Read& read : m_Reads)
+        {
+            if (IsKey(read.place) || done.count(read.place) != 0)
+                continue;
+            for (const std::string& text : m_Trial.OtherTexts(*read.row))
+                if (Try(read.place, text))
+                {
+                    done.insert(read.place);
+                    break;
+                }
+        }
+    }
+    void TryKeys()
+    {
+        for (const auto& [document, element] : ElementsOfReads())
+        {
+            const VEXMELKDocumentText::Element& around = m_Trial.Documents()[document].Elements()[element];
+            for (std::size_t slot = around.firstSlot; slot < around.firstSlot + around.slotCount; ++slot)
+                if (IsKey({document, slot}))
+                    Try({document, slot}, m_Trial.UnknownWord());
+        }
+    }
+
     // The elements that were read, and those around them: document and element.
     std::set<std::pair<std::size_t, std::size_t>> ElementsOfReads() const
     {
@@ -141,14 +186,15 @@ private:
         return elements;
     }
 
-    void Try(Place place, const std::string& text)
+    // Whether the answer is another one with that text there.
+    bool Try(Place place, const std::string& text)
     {
         if (m_Trial.At(place).text == text)
-            return;
+            return false;
         const VEXMELKTrial::Replacement replacement(m_Trial, place, text);
         const VEXMELKFlatAnswer answer = m_Trial.Ask(m_Askable);
         if (answer == m_Answer)
-            return;
+            return false;
         const bool isOtherResult = answer.result != m_Answer.result;
         const Values fields = answer.Fields();
         std::map<std::string_view, const VEXMELKPlainValue*> values;
@@ -168,6 +214,7 @@ private:
         for (std::size_t field = 0; field < m_Fields.size(); ++field)
             if (outputsThatGrew.count(OutputName(m_Fields[field].field)) != 0)
                 m_Changes[field].insert(place);
+        return true;
     }
 
     // Which fields hold what the caller had: they follow it.
@@ -204,11 +251,16 @@ private:
         std::vector<VEXMELKOriginPlace> choices;
         bool hasValue = std::any_of(places.begin(), places.end(), [&](Place place) { return IsValue(place, field); });
         const bool takesKeys = !hasValue;
+        std::ptrdiff_t filling = 0; // those that are read into the field come first
         for (const Place place : places)
         {
             const bool isValue = takesKeys ? IsKeyAsValue(place, field) : IsValue(place, field);
             hasValue = hasValue || isValue;
-            (isValue ? origin.places : choices).push_back(Told(place, field, isValue));
+            if (isValue)
+                origin.places.insert(Fills(place, field) ? origin.places.begin() + filling++ : origin.places.end(),
+                    Told(place, field, true));
+            else
+                choices.push_back(Told(place, field, false));
         }
         if (!hasValue)
             origin.places.push_back(WithoutPlace(m_Kept.count(m_Fields[field].field) != 0));
@@ -267,13 +319,15 @@ private:
     // Whether the text is read into the field, or is one of what it is computed from.
     bool IsValue(Place place, std::size_t field) const
     {
-        if (m_Trial.At(place).attribute.empty())
-            return true;
-        for (const VEXMELKTrial::Read& read : m_Reads)
-            if (read.place == place && read.row->field == LastName(m_Fields[field].field))
-                return true;
         const VEXMELKRow* row = RowOf(place);
-        return row && row->kind != VEXMELKKind::Name && !IsKey(place);
+        return m_Trial.At(place).attribute.empty() || Fills(place, field) ||
+               (row && row->kind != VEXMELKKind::Name && !IsKey(place));
+    }
+    bool Fills(Place place, std::size_t field) const
+    {
+        return std::any_of(m_Reads.begin(), m_Reads.end(),
+            [&](const VEXMELKTrial::Read& read)
+            { return read.place == place && read.row->field == LastName(m_Fields[field].field); });
     }
     // Whether a key is what the field was made of: a list of names, or a length that an element is found by.
     bool IsKeyAsValue(Place place, std::size_t field) const
@@ -463,82 +517,31 @@ private:
     VEXMELKOriginPlace Found(Place place)
     {
         const VEXMELKSlot& slot = m_Trial.At(place);
-        const CATIDOMElement_var element = ElementOf(place);
+        const VEXMELKFilePlaces::Found written =
+            m_Places.Find(m_Trial.Files()[place.document].name, ElementOf(place), slot.attribute);
         VEXMELKOriginPlace found;
-        found.file = m_Trial.Files()[place.document].name;
+        found.how = written.isOfDocumentType ? "dtd" : "";
+        found.file = written.file;
+        found.position = written.position;
+        found.element = ElementOf(place);
         found.path = DocumentOf(place).PathOf(slot.element);
         found.attribute = slot.attribute;
         found.text = slot.text;
         found.isSecret = HasSecrets(m_Description);
-        found.position = {element->GetLineNumber(), element->GetColumnNumber()};
-        const auto* file = FileAt(found.file);
-        if (!file)
-            return found;
-        const auto written =
-            slot.attribute.empty() ? file->TextOf(found.position) : file->ValueOf(found.position, slot.attribute);
-        if (written)
-            found.position = *written;
-        else
-            FindDefault(*file, element->GetTagName(), found);
         return found;
-    }
-
-    // The declaration of an attribute's default, in the file itself or in its document type.
-    void FindDefault(const VEXMELKWrittenFile& file, std::string_view tag, VEXMELKOriginPlace& found)
-    {
-        auto declared = file.DefaultOf(tag, found.attribute);
-        if (!declared)
-        {
-            const std::string type = file.DocumentTypeFile();
-            const std::string name = type.empty() ? "" : Beside(found.file, type);
-            const auto* typeFile = name.empty() ? nullptr : FileAt(name);
-            declared = typeFile ? typeFile->DefaultOf(tag, found.attribute) : std::nullopt;
-            if (declared)
-                found.file = name;
-        }
-        if (declared)
-        {
-            found.how = "dtd";
-            found.position = *declared;
-        }
-    }
-    // The name of a file that another one names, below the configuration directory; empty when it lies outside.
-    static std::string Beside(const std::string& file, std::string relative)
-    {
-        std::replace(relative.begin(), relative.end(), '\\', '/');
-        if (relative == "basedata.dtd") // all files share it, wherever they lie
-            return relative;
-        std::string folder = file.substr(0, file.rfind('/') + 1);
-        while (relative.starts_with("../") && !folder.empty())
-        {
-            relative.erase(0, 3);
-            folder.pop_back();
-            folder.erase(folder.rfind('/') + 1);
-        }
-        const bool leadsOut = ("/" + relative + "/").find("/../") != std::string::npos;
-        return leadsOut ? "" : folder + relative;
-    }
-    const VEXMELKWrittenFile* FileAt(const std::string& name)
-    {
-        auto found = m_Written.find(name);
-        if (found == m_Written.end())
-            found = m_Written.emplace(name, VEXMELKWrittenFile::Read(m_Directory + "/" + name)).first;
-        return found->second ? &*found->second : nullptr;
     }
 
     const VEXMELKDescription& m_Description;
     const std::vector<const VEXMELKElement*> m_Elements;
     const VEXMELKAskable& m_Askable;
-    const std::string m_Directory;
-    const std::optional<std::string> m_Standard;
     const std::optional<std::string> m_Category;
-    VEXMELKTrial m_Trial;
+    VEXMELKTrial& m_Trial;
+    VEXMELKFilePlaces& m_Places;
     VEXMELKFlatAnswer m_Answer;
     Values m_Fields;
     std::vector<VEXMELKTrial::Read> m_Reads;
     std::vector<std::set<Place>> m_Changes; // for each field, what changes it
     std::set<std::string> m_Kept;
-    std::map<std::string, std::optional<VEXMELKWrittenFile>> m_Written;
 };
 
 } // namespace
@@ -562,8 +565,27 @@ void VEXMELKExplanation::CompareWith(const VEXMELKFlatAnswer& answer)
             origin.places.clear();
 }
 
+std::optional<std::string> VEXMELKArgumentOf(const VEXMELKAskable& askable, VEXMELKRole role)
+{
+    const auto parameters = askable.Operation().Parameters();
+    for (std::size_t position = 0; position < parameters.size(); ++position)
+        if (parameters[position].role == role)
+            return (*std::get<CATUnicodeString*>(askable.New()->Parameter(position))).ConvertToChar();
+    return std::nullopt;
+}
+
 VEXMELKExplanation VEXMELKExplain(const VEXMELKConfigManager::Configuration& configuration,
     const VEXMELKAskable& askable, const CATUnicodeString& directory)
 {
-    return Explainer(configuration, askable, directory).Explain();
+    const VEXMELKSilence silence;
+    VEXMELKTrial trial(configuration, directory, VEXMELKArgumentOf(askable, VEXMELKRole::Standard));
+    VEXMELKFilePlaces places(directory.ConvertToChar());
+    return Explainer(*configuration.description, askable, trial, places).Explain();
+}
+
+VEXMELKExplanation VEXMELKExplainByReads(const VEXMELKDescription& description, const VEXMELKAskable& askable,
+    VEXMELKTrial& trial, VEXMELKFilePlaces& places, const std::set<std::string>& fields)
+{
+    const VEXMELKSilence silence;
+    return Explainer(description, askable, trial, places).ExplainByReads(fields);
 }

@@ -8,8 +8,10 @@
 #ifndef VEXMELKOrigins_H
 #define VEXMELKOrigins_H
 
+#include "VEXMELKFilePlaces.h"
 #include "VEXMELKTrial.h"
-#include "VEXMELKWrittenFile.h"
+
+#include <set>
 
 struct VEXMELKOriginPlace
 {
@@ -25,11 +27,12 @@ struct VEXMELKOriginPlace
     std::string how;
     std::string file;         // below the configuration directory, with "/"; empty without a place
     VEXMELKPosition position; // of the text's first character
-    std::string path;         // of the element
-    std::string attribute;    // empty for the text of an element
-    std::string text;         // as written
-    bool isSecret = false;    // the text is not to be shown
-    std::string why;          // the rule in words
+    CATIDOMElement_var element;
+    std::string path;      // of the element
+    std::string attribute; // empty for the text of an element
+    std::string text;      // as written
+    bool isSecret = false; // the text is not to be shown
+    std::string why;       // the rule in words
 };
 
 struct VEXMELKOrigin
@@ -56,6 +59,15 @@ struct VEXMELKExplanation
 
 VEXMELKExplanation VEXMELKExplain(const VEXMELKConfigManager::Configuration& configuration,
     const VEXMELKAskable& askable, const CATUnicodeString& directory);
+
+// The values of some fields alone, for many questions over one trial: only texts that the question read are tried, and
+// where these do not decide a field, the keys around them. Neither choices are told, nor a reason, nor which values are
+// the caller's.
+VEXMELKExplanation VEXMELKExplainByReads(const VEXMELKDescription& description, const VEXMELKAskable& askable,
+    VEXMELKTrial& trial, VEXMELKFilePlaces& places, const std::set<std::string>& fields);
+
+// The text of the first argument with the role; nothing when the question has none.
+std::optional<std::string> VEXMELKArgumentOf(const VEXMELKAskable& askable, VEXMELKRole role);
 
 // A look-up on the way to an answer.
 struct VEXMELKStep

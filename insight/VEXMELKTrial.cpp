@@ -33,16 +33,12 @@ VEXMELKSilence::~VEXMELKSilence() = default;
 
 namespace {
 
-// Up to this size documents are asked whole.
-constexpr int largeDocument = 5000; // elements
-
 // Loads as every configuration does.
 class Loader : public VEXMELKConfig
 {
 public:
-    Loader(const VEXMELKDescription& described, const CATUnicodeString& directory)
-        : VEXMELKConfig(directory, CATUnicodeString(described.file)),
-          m_IsSingle(described.layout == VEXMELKLayout::Single)
+    Loader(const VEXMELKDescription& described, const CATUnicodeString& directory, const CATUnicodeString& file)
+        : VEXMELKConfig(directory, file), m_IsSingle(described.layout == VEXMELKLayout::Single)
     {
     }
     VEXMELKRootDOMElementsDefinition Roots()
@@ -79,7 +75,8 @@ private:
         for (const VEXMELKRow& row : rows)
             for (const CATIDOMNamedNodeMap_var* attributes : {&map, &defaultMap})
                 if (const auto place = m_Trial.PlaceOf(*attributes, row.attribute))
-                    m_Reads.push_back({*place, &row});
+                    if (const VEXMELKRow* lasting = m_Trial.Rows().Find(row, *attributes, NULL_var))
+                        m_Reads.push_back({*place, lasting});
     }
 
     const VEXMELKTrial& m_Trial;
@@ -104,35 +101,87 @@ std::vector<const VEXMELKElement*> VEXMELKElementsOf(const VEXMELKDescription& d
     return elements;
 }
 
-std::vector<VEXMELKSourceFile> VEXMELKLoadFiles(
-    const VEXMELKDescription& description, const CATUnicodeString& directory)
+VEXMELKLastingRows::VEXMELKLastingRows(const VEXMELKDescription& description)
+    : m_Elements(VEXMELKElementsOf(description))
 {
+    for (const VEXMELKElement* element : m_Elements)
+    {
+        m_Tables.insert(m_Tables.end(), element->tables.begin(), element->tables.end());
+        if (element->key)
+            m_Tables.emplace_back(element->key, 1);
+    }
+    std::erase_if(m_Tables, [](VEXMELKRows rows) { return rows.empty(); });
+    std::sort(m_Tables.begin(), m_Tables.end(),
+        [](VEXMELKRows left, VEXMELKRows right)
+        { return std::pair(left.data(), left.size()) < std::pair(right.data(), right.size()); });
+}
+
+const VEXMELKRow* VEXMELKLastingRows::Find(
+    const VEXMELKRow& row, const CATIDOMNamedNodeMap_var& map, const CATIDOMNamedNodeMap_var& defaultMap) const
+{
+    // The last table that begins at the row or before it.
+    const auto behind = std::upper_bound(m_Tables.begin(), m_Tables.end(), &row,
+        [](const VEXMELKRow* wanted, VEXMELKRows table) { return wanted < table.data(); });
+    if (behind != m_Tables.begin())
+        if (const VEXMELKRows table = *std::prev(behind); &row < table.data() + table.size())
+            return &row;
+    const CATIDOMNamedNodeMap_var& owner = map != NULL_var ? map : defaultMap;
+    const VEXMELKRow* found = nullptr;
+    if (owner != NULL_var)
+        found = FindBelow(owner->GetOwnerElement()->GetTagName(), row.attribute);
+    return found ? found : FindBelow("*", row.attribute);
+}
+
+const VEXMELKRow* VEXMELKLastingRows::FindBelow(std::string_view tag, std::string_view attribute) const
+{
+    for (const VEXMELKElement* element : m_Elements)
+        if (tag == "*" || element->tag == tag || element->tag == "*")
+            for (const VEXMELKRows rows : element->tables)
+                for (const VEXMELKRow& row : rows)
+                    if (row.attribute == attribute)
+                        return &row;
+    return nullptr;
+}
+
+VEXMELKLoaded VEXMELKLoad(const VEXMELKDescription& description, const VEXMELKSource& source)
+{
+    const CATUnicodeString& directory = source.directory;
     CATUnicodeString name(description.file);
     name.ReplaceAll('\\', '/');
-    const auto loader = CATHandle<Loader>::Create(description, directory);
-    const VEXMELKRootDOMElementsDefinition roots = loader->Roots();
     const bool isSplit =
         description.layout == VEXMELKLayout::Parts && VEXMELKUtilities::FileExists(directory + "/Default/" + name) != 0;
-    std::vector<VEXMELKSourceFile> files;
+    // A Default file that is taken for a single one has no Customer file beside it.
+    const std::string above = isSplit && source.isDefaultAlone ? "Default\\" : "";
+    const CATUnicodeString file(above + std::string(description.file));
+    const auto loader = CATHandle<Loader>::Create(description, directory, file);
+    const VEXMELKRootDOMElementsDefinition roots = loader->Roots();
+    VEXMELKLoaded loaded{{}, CATHandle<VEXMELKConfig>(loader.Get())};
     const auto add = [&](const char* folder, const CATIDOMElement_var& root)
     {
         if (root != NULL_var)
-            files.push_back({folder + std::string(name.ConvertToChar()),
+            loaded.files.push_back({folder + std::string(name.ConvertToChar()),
                 directory.ConvertToChar() + std::string("/") + folder + name.ConvertToChar(), root});
     };
     add(isSplit ? "Default/" : "", roots.DefaultRootElement);
     add("Customer/", roots.CustomerRootElement);
-    return files;
+    return loaded;
 }
 
-VEXMELKTrial::VEXMELKTrial(
-    const Configuration& configuration, const CATUnicodeString& directory, std::optional<std::string_view> standard)
-    : m_Configuration(configuration), m_Files(VEXMELKLoadFiles(*configuration.description, directory))
+std::vector<VEXMELKSourceFile> VEXMELKLoadFiles(const VEXMELKDescription& description, const VEXMELKSource& source)
+{
+    return VEXMELKLoad(description, source).files;
+}
+
+VEXMELKTrial::VEXMELKTrial(const Configuration& configuration, const VEXMELKSource& source,
+    std::optional<std::string_view> standard, int wholeUpTo)
+    : m_Configuration(configuration),
+      m_Rows(*configuration.description),
+      m_Files(VEXMELKLoadFiles(*configuration.description, source))
 {
     int line = 1;
     for (const VEXMELKSourceFile& file : m_Files)
     {
-        const bool isCut = standard && file.root->GetElementsByTagName("*")->GetLength() > largeDocument;
+        const bool isCut = standard && file.root->GetElementsByTagName("*")->GetLength() > wholeUpTo;
         const auto isLeftOut = [&](const CATIDOMElement_var& element) { return IsOtherStandard(element, *standard); };
         m_Documents.emplace_back(file.root, line, isCut ? isLeftOut : std::function<bool(const CATIDOMElement_var&)>());
         line = m_Documents.back().LastLine() + 1;

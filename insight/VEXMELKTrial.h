@@ -36,6 +36,17 @@ public:
     virtual std::unique_ptr<VEXMELKQuestion> New() const = 0;
 };
 
+// What is asked: a configuration directory, whole or as it would be without its Customer files.
+struct VEXMELKSource
+{
+    VEXMELKSource(CATUnicodeString path, bool withoutCustomer = false)
+        : directory(std::move(path)), isDefaultAlone(withoutCustomer)
+    {
+    }
+    CATUnicodeString directory;
+    bool isDefaultAlone;
+};
+
 // One of the files that a configuration reads.
 struct VEXMELKSourceFile
 {
@@ -46,11 +57,34 @@ struct VEXMELKSourceFile
 
 // The files of a configuration as the library loads them: the Default or single one first, then the Customer file. None
 // when they do not load.
-std::vector<VEXMELKSourceFile> VEXMELKLoadFiles(
-    const VEXMELKDescription& description, const CATUnicodeString& directory);
+std::vector<VEXMELKSourceFile> VEXMELKLoadFiles(const VEXMELKDescription& description, const VEXMELKSource& source);
+
+// The same, with an object that has loaded them: others of the configuration take the documents over by assignment.
+struct VEXMELKLoaded
+{
+    std::vector<VEXMELKSourceFile> files;
+    CATHandle<VEXMELKConfig> object;
+};
+VEXMELKLoaded VEXMELKLoad(const VEXMELKDescription& description, const VEXMELKSource& source);
 
 // The elements that a configuration reads, those of its bases too.
 std::vector<const VEXMELKElement*> VEXMELKElementsOf(const VEXMELKDescription& description);
+
+// The rows that a watch is told of may end with their look-up; the descriptions have the same ones for good.
+class VEXMELKLastingRows
+{
+public:
+    explicit VEXMELKLastingRows(const VEXMELKDescription& description);
+    // Null when nothing describes the row. One of the maps has, or would have, the attribute; either may be null.
+    const VEXMELKRow* Find(
+        const VEXMELKRow& row, const CATIDOMNamedNodeMap_var& map, const CATIDOMNamedNodeMap_var& defaultMap) const;
+
+private:
+    const VEXMELKRow* FindBelow(std::string_view tag, std::string_view attribute) const;
+
+    std::vector<const VEXMELKElement*> m_Elements;
+    std::vector<VEXMELKRows> m_Tables; // by address
+};
 
 class VEXMELKTrial
 {
@@ -71,12 +105,16 @@ public:
         const VEXMELKRow* row;
     };
 
-    // With a standard, documents that are large leave out the other standards.
-    VEXMELKTrial(const Configuration& configuration, const CATUnicodeString& directory,
-        std::optional<std::string_view> standard = std::nullopt);
+    // Up to this size documents are asked whole.
+    static constexpr int largeDocument = 5000; // elements
+
+    // With a standard, documents that are larger than that leave out the other standards.
+    VEXMELKTrial(const Configuration& configuration, const VEXMELKSource& source,
+        std::optional<std::string_view> standard = std::nullopt, int wholeUpTo = largeDocument);
 
     const std::vector<VEXMELKSourceFile>& Files() const { return m_Files; }
     const std::vector<VEXMELKDocumentText>& Documents() const { return m_Documents; }
+    const VEXMELKLastingRows& Rows() const { return m_Rows; }
     const VEXMELKSlot& At(Place place) const { return m_Documents[place.document].Slots()[place.slot]; }
     // A word that stands nowhere in the documents.
     const std::string& UnknownWord() const { return m_UnknownWord; }
@@ -114,6 +152,7 @@ private:
     void WriteDocument(std::size_t document, std::string text);
 
     const Configuration& m_Configuration;
+    VEXMELKLastingRows m_Rows;
     std::vector<VEXMELKSourceFile> m_Files;
     std::vector<VEXMELKDocumentText> m_Documents;
     std::string m_UnknownWord;

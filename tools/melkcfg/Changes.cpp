@@ -1,6 +1,8 @@
 // Edits are made in a copy of the configuration directory, so that nothing of the user's is written.
+#include "ChangeOutput.h"
 #include "CommandLine.h"
 #include "Explain.h"
+#include "Progress.h"
 #include "Table.h"
 #include "VEXMELKAnswers.h"
 
@@ -159,77 +161,15 @@ void Apply(Edits& edits, const fs::path& directory)
     }
 }
 
-Json ToJson(const std::optional<VEXMELKPlainValue>& value) { return value ? ::ToJson(*value) : Json(); }
-
-Json ToJson(const std::optional<VEXMELKOriginPlace>& place)
-{
-    if (!place)
-        return nullptr;
-    return {{"file", place->file}, {"line", place->position.line}, {"column", place->position.column}};
-}
-
-std::string TextOf(const std::optional<VEXMELKPlainValue>& value) { return value ? VEXMELKTextOf(*value) : "nothing"; }
-
-std::string TextOf(const std::optional<VEXMELKOriginPlace>& place)
-{
-    return place
-               ? place->file + ":" + std::to_string(place->position.line) + ":" + std::to_string(place->position.column)
-               : "";
-}
-
-bool IsSecret(const VEXMELKChange& change)
-{
-    const auto parameters = change.question.Operation().Parameters();
-    return std::any_of(parameters.begin(), parameters.end(),
-        [&](const VEXMELKParameter& parameter) { return parameter.isSecret && change.field == parameter.name; });
-}
-
-std::string PercentText(const VEXMELKChange& change)
-{
-    if (!change.percent)
-        return {};
-    const std::string number = Json(*change.percent).dump();
-    return (*change.percent > 0 ? "+" : "") + (number.ends_with(".0") ? number.substr(0, number.size() - 2) : number) +
-           " %";
-}
-
-Json ArgumentsToJson(const VEXMELKPreparedQuestion& question)
-{
-    Json arguments = Json::object();
-    for (const VEXMELKPreparedQuestion::Input& input : question.Inputs())
-        arguments[std::string(question.Operation().Parameters()[input.parameter].name)] = ::ToJson(input.value);
-    return arguments;
-}
-
-void PrintChanges(const VEXMELKComparison& comparison, bool showSecrets)
+void PrintEffects(const VEXMELKComparison& comparison, bool showSecrets)
 {
     Rows rows;
     for (const VEXMELKChange& change : comparison.changes)
-    {
-        const bool isMasked = IsSecret(change) && !showSecrets;
-        const std::string values = isMasked ? hiddenSecret : TextOf(change.before) + " → " + TextOf(change.after);
         rows.push_back({std::string(change.configuration->description->name),
-            std::string(change.question.Operation().Name()), change.question.ArgumentText(), change.field, values,
-            PercentText(change), TextOf(change.placeBefore), TextOf(change.placeAfter)});
-    }
+            std::string(change.question->Operation().Name()), change.question->ArgumentText(), change.field,
+            ValuesText(change, showSecrets), PercentText(change), PlaceText(change.before), PlaceText(change.after)});
     PrintTable(rows);
     std::cout << comparison.changes.size() << " values change; " << comparison.questions << " questions were asked\n";
-}
-
-Json ChangesToJson(const VEXMELKComparison& comparison, bool showSecrets)
-{
-    Json changes = Json::array();
-    for (const VEXMELKChange& change : comparison.changes)
-    {
-        const bool isMasked = IsSecret(change) && !showSecrets;
-        changes.push_back({{"config", change.configuration->description->name},
-            {"operation", change.question.Operation().Name()}, {"arguments", ArgumentsToJson(change.question)},
-            {"field", change.field}, {"old", isMasked ? Json(hiddenSecret) : ToJson(change.before)},
-            {"new", isMasked ? Json(hiddenSecret) : ToJson(change.after)},
-            {"percent", change.percent ? Json(*change.percent) : Json()}, {"oldPlace", ToJson(change.placeBefore)},
-            {"newPlace", ToJson(change.placeAfter)}});
-    }
-    return {{"version", 1}, {"questions", comparison.questions}, {"changes", changes}};
 }
 
 ExitStatus RunWhatIf(const CommandOptions& options)
@@ -244,11 +184,16 @@ ExitStatus RunWhatIf(const CommandOptions& options)
     if (!options.overlay.empty())
         copy.Lay(options.overlay);
     Apply(edits, copy.Path());
-    const VEXMELKComparison comparison = VEXMELKCompare(directory, CATUnicodeString(copy.Path().string()));
+    Progress progress;
+    VEXMELKComparisonScope scope;
+    scope.hasChoices = true;
+    scope.onQuestion = [&](std::size_t number, std::size_t count, const std::string& name)
+    { progress.Show(number, count, name); };
+    const VEXMELKComparison comparison = VEXMELKCompare(directory, CATUnicodeString(copy.Path().string()), scope);
     if (options.AsJson())
         PrintJson(ChangesToJson(comparison, options.showSecrets));
     else
-        PrintChanges(comparison, options.showSecrets);
+        PrintEffects(comparison, options.showSecrets);
     return comparison.questions == 0 ? NothingThere : Done;
 }
 

@@ -4,10 +4,10 @@
 #include "Explain.h"
 #include "Findings.h"
 #include "Patch.h"
+#include "Progress.h"
 #include "Table.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
@@ -99,32 +99,6 @@ Target ReadTarget(const std::vector<std::string>& names)
         throw RequestError("there is no configuration directory: use --config, or set MELK_CFG_PATH");
     return target;
 }
-
-// A line on a terminal for what takes longer than a second.
-class Progress
-{
-public:
-    void Show(std::size_t number, std::size_t count, const std::string& file)
-    {
-        if (!m_IsTerminal || std::chrono::steady_clock::now() - m_Begin < std::chrono::seconds(1))
-            return;
-        std::cerr << "\r\x1b[K" << number << "/" << count << " " << Printable(file) << std::flush;
-        m_IsShown = true;
-    }
-    Progress() = default;
-    Progress(const Progress&) = delete;
-    Progress& operator=(const Progress&) = delete;
-    ~Progress()
-    {
-        if (m_IsShown)
-            std::cerr << "\r\x1b[K" << std::flush;
-    }
-
-private:
-    const bool m_IsTerminal = isatty(STDERR_FILENO) != 0;
-    const std::chrono::steady_clock::time_point m_Begin = std::chrono::steady_clock::now();
-    bool m_IsShown = false;
-};
 
 VEXMELKCheckResult Check(Target& target)
 {

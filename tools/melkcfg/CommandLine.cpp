@@ -58,8 +58,8 @@ CommandLine::CommandLine()
     m_Application.add_option("--test-path", m_TestPath, "Test mode: files are read from DIR/Configuration")
         ->type_name("DIR");
     m_Application.add_flag("--comma", m_Comma, "The application's decimal separator is the comma");
-    m_Application.add_option(
-        "--format", options.format, "text for people, json for programs; of check also sarif, github, junit");
+    m_Application.add_option("--format", options.format,
+        "text for people, json for programs; of check also sarif, github, junit; of dump and table csv; of table html");
     m_Application.add_flag("--trace", m_Trace, "Log lines at trace level on standard error");
     m_Application.add_flag("--show-secrets", options.showSecrets, "Print the database password");
     Add("help", "What a command does, and what it takes", [this](const Host&) { return Help(); }, {"text"})

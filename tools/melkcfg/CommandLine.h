@@ -58,7 +58,10 @@ private:
 // The commands of each file.
 void AddQuestionCommands(CommandLine& line); // list, standards, categories, operations, explain, call
 void AddChangeCommands(CommandLine& line);   // whatif, unused
-void AddCheckCommands(CommandLine& line);    // check, fix, rule
+void AddDumpCommands(CommandLine& line);
+void AddMatrixCommands(CommandLine& line); // table
+void AddDiffCommands(CommandLine& line);
+void AddCheckCommands(CommandLine& line); // check, fix, rule
 void AddSchemaCommands(CommandLine& line);
 void AddSampleCommands(CommandLine& line);     // init
 void AddCompletionCommands(CommandLine& line); // manual, completion, complete

@@ -3,6 +3,7 @@
 
 #include "Table.h"
 #include "VEXMELKUtilities.h"
+#include "Values.h"
 
 #include <algorithm>
 #include <iostream>
@@ -78,6 +79,27 @@ Json ToJson(const VEXMELKPlainValue& value)
     return nullptr;
 }
 
+Json QuestionToJson(const VEXMELKConfigManager::Configuration& configuration, const VEXMELKPreparedQuestion& question)
+{
+    const auto parameters = question.Operation().Parameters();
+    const std::unique_ptr<VEXMELKQuestion> asked = question.New();
+    Json arguments = Json::object();
+    Json outputs = Json::object();
+    for (const VEXMELKPreparedQuestion::Input& input : question.Inputs())
+    {
+        const std::string name(parameters[input.parameter].name);
+        if (parameters[input.parameter].IsOutput())
+            outputs[name] = ::ToJson(asked->Parameter(input.parameter));
+        else
+            arguments[name] = ::ToJson(input.value);
+    }
+    Json json = {{"config", configuration.description->name}, {"operation", question.Operation().Name()},
+        {"arguments", std::move(arguments)}};
+    if (!outputs.empty())
+        json["outputs"] = std::move(outputs);
+    return json;
+}
+
 CATUnicodeString CurrentDirectory()
 {
     if (VEXMELKUtilities::GetAppMode() == VEXMELKTestMode)
@@ -92,6 +114,28 @@ std::string DirectoryPath()
     std::string path = CurrentDirectory().ConvertToChar();
     std::replace(path.begin(), path.end(), '\\', '/');
     return path;
+}
+
+bool RequireFiles(const VEXMELKSource& source, const std::vector<const VEXMELKConfigManager::Configuration*>& wanted)
+{
+    bool isAnyThere = false;
+    bool isAnyBroken = false;
+    for (const VEXMELKConfigManager::Configuration* configuration : VEXMELKAskedConfigurations(wanted))
+        if (VEXMELKHasFile(*configuration->description, source.directory))
+        {
+            isAnyThere = true;
+            isAnyBroken = VEXMELKLoadFiles(*configuration->description, source).empty() || isAnyBroken;
+        }
+    if (isAnyBroken)
+        throw RequestError("files cannot be read");
+    return isAnyThere;
+}
+
+void TellLeftOut(std::size_t questions)
+{
+    if (questions > 0)
+        std::cerr << "melkcfg: " << questions << " questions past the first 200000 of an operation were left out"
+                  << std::endl;
 }
 
 Json FieldsToJson(const VEXMELKExplanation& explanation, bool showSecrets, const std::string& onlyField)

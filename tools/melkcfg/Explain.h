@@ -3,7 +3,7 @@
 #define MELKCFG_Explain_H
 
 #include "Batch.h"
-#include "VEXMELKOrigins.h"
+#include "VEXMELKPlacedAnswers.h"
 
 // A question by its arguments in JSON.
 class AskedByJson : public VEXMELKAskable
@@ -24,10 +24,21 @@ private:
 
 Json ToJson(const VEXMELKPlainValue& value);
 
+// The members "config", "operation" and "arguments" of a question, as a batch takes them; with "outputs" where it
+// matters what the caller's variables hold.
+Json QuestionToJson(const VEXMELKConfigManager::Configuration& configuration, const VEXMELKPreparedQuestion& question);
+
 // The configuration directory of the current mode.
 CATUnicodeString CurrentDirectory();
 // The same as the file system takes it.
 std::string DirectoryPath();
+
+// Whether one of the configurations (all when there are none) has a file there that can be read. Throws RequestError
+// when one that is there cannot be read; the boxes have told why.
+bool RequireFiles(const VEXMELKSource& source, const std::vector<const VEXMELKConfigManager::Configuration*>& wanted);
+
+// Tells on standard error of questions that were too many.
+void TellLeftOut(std::size_t questions);
 
 // The list "fields" of an explanation, only that of one field when a name is given.
 Json FieldsToJson(const VEXMELKExplanation& explanation, bool showSecrets, const std::string& onlyField = {});

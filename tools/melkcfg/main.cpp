@@ -12,6 +12,9 @@ void AddCommands(CommandLine& line)
 {
     AddQuestionCommands(line);
     AddChangeCommands(line);
+    AddDumpCommands(line);
+    AddMatrixCommands(line);
+    AddDiffCommands(line);
     AddCheckCommands(line);
     AddSchemaCommands(line);
     AddSampleCommands(line);
