@@ -195,7 +195,7 @@ py::dict RowOf(const VEXMELKDumpRow& dumped)
     row["standard"] = TextOrNone(VEXMELKArgumentOf(dumped.question, VEXMELKRole::Standard));
     row["category"] = TextOrNone(VEXMELKArgumentOf(dumped.question, VEXMELKRole::Category));
     row["field"] = value.named.field;
-    row["value"] = value.named.isSecret ? py::object(py::str("********")) : ToPython(value.named.value);
+    row["value"] = value.named.isSecret ? py::object(py::str("********")) : ::ToPython(value.named.value);
     row["si"] = amount ? py::object(py::float_(amount->number)) : py::none();
     row["unit"] = amount ? std::string(amount->unit) : std::string();
     row["level"] = VEXMELKNameOf(value.level);
