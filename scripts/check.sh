@@ -30,6 +30,12 @@ ctest --preset asan -j "$(nproc)" --progress
 step "clang-tidy"
 scripts/tidy.sh
 
+step "the Python module"
+scripts/python.sh
+
+step "the site"
+scripts/site.sh
+
 step "a program built against the installed package"
 rm -rf build/installed build/consumer
 cmake --install build/release --prefix build/installed >/dev/null

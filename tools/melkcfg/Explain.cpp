@@ -218,5 +218,7 @@ std::string ReasonFor(const Configuration& configuration, const VEXMELKAskable& 
         return {};
     const VEXMELKSilence silence;
     const VEXMELKTrial trial(*configuration.entry, CurrentDirectory());
+    if (trial.Documents().empty())
+        return configuration.file + " is missing or cannot be read";
     return VEXMELKReason(trial, askable, trial.Ask(askable));
 }
