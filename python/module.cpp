@@ -3,9 +3,8 @@
 // they loaded until "reload".
 #include "CATNumberText.h"
 #include "CATQuantity.h"
-#include "VEXMELKAllQuestions.h"
-#include "VEXMELKAnswers.h"
 #include "VEXMELKCheck.h"
+#include "VEXMELKDump.h"
 #include "VEXMELKGUI.h"
 #include "VEXMELKNames.h"
 #include "VEXMELKOperations.h"
@@ -183,32 +182,26 @@ py::dict ToPython(const VEXMELKFinding& finding)
     return made;
 }
 
-// The text of the argument with the role; None when the question has none.
-py::object ArgumentOf(const VEXMELKPreparedQuestion& question, VEXMELKRole role)
-{
-    for (const VEXMELKPreparedQuestion::Input& input : question.Inputs())
-        if (question.Operation().Parameters()[input.parameter].role == role)
-            return ::ToPython(input.value);
-    return py::none();
-}
+py::object TextOrNone(const std::optional<std::string>& text) { return text ? py::object(py::str(*text)) : py::none(); }
 
-py::dict RowOf(const std::string& configuration, const VEXMELKPreparedQuestion& question,
-    const VEXMELKNamedValue& value, const VEXMELKOrigin* origin)
+py::dict RowOf(const VEXMELKDumpRow& dumped)
 {
+    const VEXMELKPlacedValue& value = dumped.value;
+    const std::optional<VEXMELKAmount> amount = VEXMELKAmountIn(value);
     py::dict row;
-    row["config"] = configuration;
-    row["operation"] = question.Operation().Name();
-    row["arguments"] = question.ArgumentText();
-    row["standard"] = ArgumentOf(question, VEXMELKRole::Standard);
-    row["category"] = ArgumentOf(question, VEXMELKRole::Category);
-    row["field"] = value.field;
-    row["value"] = value.isSecret ? py::object(py::str("********")) : ::ToPython(value.value);
-    row["unit"] = value.unit;
-    py::list places;
-    if (origin)
-        for (const VEXMELKOriginPlace& place : origin->places)
-            places.append(ToPython(place));
-    row["places"] = places;
+    row["config"] = dumped.configuration.description->name;
+    row["operation"] = dumped.question.Operation().Name();
+    row["arguments"] = dumped.question.ArgumentText();
+    row["standard"] = TextOrNone(VEXMELKArgumentOf(dumped.question, VEXMELKRole::Standard));
+    row["category"] = TextOrNone(VEXMELKArgumentOf(dumped.question, VEXMELKRole::Category));
+    row["field"] = value.named.field;
+    row["value"] = value.named.isSecret ? py::object(py::str("********")) : ::ToPython(value.named.value);
+    row["si"] = amount ? py::object(py::float_(amount->number)) : py::none();
+    row["unit"] = amount ? std::string(amount->unit) : std::string();
+    row["level"] = VEXMELKNameOf(value.level);
+    row["file"] = value.HasPlace() ? py::object(py::str(value.file)) : py::none();
+    row["line"] = value.HasPlace() ? py::object(py::int_(value.position.line)) : py::none();
+    row["column"] = value.HasPlace() ? py::object(py::int_(value.position.column)) : py::none();
     return row;
 }
 
@@ -291,27 +284,17 @@ public:
         return findings;
     }
 
-    // The values of all answers to all questions that the files make meaningful; with the place that decides each,
-    // which takes its time.
-    py::list Rows(const std::string& name, bool withPlaces) const
+    // The values of all answers to all questions that the files make meaningful, with the place of each.
+    py::list Rows(const std::vector<std::string>& names) const
     {
-        const Configuration& configuration = Find(name);
-        const VEXMELKSilence silence;
         py::list rows;
-        std::vector<const VEXMELKDocumentText*> documents;
-        const VEXMELKTrial trial(configuration, Path());
-        for (const VEXMELKDocumentText& document : trial.Documents())
-            documents.push_back(&document);
-        if (documents.empty())
-            return rows;
-        const VEXMELKAsker asker(configuration, Path());
-        for (const VEXMELKPreparedQuestion& question : VEXMELKAllQuestions(*configuration.description, documents))
-        {
-            const VEXMELKExplanation explanation =
-                withPlaces ? VEXMELKExplain(configuration, question, Path()) : VEXMELKExplanation();
-            for (const VEXMELKNamedValue& value : asker.Ask(question).Fields())
-                rows.append(RowOf(name, question, value, explanation.OriginOf(value.field)));
-        }
+        VEXMELKDumpScope scope;
+        for (const std::string& name : names)
+            scope.configurations.push_back(&Find(name));
+        scope.onRow = [&](const VEXMELKDumpRow& row) { rows.append(RowOf(row)); };
+        const Boxes boxes;
+        VEXMELKDump(Path(), scope);
+        boxes.Raise();
         return rows;
     }
 
@@ -424,7 +407,7 @@ PYBIND11_MODULE(_melkcfg, module)
         .def("categories", &Directory::Categories, py::arg("configuration"), py::arg("standard"),
             "The names of a standard's categories.")
         .def("check", &Directory::Check, py::arg("configurations"), "What is wrong with the files.")
-        .def("rows", &Directory::Rows, py::arg("configuration"), py::arg("with_places"),
+        .def("rows", &Directory::Rows, py::arg("configurations"),
             "The values of all answers to all questions that the files make meaningful.")
         .def("reload", &Directory::Reload, "Has the files read anew by the next question.");
 }

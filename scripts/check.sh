@@ -51,6 +51,8 @@ tidy() { scripts/tidy.sh; }
 # Schemas, editors and reports under the validators of the distribution.
 schemas() { scripts/schemas.sh; }
 exports() { scripts/exports.sh build/release/lib/libVEXMELKConfiguration.so; }
+# The report in a browser, as a reader uses it.
+browser() { scripts/browser.sh release; }
 python() { scripts/python.sh; }
 site() { scripts/site.sh; }
 packages() { scripts/release.sh; }
@@ -58,7 +60,7 @@ windows() { scripts/windows.sh test; }
 boxes() { scripts/boxes.sh build/release; }
 
 # A new check is a function above and its name here, in the order in which they run: what fails soonest first.
-all_steps=(formatting release_build exports clang benchmarks sanitizers threads fuzzers tidy schemas python site packages windows boxes release_tests)
+all_steps=(formatting release_build exports clang benchmarks sanitizers threads fuzzers tidy schemas browser python site packages windows boxes release_tests)
 quick_steps=(formatting debug)
 
 run() {

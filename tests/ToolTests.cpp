@@ -2,11 +2,13 @@
 #include "Batch.h"
 #include "LibraryTest.h"
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <regex>
 #include <sstream>
 #include <sys/wait.h>
+#include <thread>
 
 using testing::HasSubstr;
 
@@ -45,9 +47,8 @@ protected:
     {
         directory.Write("Default/OVA/UFCurb.xml", OneCategory(R"(front_offset="25" back_angle="7")"));
         directory.Write("Default/OVA/Bumpers.xml", "<broken>");
-        directory.Write("lines.txt",
-            "standards UFCurb\n\n# a comment\nmelkcfg categories UFCurb S\nexlpain\n"
-            "call UFCurb 'x\n");
+        directory.Write("lines.txt", "standards UFCurb\n\n# a comment\nmelkcfg categories UFCurb S\nexlpain\n"
+                                     "call UFCurb 'x\n");
         directory.Write("DBAccess.xml", R"(<db host="h" password="geheim"/>)");
         Ask(R"({"settings":{"config":")" + directory.Path() + R"(","mode":0,"comma":false,"log_level":3}})");
     }
@@ -161,6 +162,33 @@ TEST_F(ToolTest, EveryConfigurationOffersItsOperations)
             for (const Parameter& parameter : operation.Parameters())
                 EXPECT_FALSE(parameter.name.empty() || parameter.type.empty()) << configuration.name << operation.name;
     }
+}
+
+TEST_F(ToolTest, ShellAnswersWithWhatTheFilesSayNow)
+{
+    const std::string answers = directory.Path() + "/answers.txt";
+    const auto waitFor = [&](const char* text)
+    {
+        for (int tenths = 0; tenths < 300; ++tenths)
+        {
+            std::ifstream file(answers);
+            const std::string all{std::istreambuf_iterator<char>(file), {}};
+            if (all.find(text) != std::string::npos)
+                return true;
+            std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        }
+        return false;
+    };
+    const char* question = "call UFCurb GetPointToPick standard=S\n";
+    FILE* shell = popen((MELKCFG " " + Tool() + "shell > " + answers).c_str(), "w");
+    fputs(question, shell);
+    fflush(shell);
+    EXPECT_TRUE(waitFor("point: \n"));
+    directory.Write("Default/OVA/UFCurb.xml", OneCategory("point_to_pick='new'"));
+    fputs(question, shell);
+    fflush(shell);
+    EXPECT_TRUE(waitFor("point: new\n"));
+    EXPECT_EQ(pclose(shell), 0);
 }
 
 TEST_F(ToolTest, CommandsAndTheirExitStatus)

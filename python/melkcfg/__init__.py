@@ -345,30 +345,15 @@ class Directory:
         findings = [Finding(**finding) for finding in self._asked.check(list(configurations))]
         return [finding for finding in findings if levels.index(finding.level) <= levels.index(level)]
 
-    def dump(self, *configurations: str, places: bool = False) -> list[dict]:
+    def dump(self, *configurations: str) -> list[dict]:
         """Every value of every answer, of these configurations or of all: rows as pandas.DataFrame takes them.
 
         The questions are those that the files make meaningful. A row has config, operation, arguments ("NAME=VALUE ..."),
-        standard, category, field, value, si (the number in SI, None for what is none) and unit (that of si). With
-        "places" it also has level ("Customer", "Default", "default", "single", or "builtin" for what no file says),
-        file, line and column of the text that decides it, which takes some hundred times as long.
+        standard, category, field, value, si (the number in SI, None for what is none), unit (that of si), level
+        ("Customer", "Default", "default", "single", or "builtin" for what no file says), and file, line and column of the
+        text that decides it.
         """
-        for name in configurations:
-            self[name]
-        rows = []
-        for name in configurations or self:
-            for row in self._asked.rows(name, places):
-                origin = _deciding([Origin(**place) for place in row.pop("places")])
-                unit = row.pop("unit")
-                *_, row["si"], row["unit"] = _measured(row["value"], unit)
-                if places:
-                    is_place = origin is not None and bool(origin.file)
-                    row["level"] = _level(origin)
-                    row["file"] = origin.file if is_place else None
-                    row["line"] = origin.line if is_place else None
-                    row["column"] = origin.column if is_place else None
-                rows.append(row)
-        return rows
+        return self._asked.rows(list(configurations))
 
     def reload(self) -> None:
         """Has the files read anew by the next question; answers that were got stay as they are."""
@@ -408,15 +393,6 @@ def _measured(raw, unit: str) -> tuple[float | None, str, float | None, str]:
     if unit == "mm":
         return float(raw), unit, raw / 1000, "m"
     return float(raw), unit, float(raw), unit
-
-
-def _level(origin: Origin | None) -> str:
-    if origin is None or not origin.file:
-        return "builtin"
-    if origin.how == "default":
-        return "default"
-    folder = origin.file.split("/")[0]
-    return folder if folder in ("Customer", "Default") else "single"
 
 
 def _deciding(origins: Iterable[Origin]) -> Origin | None:

@@ -162,7 +162,7 @@ class _Writer:
             if name == "check":
                 signature = "(self, *configurations: str, level: str = ...) -> list[Finding]"
             if name == "dump":
-                signature = "(self, *configurations: str, places: bool = ...) -> list[dict[str, Any]]"
+                signature = "(self, *configurations: str) -> list[dict[str, Any]]"
             if name == "__iter__":
                 signature = "(self) -> Iterator[str]"
             self.text += f"    def {name}{signature}: ...\n"

@@ -55,6 +55,7 @@ def test_numbers_have_the_unit_that_they_are_handed_out_in(sample):
         (lambda d: d.EyeEllipses.GetRadii2002(cutoff=2**40), TypeError, "cutoff: expected an integer of 32 bits"),
         (lambda d: d.DBAccess["S"], KeyError, "DBAccess.xml has no standard S"),
         (lambda d: d.check("UFCurb", level="errors"), ValueError, "expected one of error, warning, note"),
+        (lambda d: d.dump("UFCurbs"), AttributeError, "did you mean UFCurb?"),
         (lambda d: d.check("UFCurbs"), AttributeError, "did you mean UFCurb?"),
     ],
 )
@@ -143,10 +144,10 @@ def test_a_dump_is_what_pandas_takes(sample):
     assert frame[frame.field == "radiusX"].unit.unique().tolist() == ["m"]
 
 
-def test_a_dump_with_places_names_file_and_level(sample):
+def test_a_dump_names_file_and_level(sample):
     rows = {
         (row["operation"], row["standard"], row["category"], row["field"]): row
-        for row in sample.dump("UFOilTub", places=True)
+        for row in sample.dump("UFOilTub")
     }
     row = rows["GetStandardData", "EU Passenger Car", "suv", "out_offset"]
     origin = sample.UFOilTub["EU Passenger Car"]["suv"].out_offset.origin

@@ -156,7 +156,7 @@ private:
             return Configurations();
         if (name == "ID")
             return Rules();
-        const Candidates choices = ChoicesOf(option);
+        Candidates choices = ChoicesOf(option);
         const Configuration* configuration = Named();
         if (!choices.empty() || !configuration)
             return choices;

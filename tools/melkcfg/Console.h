@@ -25,6 +25,7 @@ void PrepareStreams();
 
 enum class StandardStream
 {
+    Input = 0,
     Output = 1,
     Error = 2
 };

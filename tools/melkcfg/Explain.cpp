@@ -109,6 +109,13 @@ CATUnicodeString CurrentDirectory()
     return directory;
 }
 
+std::string DirectoryPath()
+{
+    std::string path = CurrentDirectory().ConvertToChar();
+    std::replace(path.begin(), path.end(), '\\', '/');
+    return path;
+}
+
 bool RequireFiles(const VEXMELKSource& source, const std::vector<const VEXMELKConfigManager::Configuration*>& wanted)
 {
     bool isAnyThere = false;
@@ -129,13 +136,6 @@ void TellLeftOut(std::size_t questions)
     if (questions > 0)
         std::cerr << "melkcfg: " << questions << " questions past the first 200000 of an operation were left out"
                   << std::endl;
-}
-
-std::string DirectoryPath()
-{
-    std::string path = CurrentDirectory().ConvertToChar();
-    std::replace(path.begin(), path.end(), '\\', '/');
-    return path;
 }
 
 Json FieldsToJson(const VEXMELKExplanation& explanation, bool showSecrets, const std::string& onlyField)
@@ -218,5 +218,7 @@ std::string ReasonFor(const Configuration& configuration, const VEXMELKAskable& 
         return {};
     const VEXMELKSilence silence;
     const VEXMELKTrial trial(*configuration.entry, CurrentDirectory());
+    if (trial.Documents().empty())
+        return configuration.file + " is missing or cannot be read";
     return VEXMELKReason(trial, askable, trial.Ask(askable));
 }

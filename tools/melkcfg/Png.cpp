@@ -1,5 +1,6 @@
-// librsvg draws the document on a surface of cairo. Both are loaded for the first picture, since a program that is linked
-// with them takes several times as long to start. Their headers are optional when the tool is built: MELKCFG_PNG tells.
+// librsvg draws the document on a surface of cairo. Both are loaded for the first picture, since a program that is
+// linked with them takes several times as long to start. Their headers are optional when the tool is built: MELKCFG_PNG
+// tells.
 #include "Png.h"
 
 #include "Json.h"

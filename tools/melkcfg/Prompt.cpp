@@ -1,13 +1,13 @@
 // The editor is that of libedit, which is loaded when there is a terminal. Without it, lines are read as they come.
 #include "Prompt.h"
 
+#include "Console.h"
 #include "Words.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
-#include <unistd.h>
 
 #ifdef MELKCFG_HAS_LIBEDIT
 #include "LoadedLibrary.h"
@@ -183,7 +183,7 @@ public:
 Prompt::Prompt(Completer complete)
 {
 #ifdef MELKCFG_HAS_LIBEDIT
-    if (isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0 && EditLibrary::Get().isWhole)
+    if (IsTerminal(StandardStream::Input) && IsTerminal(StandardStream::Output) && EditLibrary::Get().isWhole)
         m_Editor = std::make_unique<Editor>(std::move(complete));
 #else
     static_cast<void>(complete);
