@@ -4,7 +4,6 @@
 #include "Values.h"
 
 #include <algorithm>
-#include <unordered_map>
 
 std::string Operation::ResultType() const { return VEXMELKTypeText(m_Described->NewQuestion()->Result()); }
 
@@ -93,23 +92,17 @@ const std::vector<Configuration>& AllConfigurations()
 
 const Configuration& FindConfiguration(const std::string& name)
 {
-    static const std::unordered_map<std::string, const Configuration*> byName = []
-    {
-        std::unordered_map<std::string, const Configuration*> names;
-        for (const Configuration& configuration : AllConfigurations())
-        {
-            names.emplace(configuration.name, &configuration);
-            names.emplace(configuration.ClassName(), &configuration);
-            for (const std::string& key : configuration.keys)
-                names.emplace(key, &configuration);
-        }
-        return names;
-    }();
-    const auto found = byName.find(name);
-    if (found != byName.end())
-        return *found->second;
+    // Nearly always it is the name itself.
+    for (const Configuration& configuration : AllConfigurations())
+        if (configuration.name == name)
+            return configuration;
     std::vector<std::string> names;
     for (const Configuration& configuration : AllConfigurations())
+    {
+        if (configuration.ClassName() == name ||
+            std::find(configuration.keys.begin(), configuration.keys.end(), name) != configuration.keys.end())
+            return configuration;
         names.push_back(configuration.name);
+    }
     throw UnknownName("configuration", name, names);
 }
