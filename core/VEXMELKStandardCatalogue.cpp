@@ -113,6 +113,8 @@ VEXMELKStandardCatalogue::Categories VEXMELKStandardCatalogue::FindCategories(
             found.category = all->Item(position);
         if (found.defaultCategory == NULL_var && CATTextEqual(*name, defaultCategory))
             found.defaultCategory = all->Item(position);
+        if (found.category != NULL_var && found.defaultCategory != NULL_var)
+            break;
     }
     return found;
 }

@@ -33,7 +33,7 @@ bool VEXMELKAttributeReader::Read(std::size_t position, Output output)
 {
     const VEXMELKRow& row = m_Rows[position];
     if (row.form == VEXMELKForm::Text)
-        return ReadText(position, *output.text);
+        return ReadText(position, VEXMELKTextEnd(row), *output.text);
     const std::optional<std::string_view> written = m_Texts.At(position);
     if (!written && LeavesField(row))
         return false;
@@ -55,7 +55,7 @@ bool VEXMELKAttributeReader::Read(std::size_t position, std::optional<int>& valu
     CATUnicodeString text;
     const std::optional<std::string_view> written = m_Texts.At(position);
     if (written)
-        ReadText(position, text);
+        ReadText(position, VEXMELKTextEnd(row), text);
     int integer = 0;
     if (written && row.form == VEXMELKForm::Word)
         value = ValueOfWord(row.words, text);

@@ -55,13 +55,12 @@ public:
     bool Read(std::size_t position, Output output);
     bool Read(std::size_t position, std::optional<int>& value);
     // The text of the row, whatever form it has.
-    bool ReadText(std::size_t position, CATUnicodeString& text)
+    bool ReadText(std::size_t position, const VEXMELKTextEnd& end, CATUnicodeString& text)
     {
         const std::optional<std::string_view> written = m_Texts.At(position);
-        const VEXMELKRow& row = m_Rows[position];
-        if (written && !row.isAsWritten && TakeShort(*written, row.unit, text)) [[likely]]
+        if (written && TakeShort(*written, end, text)) [[likely]]
             return true;
-        return TakeUnusual(written, row, text);
+        return TakeUnusual(written, m_Rows[position], text);
     }
 
 private:
@@ -69,24 +68,30 @@ private:
     {
         return {&rows.data()->attribute, sizeof(VEXMELKRow), rows.size()};
     }
+    enum class Separator : unsigned char
+    {
+        Point,
+        Comma,
+        NotAsked
+    };
     bool WritesCommas()
     {
-        if (!m_WritesCommas)
-            m_WritesCommas = m_Decimals.WritesCommas();
-        return *m_WritesCommas;
+        if (m_Separator == Separator::NotAsked)
+            m_Separator = m_Decimals.WritesCommas() ? Separator::Comma : Separator::Point;
+        return m_Separator == Separator::Comma;
     }
     bool TakeUnusual(std::optional<std::string_view> written, const VEXMELKRow& row, CATUnicodeString& text);
-    // As NormalizedValue gives it (VEXMELKValues.h), for the usual texts: short ones without blanks at their ends, and
-    // no "%".
-    bool TakeShort(std::string_view written, std::string_view unit, CATUnicodeString& text)
+    // As NormalizedValue gives it (VEXMELKValues.h), for the usual texts: short ones without blanks at their ends.
+    bool TakeShort(std::string_view written, const VEXMELKTextEnd& end, CATUnicodeString& text)
     {
-        if (written.empty() || !m_Texts.HasBytes(written, CATUnicodeString::shortBytes) || unit == "%" ||
-            static_cast<unsigned char>(written.front()) <= ' ' || static_cast<unsigned char>(written.back()) <= ' ')
+        const auto isBlank = [](char character) { return static_cast<unsigned char>(character) <= ' '; };
+        if (!end.isUsual || written.empty() || !m_Texts.HasBytes(written, CATUnicodeString::shortBytes) ||
+            isBlank(written.front()) || isBlank(written.back()))
             return false;
-        const bool isBare = written.back() >= '0' && written.back() <= '9';
-        if (!text.AssignShort(written, isBare ? unit : std::string_view()))
+        const bool isBare = static_cast<unsigned char>(written.back() - '0') < 10;
+        if (!text.AssignShort(written, isBare ? end.unit : CATUnicodeString::End()))
             return false;
-        if (WritesCommas()) [[unlikely]]
+        if (m_Separator != Separator::Point && WritesCommas()) [[unlikely]]
             text.ReplaceAll('.', ',');
         return true;
     }
@@ -94,7 +99,7 @@ private:
     VEXMELKDecimals m_Decimals;
     VEXMELKRows m_Rows;
     CATAttributeTexts m_Texts;
-    std::optional<bool> m_WritesCommas;
+    Separator m_Separator = Separator::NotAsked;
 };
 
 // Each attribute of "map" before "defaultMap" goes into its field; a missing one gives what its row states. True when
@@ -110,7 +115,7 @@ bool ReadFields(VEXMELKDecimals decimals, const CATIDOMNamedNodeMap_var& map, co
         const VEXMELKFieldAccess<Record>& access = table.accesses[position];
         bool found = false;
         if (access.text)
-            found = reader.ReadText(position, record.*access.text);
+            found = reader.ReadText(position, table.ends[position], record.*access.text);
         else if (access.number)
             found = reader.Read(position, &(record.*access.number));
         else if (access.flag)

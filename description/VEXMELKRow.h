@@ -106,6 +106,19 @@ struct VEXMELKRow
     bool isSecret = false;          // never shown without being asked for
 };
 
+// What most texts get: nothing, or a unit when they end in a digit.
+struct VEXMELKTextEnd
+{
+    constexpr VEXMELKTextEnd() = default;
+    explicit constexpr VEXMELKTextEnd(const VEXMELKRow& row)
+        : isUsual(!row.isAsWritten && row.unit != "%" && row.unit.size() <= CATUnicodeString::longestEnd),
+          unit(isUsual ? row.unit : std::string_view())
+    {
+    }
+    bool isUsual = false;
+    CATUnicodeString::End unit;
+};
+
 // The unit of the number that a row hands out, empty for anything else.
 constexpr std::string_view UnitHandedOut(VEXMELKForm form)
 {
@@ -161,13 +174,14 @@ template <class Record, std::size_t Size> class VEXMELKTable
 public:
     template <class... Rows>
     explicit constexpr VEXMELKTable(const Rows&... rowsOf)
-        : rows{rowsOf.row...}, accesses{rowsOf.access...}, fields{rowsOf.field...}
+        : rows{rowsOf.row...}, accesses{rowsOf.access...}, fields{rowsOf.field...}, ends{VEXMELKTextEnd(rowsOf.row)...}
     {
     }
 
     std::array<VEXMELKRow, Size> rows;
     std::array<VEXMELKFieldAccess<Record>, Size> accesses;
     std::array<VEXMELKField<Record>, Size> fields;
+    std::array<VEXMELKTextEnd, Size> ends;
 };
 template <class Record, class... Others>
 VEXMELKTable(VEXMELKRowOf<Record>, Others...) -> VEXMELKTable<Record, sizeof...(Others) + 1>;

@@ -8,6 +8,7 @@
 #include "CATTextHash.h"
 #include "VEXMELKConfigurationExport.h"
 
+#include <bit>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
@@ -55,19 +56,32 @@ public:
         Place(Data() + m_Size, text);
         m_Size += static_cast<std::uint32_t>(text.size());
     }
-    // For a short text of which "shortBytes" bytes may be read, whatever lies behind it, and an end of a few bytes: the
-    // usual case without a branch for each size. False, and the text as it was, for any other.
-    static constexpr std::ptrdiff_t shortBytes = 24;
-    bool AssignShort(std::string_view text, std::string_view end)
+    // An end of up to three bytes that a short text may get, as one word with a zero byte behind it.
+    struct End
     {
-        constexpr std::size_t longestEnd = 3;
-        if (!IsInline() || text.size() + longestEnd > inlineCapacity || end.size() > longestEnd)
+        std::uint32_t bytes = 0;
+        std::uint32_t size = 0;
+
+        constexpr End() = default;
+        explicit constexpr End(std::string_view text) : size(static_cast<std::uint32_t>(text.size()))
+        {
+            char characters[sizeof bytes] = {};
+            for (std::size_t index = 0; index < text.size() && index < longestEnd; ++index)
+                characters[index] = text[index];
+            bytes = std::bit_cast<std::uint32_t>(characters);
+        }
+    };
+    static constexpr std::size_t longestEnd = sizeof(End::bytes) - 1;
+    // The usual case of an assignment, without a branch for each size: for a short text of which "shortBytes" bytes may
+    // be read, whatever lies behind it. False, and the text as it was, for any other.
+    static constexpr std::ptrdiff_t shortBytes = 24;
+    bool AssignShort(std::string_view text, const End& end)
+    {
+        if (!IsInline() || text.size() + sizeof end.bytes > shortBytes)
             return false;
         std::memcpy(m_Inline, text.data(), shortBytes);
-        char* behind = m_Inline + text.size();
-        for (std::size_t index = 0; index < longestEnd; ++index)
-            behind[index] = index < end.size() ? end[index] : '\0';
-        SetSize(text.size() + end.size());
+        std::memcpy(m_Inline + text.size(), &end.bytes, sizeof end.bytes);
+        m_Size = static_cast<std::uint32_t>(text.size()) + end.size;
         return true;
     }
     // Shortens the text.

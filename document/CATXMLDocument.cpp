@@ -109,8 +109,9 @@ CATXMLDocument::Elements CATXMLDocument::ElementsByTag(Index node, Symbol tag) c
     if (first != last && *first <= node)
     {
         // Elements of a kind are spread evenly as a rule: the search begins where the node's share of all nodes is.
-        const auto share = static_cast<std::uint64_t>(last - first) * node / m_Nodes.Size();
-        begin = NotBefore(first, last, first + share, node + 1);
+        const double share = static_cast<double>(node) / static_cast<double>(m_Nodes.Size());
+        begin = NotBefore(
+            first, last, first + static_cast<std::ptrdiff_t>(share * static_cast<double>(last - first)), node + 1);
     }
     const Index* end = begin == last || last[-1] < after ? last : NotBefore(begin, last, begin, after);
     return {m_TagElements.Data(), static_cast<Index>(begin - m_TagElements.Data()), static_cast<Index>(end - begin)};

@@ -54,8 +54,10 @@ public:
 
     // Assigns a short text and an end of it, where "shortBytes" bytes of the text may be read. False, with nothing
     // changed, when that is not the quickest way.
+    using End = CATShortText::End;
+    static constexpr std::size_t longestEnd = CATShortText::longestEnd;
     static constexpr std::ptrdiff_t shortBytes = CATShortText::shortBytes;
-    bool AssignShort(std::string_view text, std::string_view end) { return m_Text.AssignShort(text, end); }
+    bool AssignShort(std::string_view text, const End& end) { return m_Text.AssignShort(text, end); }
 
     void Append(std::string_view text) { m_Text.Append(text); }
     void ReplaceAll(char what, char with) { m_Text.ReplaceAll(what, with); }

@@ -66,6 +66,25 @@ private:
     Host m_Host{false};
 };
 
+// A peer that sends a request only when it has the answer to the one before, and half a request.
+TEST_F(ToolTest, BatchAnswersAtOnce)
+{
+    const std::string script = "coproc " MELKCFG R"( call --batch
+ask() { printf "$1" >&"${COPROC[1]}"; read -t 60 -u "${COPROC[0]}" answer && echo "$answer"; }
+ask '{"id":1,"manager":"reload"}\n'
+ask '{"id":2,"manager":"release"}\n{"id":3,'
+ask '"manager":"reload"}\n'
+)";
+    directory.Write("peer.sh", script);
+    FILE* pipe = popen(("bash " + directory.Path() + "/peer.sh").c_str(), "r");
+    std::string output(1000, '\0');
+    output.resize(fread(output.data(), 1, output.size(), pipe));
+    EXPECT_EQ(pclose(pipe), 0);
+    const std::string rest = R"(,"result":null,"outputs":{},"messages":[],"log":[]})"
+                             "\n";
+    EXPECT_EQ(output, R"({"id":1)" + rest + R"({"id":2)" + rest + R"({"id":3)" + rest);
+}
+
 TEST_F(ToolTest, BatchAnswersWithResultOutputsMessagesAndLog)
 {
     EXPECT_EQ(Ask(R"({"id":"a","config":"UFCurb","operation":"GetEyes","arguments":{"standard":"S"},)"

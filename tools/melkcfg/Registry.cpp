@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <unordered_map>
 
 Json InUnitOf(const Parameter& parameter, const Json& given)
 {
@@ -149,21 +148,10 @@ const Configuration* LookForConfiguration(const std::string& name)
 
 const Configuration& FindConfiguration(const std::string& name)
 {
-    static const std::unordered_map<std::string, const Configuration*> byName = []
-    {
-        std::unordered_map<std::string, const Configuration*> names;
-        for (const Configuration& configuration : AllConfigurations())
-        {
-            names.emplace(configuration.name, &configuration);
-            names.emplace(configuration.ClassName(), &configuration);
-            for (const std::string& key : configuration.keys)
-                names.emplace(key, &configuration);
-        }
-        return names;
-    }();
-    const auto named = byName.find(name);
-    if (named != byName.end())
-        return *named->second;
+    // Nearly always it is the name itself.
+    for (const Configuration& configuration : AllConfigurations())
+        if (configuration.name == name)
+            return configuration;
     if (const Configuration* found = LookForConfiguration(name))
         return *found;
     std::vector<std::string> names;
