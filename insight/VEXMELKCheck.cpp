@@ -1,6 +1,7 @@
 // Runs the passes over the files of a directory and sorts what they find.
 #include "VEXMELKCheckPasses.h"
 
+#include "VEXMELKFilePath.h"
 #include "VEXMELKTrial.h"
 
 #include <algorithm>
@@ -283,7 +284,7 @@ const VEXMELKCheckedFile* VEXMELKCheckedConfiguration::Main() const
 bool VEXMELKCheckedDirectory::Has(const std::string& file) const
 {
     std::error_code error;
-    return std::filesystem::is_regular_file(m_Path + "/" + file, error);
+    return std::filesystem::is_regular_file(VEXMELKFilePath(m_Path + "/" + file), error);
 }
 
 const VEXMELKCheckedConfiguration& VEXMELKCheckedDirectory::Of(const VEXMELKDescription& description)

@@ -3,6 +3,7 @@
 #include "Patch.h"
 
 #include "Json.h"
+#include "VEXMELKFilePath.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -165,7 +166,7 @@ private:
 void Write(const std::string& path, const std::string& bytes)
 {
     std::error_code error;
-    const fs::path target = fs::canonical(path, error);
+    const fs::path target = fs::canonical(VEXMELKFilePath(path), error);
     fs::path temporary = target;
     temporary += ".melkcfg-new";
     std::ofstream stream(temporary, std::ios::binary);
@@ -223,7 +224,7 @@ std::size_t WriteFixes(const std::vector<VEXMELKFinding>& findings, const std::s
         }
         std::error_code error;
         if (!mend.renamed.empty())
-            fs::rename(path, directory + "/" + mend.renamed, error);
+            fs::rename(VEXMELKFilePath(path), VEXMELKFilePath(directory + "/" + mend.renamed), error);
         if (error)
             throw RequestError(path + " cannot be renamed: " + error.message());
         count += mend.findings;
