@@ -2,6 +2,7 @@
 #include "CATNumberText.h"
 #include "VEXMELKCheckPasses.h"
 
+#include "VEXMELKFilePath.h"
 #include "VEXMELKTrial.h"
 
 #include <algorithm>
@@ -299,7 +300,7 @@ const VEXMELKCheckedFile* VEXMELKCheckedConfiguration::Main() const
 bool VEXMELKCheckedDirectory::Has(const std::string& file) const
 {
     std::error_code error;
-    return std::filesystem::is_regular_file(m_Path + "/" + file, error);
+    return std::filesystem::is_regular_file(VEXMELKFilePath(m_Path + "/" + file), error);
 }
 
 const VEXMELKCheckedConfiguration& VEXMELKCheckedDirectory::Of(const VEXMELKDescription& description)

@@ -2,6 +2,7 @@
 #include "VEXMELKBaseline.h"
 #include "VEXMELKCheckPasses.h"
 
+#include "VEXMELKFilePath.h"
 #include "VEXMELKSuggestions.h"
 #include "VEXMELKTrial.h"
 
@@ -38,12 +39,12 @@ public:
     {
         std::error_code error;
         std::vector<std::string> files;
-        const fs::path root = m_Directory.Path();
+        const fs::path root = VEXMELKFilePath(m_Directory.Path());
         for (fs::recursive_directory_iterator entry(root, fs::directory_options::skip_permission_denied, error), end;
              !error && entry != end; entry.increment(error))
         {
-            const std::string name = entry->path().lexically_relative(root).generic_string();
-            if (entry->path().filename().string().starts_with(".") && entry->is_directory(error))
+            const std::string name = VEXMELKTextOf(entry->path().lexically_relative(root));
+            if (VEXMELKTextOf(entry->path().filename()).starts_with(".") && entry->is_directory(error))
                 entry.disable_recursion_pending();
             else if (entry->is_regular_file(error))
                 files.push_back(name);

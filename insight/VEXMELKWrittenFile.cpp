@@ -3,9 +3,9 @@
 
 #include "CATEncoding.h"
 #include "VEXMELKDocumentText.h"
+#include "VEXMELKFilePath.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 
@@ -108,7 +108,7 @@ std::vector<VEXMELKWrittenFile::Attribute> AttributesIn(std::string_view text, s
 
 std::optional<VEXMELKWrittenFile> VEXMELKWrittenFile::Read(const std::string& path)
 {
-    std::ifstream stream(std::filesystem::path(path), std::ios::binary);
+    std::ifstream stream(VEXMELKFilePath(path), std::ios::binary);
     if (!stream)
         return std::nullopt;
     std::string bytes(std::istreambuf_iterator<char>(stream), {});

@@ -6,6 +6,7 @@
 #include "Progress.h"
 #include "Table.h"
 #include "VEXMELKAnswers.h"
+#include "VEXMELKFilePath.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -22,7 +23,7 @@ class Copy
 public:
     explicit Copy(const fs::path& directory)
     {
-        m_Path = NewTemporaryFolder();
+        m_Path = VEXMELKFilePath(NewTemporaryFolder());
         if (m_Path.empty())
             throw RequestError("no temporary directory can be made");
         Lay(directory);
@@ -41,7 +42,7 @@ public:
         std::error_code error;
         fs::copy(directory, m_Path, fs::copy_options::recursive | fs::copy_options::overwrite_existing, error);
         if (error)
-            throw RequestError(directory.string() + " cannot be copied: " + error.message());
+            throw RequestError(VEXMELKTextOf(directory) + " cannot be copied: " + error.message());
     }
 
 private:
@@ -136,7 +137,7 @@ void Apply(Edits& edits, const fs::path& directory)
 {
     for (auto& [name, ofFile] : edits)
     {
-        const fs::path relative = fs::path(name).lexically_normal();
+        const fs::path relative = VEXMELKFilePath(name).lexically_normal();
         if (relative.is_absolute() || (!relative.empty() && *relative.begin() == ".."))
             throw RequestError(Shown(name) + " is no file below the configuration directory");
         std::sort(ofFile.begin(), ofFile.end(),
@@ -147,8 +148,8 @@ void Apply(Edits& edits, const fs::path& directory)
             });
         for (const Edit& edit : ofFile)
         {
-            const fs::path path = directory / name;
-            const auto file = VEXMELKWrittenFile::Read(path.string());
+            const fs::path path = directory / VEXMELKFilePath(name);
+            const auto file = VEXMELKWrittenFile::Read(VEXMELKTextOf(path));
             if (!file)
                 throw RequestError(Shown(name) + " cannot be read");
             const auto bytes = file->With(edit.position, edit.text);
@@ -174,21 +175,21 @@ void PrintEffects(const VEXMELKComparison& comparison, bool showSecrets)
 ExitStatus RunWhatIf(const CommandOptions& options)
 {
     const CATUnicodeString directory = CurrentDirectory();
-    if (!fs::is_directory(directory.ConvertToChar()))
+    if (!fs::is_directory(VEXMELKFilePath(directory)))
         return NothingThere;
     Edits edits = ReadEdits(options.assignments);
     if (edits.empty() && options.overlay.empty())
         throw RequestError("whatif needs an edit, or --overlay DIR");
-    const Copy copy(directory.ConvertToChar());
+    const Copy copy(VEXMELKFilePath(directory));
     if (!options.overlay.empty())
-        copy.Lay(options.overlay);
+        copy.Lay(VEXMELKFilePath(options.overlay));
     Apply(edits, copy.Path());
     Progress progress;
     VEXMELKComparisonScope scope;
     scope.hasChoices = true;
     scope.onQuestion = [&](std::size_t number, std::size_t count, const std::string& name)
     { progress.Show(number, count, name); };
-    const VEXMELKComparison comparison = VEXMELKCompare(directory, CATUnicodeString(copy.Path().string()), scope);
+    const VEXMELKComparison comparison = VEXMELKCompare(directory, CATUnicodeString(VEXMELKTextOf(copy.Path())), scope);
     if (options.AsJson())
         PrintJson(ChangesToJson(comparison, options.showSecrets));
     else

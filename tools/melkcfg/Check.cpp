@@ -7,6 +7,7 @@
 #include "Patch.h"
 #include "Progress.h"
 #include "Table.h"
+#include "VEXMELKFilePath.h"
 #include "VEXMELKTrial.h"
 
 #include <algorithm>
@@ -35,13 +36,13 @@ struct Target
 // The directory in which a file would be one of those that are read; nothing when no file has such a name.
 std::optional<fs::path> DirectoryOf(const fs::path& file)
 {
-    const std::string name = file.generic_string();
+    const std::string name = VEXMELKTextOf(file);
     for (const Configuration& configuration : AllConfigurations())
         for (const char* folder : {"/Default/", "/Customer/", "/"})
         {
             const std::string end = folder + VEXMELKFileOf(*configuration.entry->description);
             if (configuration.entry->create && name.ends_with(end))
-                return fs::path(name.substr(0, name.size() - end.size()));
+                return VEXMELKFilePath(name.substr(0, name.size() - end.size()));
         }
     return std::nullopt;
 }
@@ -49,12 +50,13 @@ std::optional<fs::path> DirectoryOf(const fs::path& file)
 void AddFile(Target& target, const std::string& name)
 {
     std::error_code error;
-    const fs::path below = fs::path(target.directory) / name;
+    const fs::path below = VEXMELKFilePath(target.directory) / VEXMELKFilePath(name);
     const bool isBelow = !target.directory.empty() && fs::is_regular_file(below, error);
-    const fs::path path = fs::weakly_canonical(isBelow ? below : fs::path(name), error);
+    const fs::path path = fs::weakly_canonical(isBelow ? below : VEXMELKFilePath(name), error);
     const auto directory = DirectoryOf(path);
-    const fs::path current = target.directory.empty() ? fs::path() : fs::weakly_canonical(target.directory, error);
-    const std::string relative = path.lexically_relative(current).generic_string();
+    const fs::path current =
+        target.directory.empty() ? fs::path() : fs::weakly_canonical(VEXMELKFilePath(target.directory), error);
+    const std::string relative = VEXMELKTextOf(path.lexically_relative(current));
     if (!current.empty() && !relative.starts_with(".."))
     {
         target.scope.files.push_back(relative);
@@ -64,8 +66,8 @@ void AddFile(Target& target, const std::string& name)
         throw RequestError(Shown(name) + ": no check reads a file of this name");
     if (!target.scope.files.empty() || !target.scope.configurations.empty())
         throw RequestError("files of several directories cannot be checked at once");
-    target.directory = directory->string();
-    target.scope.files.push_back(path.lexically_relative(*directory).generic_string());
+    target.directory = VEXMELKTextOf(*directory);
+    target.scope.files.push_back(VEXMELKTextOf(path.lexically_relative(*directory)));
 }
 
 Target ReadTarget(const std::vector<std::string>& names)
@@ -78,12 +80,12 @@ Target ReadTarget(const std::vector<std::string>& names)
     for (const std::string& name : names)
     {
         std::error_code error;
-        const bool isFile =
-            fs::is_regular_file(name, error) || fs::is_regular_file(target.directory + "/" + name, error);
+        const bool isFile = fs::is_regular_file(VEXMELKFilePath(name), error) ||
+                            fs::is_regular_file(VEXMELKFilePath(target.directory + "/" + name), error);
         if (isFile)
             AddFile(target, name);
         else if (name.find('/') != std::string::npos && !LookForConfiguration(name))
-            throw RequestError(fs::is_directory(name, error) ? Shown(name) + " is a directory: use --config"
+            throw RequestError(fs::is_directory(VEXMELKFilePath(name), error) ? Shown(name) + " is a directory: use --config"
                                                              : "there is no file " + Shown(name));
         else
             target.scope.configurations.push_back(FindConfiguration(name).entry->description);

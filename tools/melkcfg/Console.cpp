@@ -1,6 +1,8 @@
 // Windows gives arguments in UTF-16, and turns "\n" into "\r\n" unless it is told not to.
 #include "Console.h"
 
+#include "VEXMELKFilePath.h"
+
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
@@ -91,7 +93,7 @@ std::string NewTemporaryFolder()
         if (!fs::create_directory(folder, error)) // false too when something of that name is there
             continue;
         fs::permissions(folder, fs::perms::owner_all, error);
-        return error ? std::string() : folder.string();
+        return error ? std::string() : VEXMELKTextOf(folder);
     }
     return {};
 }

@@ -2,6 +2,8 @@
 // mended in place only.
 #include "Patch.h"
 
+#include "VEXMELKFilePath.h"
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -163,7 +165,7 @@ private:
 void Write(const std::string& path, const std::string& bytes)
 {
     std::error_code error;
-    const fs::path target = fs::canonical(path, error);
+    const fs::path target = fs::canonical(VEXMELKFilePath(path), error);
     fs::path temporary = target;
     temporary += ".melkcfg-new";
     std::ofstream stream(temporary, std::ios::binary);
@@ -221,7 +223,7 @@ std::size_t WriteFixes(const std::vector<VEXMELKFinding>& findings, const std::s
         }
         std::error_code error;
         if (!mend.renamed.empty())
-            fs::rename(path, directory + "/" + mend.renamed, error);
+            fs::rename(VEXMELKFilePath(path), VEXMELKFilePath(directory + "/" + mend.renamed), error);
         if (error)
             throw RequestError(path + " cannot be renamed: " + error.message());
         count += mend.findings;
