@@ -222,11 +222,24 @@ void VEXMELKPedestrianProtectionConfig::GetPPBonnetRearTemplateDef(const CATUnic
         rearTemplateTable, rearTemplate);
 }
 
+namespace {
+
+// The row of an area's attribute as it is described: whoever watches keeps it, so it has to live on.
+const VEXMELKRow& DescribedRow(const VEXMELKRow& other)
+{
+    const auto* const known = std::find_if(areaTable.rows.begin(), areaTable.rows.end(),
+        [&](const VEXMELKRow& row) { return row.attribute == other.attribute; });
+    return known == areaTable.rows.end() ? other : *known;
+}
+
+} // namespace
+
 CATUnicodeString VEXMELKPedestrianProtectionConfig::GetOptionalStringValue(const CATIDOMNamedNodeMap_var& attributes,
     const CATUnicodeString& name, const CATUnicodeString& unit, const CATUnicodeString& defaultValue)
 {
     CATUnicodeString value;
-    ReadText(Decimals(), attributes, {.attribute = name, .unit = unit, .whenMissing = {.text = defaultValue}}, value);
+    const VEXMELKRow other{.attribute = name, .unit = unit, .whenMissing = {.text = defaultValue}};
+    ReadText(Decimals(), attributes, DescribedRow(other), value);
     return value;
 }
 
@@ -237,24 +250,20 @@ int VEXMELKPedestrianProtectionConfig::GetOptionalIntValue(
         .kind = VEXMELKKind::Integer,
         .form = VEXMELKForm::Integer,
         .whenMissing = {.integer = defaultValue}};
-    // Whoever watches keeps the row: it has to live on.
-    const auto& described = areaTable.rows;
-    const auto* const known = std::find_if(described.begin(), described.end(),
-        [&](const VEXMELKRow& candidate) { return candidate.attribute == std::string_view(name); });
-    const VEXMELKRow& row = known == described.end() ? other : *known;
     CATUnicodeString text;
     int value = 0;
-    const bool converts = ReadText(Decimals(), attributes, row, text) && text.ConvertToNum(&value, "%d");
+    const bool converts =
+        ReadText(Decimals(), attributes, DescribedRow(other), text) && text.ConvertToNum(&value, "%d");
     return converts ? value : defaultValue;
 }
 
 unsigned char VEXMELKPedestrianProtectionConfig::GetOptionalBooleanValue(
     const CATIDOMNamedNodeMap_var& attributes, const CATUnicodeString& name, unsigned char defaultValue)
 {
-    const VEXMELKRow row{.attribute = name,
+    const VEXMELKRow other{.attribute = name,
         .kind = VEXMELKKind::Flag,
         .form = VEXMELKForm::Flag,
         .whenMissing = {.flag = defaultValue != 0}};
     CATUnicodeString text;
-    return ReadText(Decimals(), attributes, row, text) ? FlagFromText(text) : defaultValue;
+    return ReadText(Decimals(), attributes, DescribedRow(other), text) ? FlagFromText(text) : defaultValue;
 }
