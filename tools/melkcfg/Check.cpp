@@ -85,8 +85,9 @@ Target ReadTarget(const std::vector<std::string>& names)
         if (isFile)
             AddFile(target, name);
         else if (name.find('/') != std::string::npos && !LookForConfiguration(name))
-            throw RequestError(fs::is_directory(VEXMELKFilePath(name), error) ? Shown(name) + " is a directory: use --config"
-                                                             : "there is no file " + Shown(name));
+            throw RequestError(fs::is_directory(VEXMELKFilePath(name), error)
+                                   ? Shown(name) + " is a directory: use --config"
+                                   : "there is no file " + Shown(name));
         else
             target.scope.configurations.push_back(FindConfiguration(name).entry->description);
     }
