@@ -24,7 +24,7 @@ private:
     std::size_t m_Position = 0;
 };
 
-inline constexpr std::array<std::string_view, 5> names = {"S", "default", "x", "95", "1"};
+inline constexpr std::array<std::string_view, 5> fewNames = {"S", "default", "x", "95", "1"};
 inline constexpr std::array<std::string_view, 10> valueTexts = {
     "1", "2.5", "30deg", "12mm", "true", "false", "-1e3", "", " 7 ", "50%"};
 
@@ -78,7 +78,7 @@ private:
     {
         if (!row.words.list.empty() && m_Script.Next(8) != 0)
             return m_Script.Any(row.words.list).text;
-        return isKey ? m_Script.Any(names) : m_Script.Any(valueTexts);
+        return isKey ? m_Script.Any(fewNames) : m_Script.Any(valueTexts);
     }
 
     Script& m_Script;
@@ -113,7 +113,7 @@ inline Json MakeArguments(Script& script, const Operation& operation)
             else if (parameter.type == "number")
                 argument = script.Any(std::array{0.0, 22.5, 0.4, 1e300});
             else
-                argument = script.Any(names);
+                argument = script.Any(fewNames);
         }
     return arguments;
 }

@@ -30,7 +30,7 @@ std::string UnitOf(const VEXMELKChangedSide& side)
     return text ? text->substr(std::min(text->find_last_of("0123456789.,") + 1, text->size())) : "";
 }
 
-std::string Shown(const VEXMELKChangedSide& side, bool inUsualUnit)
+std::string TextOfSide(const VEXMELKChangedSide& side, bool inUsualUnit)
 {
     if (!side.value)
         return "–";
@@ -69,8 +69,8 @@ std::string ValuesText(const VEXMELKChange& change, bool showSecrets)
     const bool areQuantities = change.before.amount && change.after.amount && !change.before.amount->unit.empty() &&
                                change.before.amount->unit == change.after.amount->unit;
     const bool inUsualUnit = areQuantities && UnitOf(change.before) != UnitOf(change.after);
-    const std::string before = Shown(change.before, inUsualUnit);
-    const std::string after = Shown(change.after, inUsualUnit);
+    const std::string before = TextOfSide(change.before, inUsualUnit);
+    const std::string after = TextOfSide(change.after, inUsualUnit);
     return before == after && change.before.value == change.after.value ? before : before + " → " + after;
 }
 

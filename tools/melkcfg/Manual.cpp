@@ -8,7 +8,7 @@
 
 namespace {
 
-std::string Escaped(const std::string& text)
+std::string RoffText(const std::string& text)
 {
     std::string escaped;
     for (const char character : text)
@@ -30,10 +30,10 @@ bool IsShownOption(const CLI::Option* option) { return !option->get_positional()
 std::string NameOf(const CLI::Option& option)
 {
     if (option.get_positional())
-        return "\\fI" + Escaped(option.get_name(true)) + "\\fR";
-    std::string name = "\\fB" + Escaped(option.get_name(false, true)) + "\\fR";
+        return "\\fI" + RoffText(option.get_name(true)) + "\\fR";
+    std::string name = "\\fB" + RoffText(option.get_name(false, true)) + "\\fR";
     if (option.get_items_expected_max() > 0)
-        name += " \\fI" + Escaped(option.get_type_name()) + "\\fR";
+        name += " \\fI" + RoffText(option.get_type_name()) + "\\fR";
     return name;
 }
 
@@ -42,19 +42,19 @@ std::string Paragraph(const CLI::Option& option)
     std::string text = option.get_description();
     if (!option.get_default_str().empty())
         text += " (" + option.get_default_str() + " unless given)";
-    return ".TP\n" + NameOf(option) + "\n" + Escaped(text) + "\n";
+    return ".TP\n" + NameOf(option) + "\n" + RoffText(text) + "\n";
 }
 
 std::string Synopsis(const CLI::App& command)
 {
-    std::string synopsis = ".SS \"" + Escaped(command.get_name());
+    std::string synopsis = ".SS \"" + RoffText(command.get_name());
     const auto isAny = command.get_options(IsShownOption);
     if (isAny.size() > 1) // more than --help
         synopsis += " [OPTION...]";
     for (const CLI::Option* argument : command.get_options(IsPositional))
     {
         const std::string name =
-            Escaped(argument->get_name(true)) + (argument->get_items_expected_max() > 1 ? "..." : "");
+            RoffText(argument->get_name(true)) + (argument->get_items_expected_max() > 1 ? "..." : "");
         synopsis += argument->get_required() ? " " + name : " [" + name + "]";
     }
     return synopsis + "\"\n";
@@ -62,14 +62,14 @@ std::string Synopsis(const CLI::App& command)
 
 std::string Section(const CLI::App& application, const CLI::App& command)
 {
-    std::string section = Synopsis(command) + Escaped(command.get_description()) + ".\n";
+    std::string section = Synopsis(command) + RoffText(command.get_description()) + ".\n";
     for (const CLI::Option* argument : command.get_options(IsPositional))
         section += Paragraph(*argument);
     for (const CLI::Option* option : command.get_options(IsShownOption))
         if (option != command.get_help_ptr())
             section += Paragraph(*option);
     if (const std::string footer = command.get_footer(); footer != application.get_footer() && !footer.empty())
-        section += ".PP\n.nf\n" + Escaped(footer) + "\n.fi\n";
+        section += ".PP\n.nf\n" + RoffText(footer) + "\n.fi\n";
     return section;
 }
 
@@ -100,7 +100,7 @@ std::string ManualOf(const CLI::App& application)
                        "\" \"User Commands\"\n.SH NAME\nmelkcfg \\- asks vehicle\\-architecture configurations\n"
                        ".SH SYNOPSIS\n.B melkcfg\n[\\fIOPTION\\fR...] \\fICOMMAND\\fR [\\fIARGUMENT\\fR...]\n"
                        ".SH DESCRIPTION\n" +
-                       Escaped(application.get_description()) +
+                       RoffText(application.get_description()) +
                        "\nA configuration is named as \\fBmelkcfg list\\fR does, or by its file.\n"
                        "Numbers take a unit where they have a dimension: hPointTravel=133mm, backAngle=25deg.\n"
                        ".SH OPTIONS\n";
@@ -111,6 +111,6 @@ std::string ManualOf(const CLI::App& application)
         page += Section(application, *command);
     const std::string footer = application.get_footer();
     const std::size_t statuses = footer.find('\n');
-    page += ".SH \"EXIT STATUS\"\n.nf\n" + Escaped(footer.substr(statuses + 1)) + "\n.fi\n";
+    page += ".SH \"EXIT STATUS\"\n.nf\n" + RoffText(footer.substr(statuses + 1)) + "\n.fi\n";
     return page + environment;
 }

@@ -7,6 +7,7 @@
 #include "Progress.h"
 #include "Table.h"
 #include "VEXMELKMatrix.h"
+#include "VEXMELKSvg.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -107,19 +108,6 @@ void PrintAsCsv(const std::vector<VEXMELKMatrix>& matrices, const std::string& u
     }
 }
 
-std::string Escaped(const std::string& text)
-{
-    std::string escaped;
-    for (const unsigned char byte : text)
-        escaped += byte == '&'                  ? "&amp;"
-                   : byte == '<'                ? "&lt;"
-                   : byte == '>'                ? "&gt;"
-                   : byte == '"'                ? "&quot;"
-                   : byte < ' ' || byte == 0x7F ? " "
-                                                : std::string(1, static_cast<char>(byte));
-    return escaped;
-}
-
 // One page without scripts that fetches nothing.
 void PrintAsHtml(const std::vector<VEXMELKMatrix>& matrices, const std::string& unit, bool showSecrets)
 {
@@ -128,27 +116,27 @@ void PrintAsHtml(const std::vector<VEXMELKMatrix>& matrices, const std::string& 
         << "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
            "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src "
            "'unsafe-inline'\">\n<title>"
-        << Escaped(title)
+        << VEXMELKMarkupText(title)
         << "</title>\n<style>\n:root { color-scheme: light dark; }\nbody { font: 1rem sans-serif; margin: 1rem; }\n"
            "table { border-collapse: collapse; margin: 0 0 2rem; }\ncaption { font-weight: bold; text-align: left; "
            "padding: .5rem 0; }\nth, td { border: 1px solid; padding: .2rem .5rem; text-align: left; }\ntd { "
            "white-space: nowrap; }\nsmall { opacity: .7; }\n</style>\n</head>\n<body>\n";
     for (const VEXMELKMatrix& matrix : matrices)
     {
-        std::cout << "<table>\n<caption>" << Escaped(TitleOf(matrix, unit))
+        std::cout << "<table>\n<caption>" << VEXMELKMarkupText(TitleOf(matrix, unit))
                   << "</caption>\n<thead><tr><th scope=\"col\">standard</th>";
         for (const std::string& category : matrix.categories)
-            std::cout << "<th scope=\"col\">" << Escaped(category) << "</th>";
+            std::cout << "<th scope=\"col\">" << VEXMELKMarkupText(category) << "</th>";
         std::cout << "</tr></thead>\n<tbody>\n";
         for (std::size_t standard = 0; standard < matrix.standards.size(); ++standard)
         {
-            std::cout << "<tr><th scope=\"row\">" << Escaped(matrix.standards[standard]) << "</th>";
+            std::cout << "<tr><th scope=\"row\">" << VEXMELKMarkupText(matrix.standards[standard]) << "</th>";
             for (const Cell& cell : matrix.cells[standard])
             {
                 const std::string place =
                     cell && cell->HasPlace() ? cell->file + ":" + std::to_string(cell->position.line) : "";
-                std::cout << "<td" << (place.empty() ? "" : " title=\"" + Escaped(place) + "\"") << ">"
-                          << (cell ? Escaped(TextOfCell(*cell, unit, showSecrets)) : "");
+                std::cout << "<td" << (place.empty() ? "" : " title=\"" + VEXMELKMarkupText(place) + "\"") << ">"
+                          << (cell ? VEXMELKMarkupText(TextOfCell(*cell, unit, showSecrets)) : "");
                 if (!MarkOf(cell).empty())
                     std::cout << " <small>" << MarkOf(cell) << "</small>";
                 std::cout << "</td>";

@@ -2,12 +2,12 @@
 // the same files.
 #include "ReportPage.h"
 
+#include "ChangeOutput.h"
 #include "Digest.h"
 #include "Json.h"
 #include "ReportStyle.h"
-#include "VEXMELKAnswers.h"
 #include "VEXMELKCheck.h"
-#include "VEXMELKDefaultAlone.h"
+#include "VEXMELKComparison.h"
 #include "VEXMELKSvg.h"
 
 #include <algorithm>
@@ -188,20 +188,11 @@ private:
         m_Text += "</details>\n";
     }
 
-    static std::string ValueText(const std::optional<VEXMELKPlainValue>& value, const std::string& unit)
-    {
-        if (!value)
-            return "–";
-        return VEXMELKTextOf(*value) + (unit.empty() ? "" : " " + unit);
-    }
-
     // Compared with the Default files alone.
     void WriteOverrides()
     {
-        const VEXMELKDefaultAlone alone(m_Directory);
         m_Text += "<section id=\"overrides\"><h2>What Customer changes</h2>\n";
-        const VEXMELKComparison comparison =
-            alone.IsLess() ? VEXMELKCompare(alone.Path(), m_Directory) : VEXMELKComparison{};
+        const VEXMELKComparison comparison = VEXMELKCompare({m_Directory, true}, m_Directory);
         if (comparison.changes.empty())
             m_Text += "<p>Nothing: the answers are those of the Default files alone.</p>\n";
         else
@@ -214,18 +205,16 @@ private:
         const std::string count = std::to_string(comparison.changes.size());
         m_Text += "<details><summary>" + count + " values of " + std::to_string(comparison.questions) +
                   " questions</summary>\n";
-        BeginTable(
-            "against the Default files alone", {"Configuration", "Question", "Field", "Default", "Customer", "Change"});
+        BeginTable("against the Default files alone",
+            {"Configuration", "Question", "Field", "Default and Customer", "Change", "Written in"});
         for (const VEXMELKChange& change : comparison.changes)
         {
-            m_Text += "<tr><td>" + Escaped(change.configuration->description->name) + "</td><td>" +
-                      Escaped(std::string(change.question.Operation().Name()) + " " + change.question.ArgumentText()) +
-                      "</td><td>" + Escaped(change.field) + "</td><td>" +
-                      Escaped(ValueText(change.before, change.unit)) + "</td><td class=\"customer\">" +
-                      Escaped(ValueText(change.after, change.unit)) + "</td><td class=\"n\">";
-            if (change.percent)
-                m_Text += Escaped((*change.percent > 0.0 ? "+" : "") + VEXMELKNumberText(*change.percent) + " %");
-            m_Text += "</td></tr>\n";
+            m_Text +=
+                "<tr><td>" + Escaped(change.configuration->description->name) + "</td><td>" +
+                Escaped(std::string(change.question->Operation().Name()) + " " + change.question->ArgumentText()) +
+                "</td><td>" + Escaped(change.field) + "</td><td class=\"customer\">" +
+                Escaped(ValuesText(change, false)) + "</td><td class=\"n\">" + Escaped(PercentText(change)) +
+                "</td><td><code>" + Escaped(PlaceText(change.after)) + "</code></td></tr>\n";
         }
         EndTable();
         m_Text += "</details>\n";
