@@ -99,6 +99,7 @@ public:
         if (std::any_of(explanation.fields.begin(), explanation.fields.end(), isOpen))
         {
             TryKeys();
+            TryContents();
             explanation.fields.clear();
             addOrigins();
         }
@@ -172,6 +173,20 @@ private:
                 if (IsKey({document, slot}))
                     Try({document, slot}, m_Trial.UnknownWord());
         }
+    }
+
+    // The texts between tags, which no row reads: those that a field repeats.
+    void TryContents()
+    {
+        for (std::size_t document = 0; document < m_Trial.Documents().size(); ++document)
+            for (std::size_t slot = 0; slot < m_Trial.Documents()[document].Slots().size(); ++slot)
+            {
+                const auto& content = m_Trial.At({document, slot});
+                const auto repeats = [&](const VEXMELKNamedValue& value)
+                { return value.value == VEXMELKPlainValue(std::string(content.text)); };
+                if (content.attribute.empty() && std::any_of(m_Fields.begin(), m_Fields.end(), repeats))
+                    Try({document, slot}, m_Trial.UnknownWord());
+            }
     }
 
     // The elements that were read, and those around them: document and element.

@@ -117,6 +117,9 @@ std::string ColourPattern()
     return Choice(parts);
 }
 
+// A text that stands for a number, such as a percentile.
+bool IsNumeral(const Row& row) { return row.kind == VEXMELKKind::Text && row.sensible.upTo > 0; }
+
 // Other texts than words; empty when there are none.
 std::string PatternOf(const Row& row)
 {
@@ -135,13 +138,14 @@ std::string PatternOf(const Row& row)
     case VEXMELKKind::Name:
         return row.names == "colour" ? ColourPattern() : "";
     default:
-        return {};
+        return IsNumeral(row) ? IntegerPattern(row) : "";
     }
 }
 
 bool IsAnyText(const Row& row)
 {
-    return row.kind == VEXMELKKind::Text || (row.kind == VEXMELKKind::Name && row.names != "colour");
+    return (row.kind == VEXMELKKind::Text && !IsNumeral(row)) ||
+           (row.kind == VEXMELKKind::Name && row.names != "colour");
 }
 
 void AddWords(std::vector<std::string>& words, const Row& row)
