@@ -7,7 +7,7 @@ cd "$(dirname "$0")/.."
 rm -rf build/tidy
 mkdir -p build/tidy
 
-includes=(-I. -Idocument -Idocument/parsing -Ihost -Idescription -Icore -Ioccupant -Iinclude -Iinsight -Itests -Itools/melkcfg)
+includes=(-I. -Idocument -Idocument/parsing -Ihost -Ihost/desktop -Idescription -Icore -Ioccupant -Iinclude -Iinsight -Itests -Itools/melkcfg)
 # Those of cmake/Compiler.cmake: what clang says more than GCC.
 warnings=(-Wall -Wextra -Wpedantic -Wshadow -Wconversion)
 defines=(-DMELKCFG=\"\" -DMELK_LIBRARY=\"\" -DMELKCFG_VERSION=\"\" -DMELKCFG_SAMPLE=\"\" -DMELKCFG_HAS_LIBEDIT -DSAMPLE_CONFIGURATION=\"\" -DCASES=\"\")
