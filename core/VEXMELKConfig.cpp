@@ -500,9 +500,9 @@ unsigned char VEXMELKConfig::GetAttributeMapItemValue(CATIDOMNamedNodeMap_var ma
         value = found;
     return isFound;
 }
-// NOLINTEND(performance-unnecessary-value-param)
 
 double VEXMELKConfig::GetNumber(CATUnicodeString text) { return NumberFromText(text); }
+// NOLINTEND(performance-unnecessary-value-param)
 
 VEXMELKDecimals VEXMELKConfig::Decimals() { return VEXMELKDecimals(VEXMELKConfigManager::WritesCommas); }
 

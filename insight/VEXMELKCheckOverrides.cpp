@@ -88,6 +88,7 @@ private:
     void CheckOwn(const std::string& name, std::size_t node, const std::map<std::string, std::size_t>& standards)
     {
         std::vector<std::string> names;
+        names.reserve(standards.size());
         for (const auto& [known, place] : standards)
             names.push_back(known);
         const std::string meant = ++m_Own <= mostCompared ? VEXMELKNearlySame(name, names) : std::string();

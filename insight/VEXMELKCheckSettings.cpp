@@ -146,6 +146,7 @@ private:
     static std::vector<std::string> Colours()
     {
         std::vector<std::string> names;
+        names.reserve(static_cast<std::size_t>(VEXMELKUtilities::GetNumberOfVGAColors()));
         for (int position = 0; position < VEXMELKUtilities::GetNumberOfVGAColors(); ++position)
             names.emplace_back(VEXMELKUtilities::GetVGAColorName(position).ConvertToChar());
         return names;

@@ -275,31 +275,46 @@ private:
                 }
     }
 
-    // Values that are tenfold or more away from those of all other standards.
-    void CheckOutliers()
+    // A number that a standard gives, and where.
+    struct Value
     {
-        struct Value
-        {
-            const File* file;
-            std::size_t node;
-            const VEXMELKRow* row;
-            double amount;
-            std::string_view standard;
-        };
-        std::map<std::pair<std::vector<const VEXMELKElement*>, std::string_view>, std::vector<Value>> fields;
+        const File* file;
+        std::size_t node;
+        const VEXMELKRow* row;
+        double amount;
+        std::string_view standard;
+    };
+    using Fields = std::map<std::pair<std::vector<const VEXMELKElement*>, std::string_view>, std::vector<Value>>;
+
+    static void AddNumber(const File& file, std::size_t standard, std::size_t node,
+        const VEXMELKElementKind::Attribute& attribute, std::string_view text, Fields& fields)
+    {
+        for (const VEXMELKRow* row : attribute.rows)
+            if (const auto amount = VEXMELKAmountOf(*row, text); amount && *amount != 0.0)
+            {
+                fields[{file.Nodes()[node].place.kind->described, attribute.name}].push_back(
+                    {&file, node, row, std::fabs(*amount), file.TextOf(standard, "name").value_or("")});
+                return;
+            }
+    }
+    Fields NumbersOfStandards() const
+    {
+        Fields fields;
         for (const auto& [file, standard] : m_All)
             for (std::size_t node = standard; node < file->Nodes()[standard].end; ++node)
                 for (const VEXMELKElementKind::Attribute& attribute : file->Nodes()[node].place.kind->attributes)
                     if (const auto text = file->TextOf(node, attribute.name); text && !file->Nodes()[node].isLeftOut)
-                        for (const VEXMELKRow* row : attribute.rows)
-                            if (const auto amount = VEXMELKAmountOf(*row, *text); amount && *amount != 0.0)
-                            {
-                                fields[{file->Nodes()[node].place.kind->described, attribute.name}].push_back(
-                                    {file, node, row, std::fabs(*amount), file->TextOf(standard, "name").value_or("")});
-                                break;
-                            }
-        for (auto& [field, values] : fields)
+                        AddNumber(*file, standard, node, attribute, *text, fields);
+        return fields;
+    }
+
+    // Values that are tenfold or more away from those of all other standards.
+    void CheckOutliers()
+    {
+        Fields fields = NumbersOfStandards();
+        for (auto& field : fields)
         {
+            std::vector<Value>& values = field.second;
             std::sort(values.begin(), values.end(),
                 [](const Value& left, const Value& right) { return left.amount < right.amount; });
             const auto others = [&](const Value& value)

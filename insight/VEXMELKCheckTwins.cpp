@@ -155,7 +155,7 @@ private:
 // The rows of one list, in the order of the file.
 struct RowList
 {
-    const VEXMELKElement* element;
+    const VEXMELKElement* element = nullptr;
     std::vector<std::pair<double, std::size_t>> rows; // key and node
 };
 

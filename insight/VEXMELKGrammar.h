@@ -53,7 +53,7 @@ public:
 
 private:
     std::size_t AddElement(std::string_view tag, std::vector<const VEXMELKElement*> described);
-    void AddChildren(std::size_t element);
+    void AddChildren(std::size_t parent);
     void AddAttributes(Element& element);
     std::vector<Attribute> AttributesFor(
         const Element& element, const std::vector<std::string>& types, std::size_t position);

@@ -76,8 +76,8 @@ std::vector<VEXMELKSpot> BarrierOutline(const BarrierBox& box)
 struct Placing
 {
     VEXMELKSpot at; // the middle of the face
-    double turn;
-    double mirror; // -1: the rounded edge is the other one
+    double turn = 0.0;
+    double mirror = 1.0; // -1: the rounded edge is the other one
 };
 
 // How far the barrier covers the vehicle's width, from its left or its right side.
@@ -306,9 +306,8 @@ void DrawLampPositions(const VEXMELKSheet& sheet)
     VEXArray<VEXMELKLampPositionsDefinition> lamps;
     const auto config = sheet.New<VEXMELKLampPositionsConfig>();
     config->GetStandardData(sheet.standard, sheet.category, lamps);
-    for (int number = 0; number < lamps.size(); ++number)
+    for (const VEXMELKLampPositionsDefinition& lamp : lamps)
     {
-        const VEXMELKLampPositionsDefinition& lamp = lamps[number];
         const std::string name = VEXMELKPlain(lamp.Abbr);
         if (lamp.IsFront)
             DrawLampAcross(sheet, sheet.FrontView("From the front: " + name), lamp);

@@ -13,9 +13,9 @@
 
 namespace {
 
-const std::string toTheRear = "X, to the rear";
-const std::string toTheRight = "Y, to the right";
-const std::string upwards = "Z, up";
+constexpr const char* toTheRear = "X, to the rear";
+constexpr const char* toTheRight = "Y, to the right";
+constexpr const char* upwards = "Z, up";
 
 // Base data
 // ------------------------------------------------------------------------------------------------------------
@@ -32,8 +32,10 @@ void DrawWheel(const VEXMELKSheet& sheet, const char* tag)
     const VEXMELKMeasure diameter = sheet.Length(prefix + "Diameter", wheel.Diameter);
     const VEXMELKMeasure loaded = sheet.Length(prefix + "StaticRadius", wheel.StaticRadius);
     const VEXMELKMeasure width = sheet.Length(prefix + "Width", wheel.Width);
-    const VEXMELKPen side = sheet.On("Side view", toTheRear + " from the front axle", upwards + " from the front axle");
-    const VEXMELKPen plan = sheet.On("Plan view", toTheRear + " from the front axle", toTheRight + " from the middle");
+    const VEXMELKPen side = sheet.On(
+        "Side view", std::string(toTheRear) + " from the front axle", std::string(upwards) + " from the front axle");
+    const VEXMELKPen plan = sheet.On(
+        "Plan view", std::string(toTheRear) + " from the front axle", std::string(toTheRight) + " from the middle");
     const VEXMELKSpot centre{x.value, z.value};
     side.Mark(centre, tag);
     if (diameter)
@@ -57,8 +59,10 @@ void DrawWheel(const VEXMELKSheet& sheet, const char* tag)
 void DrawSeat(const VEXMELKSheet& sheet, const VEXMELKSeatDefinition& seat)
 {
     const std::string name = VEXMELKPlain(seat.name);
-    const VEXMELKPen side = sheet.On("Side view", toTheRear + " from the front axle", upwards + " from the front axle");
-    const VEXMELKPen plan = sheet.On("Plan view", toTheRear + " from the front axle", toTheRight + " from the middle");
+    const VEXMELKPen side = sheet.On(
+        "Side view", std::string(toTheRear) + " from the front axle", std::string(upwards) + " from the front axle");
+    const VEXMELKPen plan = sheet.On(
+        "Plan view", std::string(toTheRear) + " from the front axle", std::string(toTheRight) + " from the middle");
     const auto mark = [&](const std::string& label, const CATUnicodeString& xText, const CATUnicodeString& yText,
                           const CATUnicodeString& zText)
     {
@@ -93,8 +97,8 @@ void DrawBaseData(const VEXMELKSheet& sheet)
     DrawWheel(sheet, "rear");
     if (base->GetOverallDataForCategory(sheet.category, width, forward, backward))
     {
-        const VEXMELKPen plan =
-            sheet.On("Plan view", toTheRear + " from the front axle", toTheRight + " from the middle");
+        const VEXMELKPen plan = sheet.On(
+            "Plan view", std::string(toTheRear) + " from the front axle", std::string(toTheRight) + " from the middle");
         const VEXMELKMeasure across = sheet.Length("carWidth", width);
         const VEXMELKMeasure front = sheet.Length("forwardDistance", forward);
         const VEXMELKMeasure rear = sheet.Length("backwardDistance", backward);
@@ -108,8 +112,8 @@ void DrawBaseData(const VEXMELKSheet& sheet)
     }
     VEXArray<VEXMELKSeatDefinition> seats;
     base->GetSeatDataForBaseDataCategory(sheet.category, seats);
-    for (int number = 0; number < seats.size(); ++number)
-        DrawSeat(sheet, seats[number]);
+    for (const VEXMELKSeatDefinition& seat : seats)
+        DrawSeat(sheet, seat);
 }
 
 // Eye ellipses
@@ -272,8 +276,10 @@ struct EyeViews
     VEXMELKPen side;
     VEXMELKPen plan;
     explicit EyeViews(const VEXMELKSheet& sheet)
-        : side(sheet.On("Side view", toTheRear + " from the reference point", upwards + " from the reference point")),
-          plan(sheet.On("Plan view", toTheRear + " from the reference point", toTheRight + " from the reference point"))
+        : side(sheet.On("Side view", std::string(toTheRear) + " from the reference point",
+              std::string(upwards) + " from the reference point")),
+          plan(sheet.On("Plan view", std::string(toTheRear) + " from the reference point",
+              std::string(toTheRight) + " from the reference point"))
     {
     }
     void Mark(const std::string& name, double dx, double dy, double dz) const
@@ -290,9 +296,8 @@ void DrawEyeCategory(const VEXMELKSheet& sheet, const EyeViews& views)
     const auto config = sheet.New<VEXMELKEyePointsConfig>();
     VEXArray<VEXMELKEyePointDefinition> points;
     config->GetEyePoints(sheet.standard, sheet.category, points);
-    for (int number = 0; number < points.size(); ++number)
+    for (const VEXMELKEyePointDefinition& point : points)
     {
-        const VEXMELKEyePointDefinition& point = points[number];
         const std::string name = VEXMELKPlain(point.name);
         if (point.dx_type == VEXIMELKEyePoints::Length && point.dy_type == VEXIMELKEyePoints::Length &&
             point.dz_type == VEXIMELKEyePoints::Length)
@@ -414,7 +419,7 @@ std::vector<HeadEllipse> HeadEllipsesOf(const VEXMELKSheet& sheet)
     for (const CATUnicodeString& text : cutoffs)
     {
         HeadEllipse ellipse;
-        ellipse.cutoff = std::atoi(text.ConvertToChar());
+        text.ConvertToNum(&ellipse.cutoff, "%d");
         if (config->GetRadii(sheet.standard, sheet.category, sheet.vehicle.hPointTravel, ellipse.cutoff, ellipse.x,
                 ellipse.y, ellipse.z))
             ellipses.push_back(ellipse);
@@ -465,10 +470,10 @@ void DrawHeadContour(const VEXMELKSheet& sheet)
         if (heads.empty() || !hasDeltas)
             continue;
         const std::string name = seat;
-        const VEXMELKPen sideView =
-            sheet.On(name + ", side view", toTheRear + " from the eyes", upwards + " from the eyes");
+        const VEXMELKPen sideView = sheet.On(
+            name + ", side view", std::string(toTheRear) + " from the eyes", std::string(upwards) + " from the eyes");
         const VEXMELKPen rearView =
-            sheet.On(name + ", from the rear", "outwards from the eyes", upwards + " from the eyes");
+            sheet.On(name + ", from the rear", "outwards from the eyes", std::string(upwards) + " from the eyes");
         for (const HeadEllipse& head : heads)
         {
             const std::string percent = std::to_string(head.cutoff) + "% ";
@@ -503,9 +508,8 @@ void DrawSRPCurves(const VEXMELKSheet& sheet)
 {
     VEXArray<VEXMELKSRPLocationCurveDefinition> curves;
     sheet.New<VEXMELKSRPLocationCurvesConfig>()->GetStandardData(sheet.standard, sheet.category, curves);
-    for (int number = 0; number < curves.size(); ++number)
+    for (const VEXMELKSRPLocationCurveDefinition& curve : curves)
     {
-        const VEXMELKSRPLocationCurveDefinition& curve = curves[number];
         const VEXMELKPen pen = sheet.On("Side view", "X, behind the heel point", "Z, above the heel point");
         const std::string name = VEXMELKPlain(curve.name);
         std::vector<VEXMELKSpot> points;

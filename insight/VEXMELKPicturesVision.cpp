@@ -130,7 +130,7 @@ void DrawERFieldsOfView(const VEXMELKSheet& sheet)
     if (!sheet.New<VEXMELKERFieldsOfViewConfig>()->GetStandardData(sheet.standard, sheet.category, definition))
         return;
     const char* const names[] = {"extended A", "reduced B"};
-    for (std::size_t number = 0; number < definition.fields.size(); ++number)
+    for (std::size_t number = 0; number < std::size(names); ++number)
     {
         const VEXMELKERFOVField& field = definition.fields[number];
         if (!field.present)

@@ -559,6 +559,7 @@ std::vector<VEXMELKPreparedQuestion> VEXMELKAllQuestions(
         for (const VEXMELKSourceFile& file : asker->Files())
             documents.emplace_back(file.root, 1);
     std::vector<const VEXMELKDocumentText*> all;
+    all.reserve(documents.size());
     for (const VEXMELKDocumentText& document : documents)
         all.push_back(&document);
     if (all.empty())

@@ -187,8 +187,9 @@ public:
         const auto file = VEXMELKWrittenFile::Read(path);
         std::string text = file->Text();
         std::vector<VEXMELKWrittenFile::Tag> tags = file->Tags();
-        for (auto tag = tags.rbegin(); tag != tags.rend(); ++tag)
-            text.replace(tag->span.begin, tag->span.end - tag->span.begin, TagOf(*file, *tag));
+        std::for_each(tags.rbegin(), tags.rend(),
+            [&](const VEXMELKWrittenFile::Tag& tag)
+            { text.replace(tag.span.begin, tag.span.end - tag.span.begin, TagOf(*file, tag)); });
         const unsigned long ends = m_Random() % 3;
         if (ends != 0)
             text = Replaced(text, "\n", ends == 1 ? "\r\n" : "\r");

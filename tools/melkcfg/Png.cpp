@@ -38,18 +38,18 @@ struct Drawing
         isWhole = library.IsWhole();
     }
 
-    bool isWhole;
-    decltype(&rsvg_handle_new_from_data) read;
-    decltype(&rsvg_handle_set_dpi) setResolution;
-    decltype(&rsvg_handle_get_intrinsic_size_in_pixels) size;
-    decltype(&rsvg_handle_render_document) draw;
-    decltype(&g_object_unref) unref;
-    decltype(&cairo_image_surface_create) newSurface;
-    decltype(&cairo_surface_destroy) destroySurface;
-    decltype(&cairo_create) newContext;
-    decltype(&cairo_destroy) destroyContext;
-    decltype(&cairo_surface_write_to_png_stream) write;
-    decltype(&cairo_status_to_string) statusText;
+    bool isWhole = false;
+    decltype(&rsvg_handle_new_from_data) read = nullptr;
+    decltype(&rsvg_handle_set_dpi) setResolution = nullptr;
+    decltype(&rsvg_handle_get_intrinsic_size_in_pixels) size = nullptr;
+    decltype(&rsvg_handle_render_document) draw = nullptr;
+    decltype(&g_object_unref) unref = nullptr;
+    decltype(&cairo_image_surface_create) newSurface = nullptr;
+    decltype(&cairo_surface_destroy) destroySurface = nullptr;
+    decltype(&cairo_create) newContext = nullptr;
+    decltype(&cairo_destroy) destroyContext = nullptr;
+    decltype(&cairo_surface_write_to_png_stream) write = nullptr;
+    decltype(&cairo_status_to_string) statusText = nullptr;
 };
 
 cairo_status_t Append(void* closure, const unsigned char* bytes, unsigned int length)

@@ -40,18 +40,18 @@ struct EditLibrary
         return library;
     }
 
-    bool isWhole;
-    decltype(&el_init) begin;
-    decltype(&el_end) end;
-    decltype(&el_set) set;
-    decltype(&el_get) get;
-    decltype(&el_source) source;
-    decltype(&el_gets) read;
-    decltype(&el_line) line;
-    decltype(&el_insertstr) insert;
-    decltype(&history_init) beginHistory;
-    decltype(&history_end) endHistory;
-    decltype(&::history) history;
+    bool isWhole = false;
+    decltype(&el_init) begin = nullptr;
+    decltype(&el_end) end = nullptr;
+    decltype(&el_set) set = nullptr;
+    decltype(&el_get) get = nullptr;
+    decltype(&el_source) source = nullptr;
+    decltype(&el_gets) read = nullptr;
+    decltype(&el_line) line = nullptr;
+    decltype(&el_insertstr) insert = nullptr;
+    decltype(&history_init) beginHistory = nullptr;
+    decltype(&history_end) endHistory = nullptr;
+    decltype(&::history) history = nullptr;
 };
 
 // Empty when there is no place for it.
