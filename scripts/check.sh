@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# scripts/check.sh: builds everything and passes every check. Installs what is missing. Ends with CTest's summary of the
-# release tests.
+# scripts/check.sh: builds the library, its tool and its tests and passes the checks that every change has to pass.
+# Installs what is missing. Ends with CTest's summary of the release tests.
 # scripts/check.sh quick: formatting, the debug build and its tests, for daily work.
+# scripts/check.sh more: what takes longer, before a release: Clang, benchmarks, fuzzers, browser, packages, Windows.
 # scripts/check.sh STEP...: only these steps, by the names of their functions below.
 #
 # What a step says is kept in build/check/STEP.log and shown when it fails.
@@ -59,8 +60,25 @@ packages() { scripts/release.sh; }
 windows() { scripts/windows.sh test; }
 boxes() { scripts/boxes.sh build/release; }
 
+# A program built against the installed package, by CMake and by pkg-config.
+installed() {
+    rm -rf build/installed build/consumer
+    cmake --install build/release --prefix build/installed
+    cmake -S tests/consumer -B build/consumer -G Ninja -DCMAKE_BUILD_TYPE=Release \
+        -DCMAKE_PREFIX_PATH="$PWD/build/installed"
+    cmake --build build/consumer
+    build/consumer/consumer build/installed/share/VEXMELKConfiguration/configuration
+    local flags
+    flags=$(PKG_CONFIG_PATH=build/installed/lib/pkgconfig:$(echo build/installed/lib/*/pkgconfig) \
+        pkg-config --cflags --libs VEXMELKConfiguration)
+    # The headers ask for no exceptions of whoever includes them.
+    # shellcheck disable=SC2086
+    g++ -std=c++20 -fno-exceptions tests/consumer/consumer.cpp $flags -o build/consumer/by-pkg-config
+}
+
 # A new check is a function above and its name here, in the order in which they run: what fails soonest first.
-all_steps=(formatting release_build exports clang benchmarks sanitizers threads fuzzers tidy schemas browser python site packages windows boxes release_tests)
+usual_steps=(formatting release_build exports installed sanitizers threads tidy schemas python site release_tests)
+more_steps=(clang benchmarks fuzzers browser packages windows boxes)
 quick_steps=(formatting debug)
 
 run() {
@@ -80,14 +98,16 @@ run() {
 ensure_packages "${build_packages[@]}" "${test_packages[@]}" clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 git \
     pkg-config libbenchmark-dev libpugixml-dev libxml2-dev libtinyxml2-dev libxerces-c-dev
 
-steps=("${all_steps[@]}")
+steps=("${usual_steps[@]}")
 if [ "${1:-}" = quick ]; then
     steps=("${quick_steps[@]}")
+elif [ "${1:-}" = more ]; then
+    steps=("${more_steps[@]}")
 elif [ $# -gt 0 ]; then
     steps=("$@")
 fi
 for step in "${steps[@]}"; do
-    [ "$(type -t "$step")" = function ] || { echo "check.sh: there is no step $step; there are ${all_steps[*]}" >&2 && exit 2; }
+    [ "$(type -t "$step")" = function ] || { echo "check.sh: there is no step $step; there are ${usual_steps[*]} ${more_steps[*]}" >&2 && exit 2; }
 done
 for step in "${steps[@]}"; do
     run "$step"
