@@ -3,8 +3,8 @@
 #include "VEXMELKOrigins.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
+#include <ctime>
 #include <map>
 #include <set>
 
@@ -71,13 +71,14 @@ public:
 
     VEXMELKExplanation Explain()
     {
-        const auto begin = std::chrono::steady_clock::now();
+        // In processor time, so that what else the machine does leaves nothing out.
+        const std::clock_t begin = std::clock();
         Ask();
-        const std::chrono::duration<double> once = std::chrono::steady_clock::now() - begin;
+        const double once = static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
         VEXMELKExplanation explanation;
         explanation.result = m_Answer.result;
         explanation.reason = VEXMELKReason(m_Trial, m_Askable, m_Answer);
-        explanation.leftOut = TryAll(secondsForTrials / std::max(once.count(), 1e-6));
+        explanation.leftOut = TryAll(secondsForTrials / std::max(once, 1e-6));
         FindKept();
         AddOrigins(explanation);
         return explanation;

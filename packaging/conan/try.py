@@ -79,9 +79,9 @@ module("conan.tools.cmake", CMake=CMake, CMakeDeps=CMakeDeps, CMakeToolchain=CMa
 module("conan.tools.files", copy=copy)
 folder = os.path.abspath(sys.argv[1])
 here = os.path.dirname(os.path.abspath(__file__))
-specification = importlib.util.spec_from_file_location("conanfile", os.path.join(here, "conanfile.py"))
-loaded = importlib.util.module_from_spec(specification)
-specification.loader.exec_module(loaded)
+module_spec = importlib.util.spec_from_file_location("conanfile", os.path.join(here, "conanfile.py"))
+loaded = importlib.util.module_from_spec(module_spec)
+module_spec.loader.exec_module(loaded)
 recipe = loaded.VEXMELKConfigurationRecipe()
 recipe.recipe_folder = here
 recipe.export_sources_folder = os.path.join(folder, "sources")
