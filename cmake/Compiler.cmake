@@ -17,6 +17,10 @@ if(NOT MSVC)
     # GCC 12 warns of overlaps inside the standard library's own operator+ for strings.
     target_compile_options(melk_compiler INTERFACE
         $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>)
+    # To Clang conversions are also those of signs, and in a unity build one file's names shadow those of another. What it
+    # says of files by themselves, scripts/tidy.sh shows.
+    target_compile_options(melk_compiler INTERFACE
+        $<$<CXX_COMPILER_ID:Clang>:-Wno-sign-conversion;$<$<BOOL:${CMAKE_UNITY_BUILD}>:-Wno-shadow>>)
     # Calls within the library are bound when it is built.
     target_compile_options(melk_compiler INTERFACE -fno-semantic-interposition)
     # The few words that are each thread's own are found without a call; they fit where any process keeps room for

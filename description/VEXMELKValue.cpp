@@ -37,3 +37,10 @@ std::string VEXMELKTypeText(const VEXMELKValue& value, std::string_view unit)
     const std::string text = std::visit([](const auto& held) { return TextOf(held); }, value);
     return unit.empty() ? text : text + " [" + std::string(unit) + "]";
 }
+
+void VEXMELKSort(std::span<VEXMELKFieldPlace> places)
+{
+    std::sort(places.begin(), places.end(),
+        [](const VEXMELKFieldPlace& left, const VEXMELKFieldPlace& right)
+        { return std::pair(left.isCallers, left.offset) < std::pair(right.isCallers, right.offset); });
+}

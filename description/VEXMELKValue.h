@@ -16,7 +16,9 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -111,36 +113,44 @@ private:
     Integer& m_Integer;
 };
 
+// Where a field is in its record, and in the description of the record.
+struct VEXMELKFieldPlace
+{
+    bool isCallers;
+    std::ptrdiff_t offset;
+    std::size_t described;
+};
+// In declared order, those that are the caller's behind the others.
+void VEXMELKSort(std::span<VEXMELKFieldPlace> places);
+
 template <class Record> class VEXMELKRecordViewOf : public VEXMELKRecordView
 {
 public:
     explicit VEXMELKRecordViewOf(Record& record) : m_Record(record) {}
-    std::size_t Size() const override { return Fields().shown; }
-    std::string_view Name(std::size_t position) const override { return Fields().sorted[position].name; }
-    std::string_view Unit(std::size_t position) const override { return Fields().sorted[position].unit; }
-    VEXMELKValue At(std::size_t position) override { return Fields().sorted[position].value(m_Record); }
+    std::size_t Size() const override
+    {
+        return static_cast<std::size_t>(std::count_if(
+            Places().begin(), Places().end(), [](const VEXMELKFieldPlace& place) { return !place.isCallers; }));
+    }
+    std::string_view Name(std::size_t position) const override { return FieldAt(position).name; }
+    std::string_view Unit(std::size_t position) const override { return FieldAt(position).unit; }
+    VEXMELKValue At(std::size_t position) override { return FieldAt(position).value(m_Record); }
 
 private:
-    // In declared order, those that are the caller's behind the others.
-    struct SortedFields
+    static const auto& FieldAt(std::size_t position) { return VEXMELKFieldsOf<Record>[Places()[position].described]; }
+    static const auto& Places()
     {
-        std::remove_const_t<decltype(VEXMELKFieldsOf<Record>)> sorted = VEXMELKFieldsOf<Record>;
-        std::size_t shown = 0;
-    };
-    static const SortedFields& Fields()
-    {
-        static const SortedFields fields = []
+        static const auto places = []
         {
             const Record record{};
-            SortedFields made;
-            const auto place = [&](const auto& field) { return std::pair(field.isCallers, field.offset(record)); };
-            std::sort(made.sorted.begin(), made.sorted.end(),
-                [&](const auto& left, const auto& right) { return place(left) < place(right); });
-            for (const auto& field : made.sorted)
-                made.shown += field.isCallers ? 0 : 1;
+            std::array<VEXMELKFieldPlace, std::size(VEXMELKFieldsOf<Record>)> made{};
+            for (std::size_t field = 0; field < made.size(); ++field)
+                made[field] = {
+                    VEXMELKFieldsOf<Record>[field].isCallers, VEXMELKFieldsOf<Record>[field].offset(record), field};
+            VEXMELKSort(made);
             return made;
         }();
-        return fields;
+        return places;
     }
 
     Record& m_Record;

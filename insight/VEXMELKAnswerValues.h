@@ -6,6 +6,7 @@
 #include "VEXMELKQuestion.h"
 
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -23,6 +24,9 @@ struct VEXMELKNamedValue
 
     bool operator==(const VEXMELKNamedValue& other) const { return field == other.field && value == other.value; }
 };
+
+// "Overlapping" of "barriers[1].Overlapping".
+inline std::string_view VEXMELKLastName(std::string_view field) { return field.substr(field.rfind('.') + 1); }
 
 // Where a variable is; null for nothing and for what consists of others.
 const void* VEXMELKAddressOf(const VEXMELKValue& variable);

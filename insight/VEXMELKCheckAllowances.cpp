@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr std::string_view blanks = " \t\r\n";
-
 struct Allowance
 {
     VEXMELKPosition position;
@@ -23,9 +21,9 @@ struct Allowance
 
 std::string_view Stripped(std::string_view text)
 {
-    const std::size_t begin = text.find_first_not_of(blanks);
+    const std::size_t begin = text.find_first_not_of(VEXMELKBlanks);
     return begin == std::string_view::npos ? std::string_view()
-                                           : text.substr(begin, text.find_last_not_of(blanks) + 1 - begin);
+                                           : text.substr(begin, text.find_last_not_of(VEXMELKBlanks) + 1 - begin);
 }
 
 std::vector<Allowance> AllowancesOf(const VEXMELKWrittenFile& file)
@@ -40,9 +38,9 @@ std::vector<Allowance> AllowancesOf(const VEXMELKWrittenFile& file)
         if (!text.starts_with(opening))
             continue;
         text = Stripped(text.substr(opening.size()));
-        if (text.substr(0, text.find_first_of(blanks)) == verb)
+        if (text.substr(0, text.find_first_of(VEXMELKBlanks)) == verb)
             text = Stripped(text.substr(verb.size()));
-        const std::size_t end = std::min(text.find_first_of(blanks), text.size());
+        const std::size_t end = std::min(text.find_first_of(VEXMELKBlanks), text.size());
         Allowance allowance;
         allowance.position = comment.position;
         allowance.end = {comment.position.line, comment.position.column + 4};

@@ -8,6 +8,7 @@
 #include "VEXMELKCheckedFile.h"
 #include "VEXMELKConfigManager.h"
 #include "VEXMELKJudge.h"
+#include "VEXMELKWording.h"
 
 #include <set>
 

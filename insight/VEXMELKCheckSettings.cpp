@@ -124,7 +124,7 @@ private:
         VEXMELKFinding& finding = m_Findings.AtValue("unknown-colour", m_File, node, attribute,
             VEXMELKQuoted(*text) + " is not a colour: a name, a number from 1 to 16, or 0xRRGGBB");
         finding.effect = VEXMELKAskedAs(m_File, node) + std::string(attribute) + " is black";
-        finding.suggestion = VEXMELKMeant(*text, Colours());
+        finding.suggestion = VEXMELKMeant(*text, VEXMELKColourNames());
     }
     static bool IsColour(std::string_view text)
     {
@@ -140,16 +140,7 @@ private:
         std::string lower(text);
         std::transform(lower.begin(), lower.end(), lower.begin(),
             [](unsigned char byte) { return static_cast<char>(std::tolower(byte)); });
-        const std::vector<std::string> known = Colours();
-        return std::find(known.begin(), known.end(), lower) != known.end();
-    }
-    static std::vector<std::string> Colours()
-    {
-        std::vector<std::string> names;
-        names.reserve(static_cast<std::size_t>(VEXMELKUtilities::GetNumberOfVGAColors()));
-        for (int position = 0; position < VEXMELKUtilities::GetNumberOfVGAColors(); ++position)
-            names.emplace_back(VEXMELKUtilities::GetVGAColorName(position).ConvertToChar());
-        return names;
+        return VEXMELKContains(VEXMELKColourNames(), lower);
     }
 
     const File& m_File;

@@ -15,17 +15,10 @@ namespace {
 using File = VEXMELKCheckedFile;
 using Names = std::vector<std::string>;
 
-bool Has(const Names& names, std::string_view name)
+std::string InQuotes(Names names)
 {
-    return std::find(names.begin(), names.end(), name) != names.end();
-}
-
-std::string Joined(const Names& names)
-{
-    std::string joined;
-    for (const std::string& name : names)
-        joined += (joined.empty() ? "" : ", ") + VEXMELKQuoted(name);
-    return joined;
+    std::transform(names.begin(), names.end(), names.begin(), VEXMELKQuoted);
+    return VEXMELKJoined(names);
 }
 
 bool IsOfWord(unsigned char byte) { return std::isalnum(byte) != 0 || byte >= 0x80; }
@@ -123,7 +116,8 @@ private:
     {
         constexpr std::size_t most = 100;
         for (const auto& [name, count] : m_Categories)
-            if (m_Common.size() < most && !name.empty() && (count > 1 || name == "default" || Has(m_Base, name)))
+            if (m_Common.size() < most && !name.empty() &&
+                (count > 1 || name == "default" || VEXMELKContains(m_Base, name)))
                 m_Common.push_back(name);
     }
 
@@ -195,19 +189,19 @@ private:
     {
         Names lacking;
         for (const std::string& category : m_Common)
-            if (category != "default" && !Has(categories, category))
+            if (category != "default" && !VEXMELKContains(categories, category))
                 lacking.push_back(category);
         if (lacking.empty())
             return;
-        if (Has(categories, "default"))
+        if (VEXMELKContains(categories, "default"))
         {
             m_Findings.AtElement("falls-back", file, node,
-                "the standard " + name + " takes " + Joined(lacking) +
+                "the standard " + name + " takes " + InQuotes(lacking) +
                     " from its \"default\"; other standards set them");
             return;
         }
         VEXMELKFinding& finding = m_Findings.AtElement("no-default", file, node,
-            "the standard " + name + " has no category \"default\", and none for " + Joined(lacking));
+            "the standard " + name + " has no category \"default\", and none for " + InQuotes(lacking));
         finding.effect = VEXMELKAskedAs(file, node) + "queries for these categories fail";
         // Made for some categories only, a standard is complete without one.
         const std::string lack = AttributeThatLacks(file, node);
@@ -246,7 +240,7 @@ private:
                         if (attribute.name != "name" && in->TextOf(node, attribute.name))
                             set.emplace_back(attribute.name);
                     if (usual)
-                        std::erase_if(*usual, [&](const std::string& name) { return !Has(set, name); });
+                        std::erase_if(*usual, [&](const std::string& name) { return !VEXMELKContains(set, name); });
                     else
                         usual = set;
                 });
@@ -265,7 +259,7 @@ private:
                     const std::string name(file->TextOf(node, "name").value_or(""));
                     const bool hasBlanks = name != CATStripped(name); // which is told by itself
                     const std::string meant = hasBlanks ? std::string() : VEXMELKNearlySame(name, common);
-                    if (Has(common, name) || meant.empty())
+                    if (VEXMELKContains(common, name) || meant.empty())
                         continue;
                     VEXMELKFinding& finding = m_Findings.AtValue("similar-name", *file, node, "name",
                         "the category " + VEXMELKQuoted(name) + " is nearly " + VEXMELKQuoted(meant));

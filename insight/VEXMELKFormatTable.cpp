@@ -2,13 +2,12 @@
 #include "VEXMELKFormatTable.h"
 
 #include "VEXMELKRowText.h"
+#include "VEXMELKWording.h"
 
 #include <algorithm>
 #include <vector>
 
 namespace {
-
-std::string Quoted(std::string_view text) { return "`" + std::string(text) + "`"; }
 
 std::string Line(
     const std::string& name, const std::string& unit, const std::string& meaning, const std::string& whenMissing)
@@ -52,17 +51,10 @@ void AddName(std::vector<std::string>& names, const std::string& name)
         names.push_back(name);
 }
 
-std::string Joined(const std::vector<std::string>& names)
-{
-    std::string joined;
-    for (const std::string& name : names)
-        joined += (joined.empty() ? "" : ", ") + name;
-    return joined;
-}
-
 void AddRow(std::vector<Entry>& entries, const VEXMELKRow& row, bool isKey = false)
 {
-    const Entry entry{{Quoted(row.attribute)}, std::string(row.unit), Meaning(row, isKey), VEXMELKWhenMissingText(row)};
+    const Entry entry{
+        {VEXMELKInBackticks(row.attribute)}, std::string(row.unit), Meaning(row, isKey), VEXMELKWhenMissingText(row)};
     const auto like =
         std::find_if(entries.begin(), entries.end(), [&](const Entry& each) { return entry.IsLike(each); });
     if (like == entries.end())
@@ -101,7 +93,7 @@ std::string LinesOf(const std::vector<Entry>& entries, const std::string& suffix
 {
     std::string lines;
     for (const Entry& entry : entries)
-        lines += Line(Joined(entry.names) + suffix, entry.unit, entry.meaning, entry.whenMissing);
+        lines += Line(VEXMELKJoined(entry.names) + suffix, entry.unit, entry.meaning, entry.whenMissing);
     return lines;
 }
 
@@ -119,7 +111,7 @@ struct ElementGroup
         const bool isChild = first->place == VEXMELKPlace::Child;
         if (parents.empty())
             return isChild ? "child of the root" : "any depth";
-        return (isChild ? "child of " : "any depth below ") + Joined(parents);
+        return (isChild ? "child of " : "any depth below ") + VEXMELKJoined(parents);
     }
     bool Takes(const ElementGroup& other) const
     {
@@ -141,9 +133,9 @@ std::vector<ElementGroup> Grouped(std::span<const VEXMELKElement* const> element
             std::find_if(groups.begin(), groups.end(), [&](const ElementGroup& each) { return each.Takes(alone); });
         if (group == groups.end())
             group = groups.insert(groups.end(), alone);
-        AddName(group->tags, element->tag == "*" ? "any element" : Quoted(element->tag));
+        AddName(group->tags, element->tag == "*" ? "any element" : VEXMELKInBackticks(element->tag));
         if (element->below)
-            AddName(group->parents, element->below->tag == "*" ? "it" : Quoted(element->below->tag));
+            AddName(group->parents, element->below->tag == "*" ? "it" : VEXMELKInBackticks(element->below->tag));
     }
     return groups;
 }
@@ -156,7 +148,7 @@ std::string AttributeLines(const std::vector<ElementGroup>& groups, const Elemen
         groups.begin(), groups.end(), [&](const ElementGroup& each) { return each.attributes == group.attributes; });
     if (&*same == &group || std::count(group.attributes.begin(), group.attributes.end(), '\n') < many)
         return group.attributes;
-    return Line("the attributes of " + Joined(same->tags), "", "likewise", "likewise");
+    return Line("the attributes of " + VEXMELKJoined(same->tags), "", "likewise", "likewise");
 }
 
 } // namespace
@@ -166,11 +158,11 @@ std::string VEXMELKFormatTable(const VEXMELKDescription& description)
     std::string table = "| element, attribute | unit | meaning | when missing |\n|---|---|---|---|\n";
     for (const VEXMELKElement* element : description.elements)
         if (IsCommon(*element))
-            table +=
-                LinesOf(AttributesOf(*element), element->tag == "*" ? " of the root" : " of " + Quoted(element->tag));
+            table += LinesOf(AttributesOf(*element),
+                element->tag == "*" ? " of the root" : " of " + VEXMELKInBackticks(element->tag));
     const std::vector<ElementGroup> groups = Grouped(description.elements);
     for (const ElementGroup& group : groups)
-        table += Line(Joined(group.tags) + ", " + group.Place(), "", std::string(group.first->meaning),
+        table += Line(VEXMELKJoined(group.tags) + ", " + group.Place(), "", std::string(group.first->meaning),
                      std::string(group.first->whenMissing)) +
                  group.key + AttributeLines(groups, group);
     return table;

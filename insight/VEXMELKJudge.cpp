@@ -4,6 +4,7 @@
 #include "CATNumberText.h"
 #include "CATQuantity.h"
 #include "VEXMELKSuggestions.h"
+#include "VEXMELKWording.h"
 
 #include <algorithm>
 #include <cctype>
@@ -50,14 +51,6 @@ std::vector<std::string> Owned(const std::vector<std::string_view>& texts) { ret
 std::vector<std::string> UnitsOf(VEXMELKKind kind)
 {
     return Owned(kind == VEXMELKKind::Angle ? CATAngleUnits() : CATLengthUnits());
-}
-
-std::string Joined(const std::vector<std::string>& texts)
-{
-    std::string joined;
-    for (const std::string& text : texts)
-        joined += (joined.empty() ? "" : ", ") + text;
-    return joined;
 }
 
 // The number that a text begins with, and what stands behind it.
@@ -154,7 +147,8 @@ Judgement JudgeUnit(const VEXMELKRow& row, std::string_view text, const Beginnin
     if (!IsWordLike(symbol))
         return Fault("trailing-text", VEXMELKQuoted(text) + " goes on behind its number and unit", effect);
     Judgement judgement = Fault("unknown-unit",
-        VEXMELKQuoted(symbol) + " is not a unit of " + std::string(NounOf(row.kind)) + " (" + Joined(units) + ")",
+        VEXMELKQuoted(symbol) + " is not a unit of " + std::string(NounOf(row.kind)) + " (" + VEXMELKJoined(units) +
+            ")",
         effect);
     const auto same = std::find_if(units.begin(), units.end(),
         [&](const std::string& unit)
@@ -341,8 +335,8 @@ Judgement JudgeWord(const VEXMELKRow& row, std::string_view text)
         return std::nullopt;
     if (isOpen)
         return Fault("doubtful-word", VEXMELKQuoted(text) + " is nearly a word that is known here", {}, meant);
-    Judgement judgement =
-        Fault("unknown-word", VEXMELKQuoted(text) + " is not one of " + Joined(known), EffectOfOther(row), meant);
+    Judgement judgement = Fault(
+        "unknown-word", VEXMELKQuoted(text) + " is not one of " + VEXMELKJoined(known), EffectOfOther(row), meant);
     judgement->isSafe = Lower(text) == Lower(meant);
     return judgement;
 }
@@ -414,22 +408,4 @@ std::optional<double> VEXMELKAmountOf(const VEXMELKRow& row, std::string_view te
         return CATLengthFromText(VEXMELKAdapted(row, text), amount) ? std::optional(amount) : std::nullopt;
     const Beginning beginning = BeginningOf(CATStripped(text));
     return beginning.isNumber ? std::optional(beginning.number) : std::nullopt;
-}
-
-std::string VEXMELKQuoted(std::string_view text)
-{
-    constexpr std::size_t longest = 60;
-    std::string shown;
-    for (const char character : text.substr(0, longest))
-    {
-        const auto byte = static_cast<unsigned char>(character);
-        shown += byte < ' ' || byte == 0x7F ? ' ' : character;
-    }
-    if (text.size() > longest)
-    {
-        while (!shown.empty() && (static_cast<unsigned char>(shown.back()) & 0x80U) != 0)
-            shown.pop_back();
-        shown += "...";
-    }
-    return "\"" + shown + "\"";
 }

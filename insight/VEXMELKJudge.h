@@ -28,7 +28,4 @@ std::optional<double> VEXMELKAmountOf(const VEXMELKRow& row, std::string_view te
 // The text as a row that hands out texts gives it, with decimal points: stripped, with its unit.
 std::string VEXMELKAdapted(const VEXMELKRow& row, std::string_view text);
 
-// A text of a file as a message shows it: in quotes, shortened, without characters that a terminal acts upon.
-std::string VEXMELKQuoted(std::string_view text);
-
 #endif

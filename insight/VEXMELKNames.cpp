@@ -5,8 +5,6 @@
 
 namespace {
 
-using Documents = std::vector<VEXMELKDocumentText>;
-
 bool IsStandard(const VEXMELKDocumentText& document, std::size_t element)
 {
     return document.Elements()[element].parent == 0;
@@ -14,7 +12,8 @@ bool IsStandard(const VEXMELKDocumentText& document, std::size_t element)
 
 } // namespace
 
-std::vector<std::string> VEXMELKNames(const Documents& documents, std::string_view tag, std::string_view attribute,
+std::vector<std::string> VEXMELKNames(const std::vector<VEXMELKDocumentText>& documents, std::string_view tag,
+    std::string_view attribute,
     const std::function<bool(const VEXMELKDocumentText& document, std::size_t element)>& isWanted)
 {
     std::vector<std::string> names;
@@ -31,12 +30,13 @@ std::vector<std::string> VEXMELKNames(const Documents& documents, std::string_vi
     return names;
 }
 
-std::vector<std::string> VEXMELKNamesOfStandards(const Documents& documents)
+std::vector<std::string> VEXMELKNamesOfStandards(const std::vector<VEXMELKDocumentText>& documents)
 {
     return VEXMELKNames(documents, "standard", "name", IsStandard);
 }
 
-std::vector<std::string> VEXMELKNamesOfCategories(const Documents& documents, std::string_view standard)
+std::vector<std::string> VEXMELKNamesOfCategories(
+    const std::vector<VEXMELKDocumentText>& documents, std::string_view standard)
 {
     for (std::size_t number = documents.size(); number-- > 0;)
         for (std::size_t element = 0; element < documents[number].Elements().size(); ++element)

@@ -25,8 +25,6 @@ bool HasSecrets(const VEXMELKDescription& description)
     return false;
 }
 
-// "Overlapping" of "barriers[1].Overlapping".
-std::string_view LastName(std::string_view field) { return field.substr(field.rfind('.') + 1); }
 // "barriers" of "barriers[1].Overlapping".
 std::string_view OutputName(std::string_view field) { return field.substr(0, field.find_first_of(".[")); }
 // "barriers[].Overlapping" of "barriers[1].Overlapping".
@@ -343,7 +341,7 @@ private:
     {
         return std::any_of(m_Reads.begin(), m_Reads.end(),
             [&](const VEXMELKTrial::Read& read)
-            { return read.place == place && read.row->field == LastName(m_Fields[field].field); });
+            { return read.place == place && read.row->field == VEXMELKLastName(m_Fields[field].field); });
     }
     // Whether a key is what the field was made of: a list of names, or a length that an element is found by.
     bool IsKeyAsValue(Place place, std::size_t field) const

@@ -1,9 +1,7 @@
 // Chooses what draws a configuration, and which layers there are.
 #include "VEXMELKPictures.h"
 
-#include "VEXMELKDefaultAlone.h"
 #include "VEXMELKSheet.h"
-#include "VEXMELKTrial.h"
 
 #include <algorithm>
 
@@ -55,8 +53,7 @@ void DropEmptyPanels(VEXMELKDrawing& drawing)
 bool VEXMELKIsDrawn(const VEXMELKDescription& description) { return DrawerOf(description) != nullptr; }
 
 VEXMELKPictures::VEXMELKPictures(const CATUnicodeString& directory)
-    : m_DefaultAlone(std::make_unique<VEXMELKDefaultAlone>(directory)),
-      m_Default(std::make_unique<VEXMELKPictureSource>(m_DefaultAlone->Path())),
+    : m_Default(std::make_unique<VEXMELKPictureSource>(VEXMELKSource(directory, true))),
       m_Effective(std::make_unique<VEXMELKPictureSource>(directory))
 {
 }
@@ -83,8 +80,7 @@ VEXMELKDrawing VEXMELKPictures::Draw(const VEXMELKConfigManager::Configuration& 
         return made;
     };
     VEXMELKDrawing effective = drawn(VEXMELKLayer::Customer, *m_Effective);
-    VEXMELKDrawing byDefault = m_DefaultAlone->IsLess() ? drawn(VEXMELKLayer::Default, *m_Default)
-                                                        : drawn(VEXMELKLayer::Default, *m_Effective);
+    VEXMELKDrawing byDefault = drawn(VEXMELKLayer::Default, *m_Default);
     if (byDefault.panels.empty())
         return effective;
     if (ShapesOf(effective) == ShapesOf(byDefault))

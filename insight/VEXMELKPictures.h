@@ -8,7 +8,6 @@
 
 #include <memory>
 
-class VEXMELKDefaultAlone;
 class VEXMELKPictureSource;
 struct VEXMELKDescription;
 
@@ -30,7 +29,6 @@ public:
         const CATUnicodeString& category);
 
 private:
-    std::unique_ptr<VEXMELKDefaultAlone> m_DefaultAlone;
     std::unique_ptr<VEXMELKPictureSource> m_Default;
     std::unique_ptr<VEXMELKPictureSource> m_Effective;
 };

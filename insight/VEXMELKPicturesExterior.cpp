@@ -427,7 +427,7 @@ void DrawFreeSpace(const VEXMELKSheet& sheet)
     plan.Angle(aside, corner, 0.0, aside.value, nose.value);
 }
 
-constexpr VEXMELKDrawer drawers[] = {
+constexpr VEXMELKDrawer exteriorDrawers[] = {
     {"CrashBarriers", DrawCrashBarriers},
     {"Bumpers", DrawBumpers},
     {"LampPositions", DrawLampPositions},
@@ -437,4 +437,4 @@ constexpr VEXMELKDrawer drawers[] = {
 
 } // namespace
 
-std::span<const VEXMELKDrawer> VEXMELKExteriorDrawers() { return drawers; }
+std::span<const VEXMELKDrawer> VEXMELKExteriorDrawers() { return exteriorDrawers; }

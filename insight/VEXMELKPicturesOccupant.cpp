@@ -530,7 +530,7 @@ void DrawSRPCurves(const VEXMELKSheet& sheet)
     }
 }
 
-constexpr VEXMELKDrawer drawers[] = {
+constexpr VEXMELKDrawer occupantDrawers[] = {
     {"BaseData", DrawBaseData},
     {"EyeEllipses", DrawEyeEllipses},
     {"EyePoints", DrawEyePoints},
@@ -541,4 +541,4 @@ constexpr VEXMELKDrawer drawers[] = {
 
 } // namespace
 
-std::span<const VEXMELKDrawer> VEXMELKOccupantDrawers() { return drawers; }
+std::span<const VEXMELKDrawer> VEXMELKOccupantDrawers() { return occupantDrawers; }

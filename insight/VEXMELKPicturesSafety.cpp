@@ -503,7 +503,7 @@ void DrawChildProtection(const VEXMELKSheet& sheet)
     sheet.Note(child.CPAustralianNorm ? "Australian rule" : "not the Australian rule");
 }
 
-constexpr VEXMELKDrawer drawers[] = {
+constexpr VEXMELKDrawer safetyDrawers[] = {
     {"PedestrianProtection", DrawPedestrianProtection},
     {"PPOffset", DrawPPOffset},
     {"HeadImpact", DrawHeadImpact},
@@ -513,4 +513,4 @@ constexpr VEXMELKDrawer drawers[] = {
 
 } // namespace
 
-std::span<const VEXMELKDrawer> VEXMELKSafetyDrawers() { return drawers; }
+std::span<const VEXMELKDrawer> VEXMELKSafetyDrawers() { return safetyDrawers; }

@@ -297,7 +297,7 @@ void DrawWheelCovering(const VEXMELKSheet& sheet)
     sheet.Note(cover.HasSpecialBack ? "special back" : "no special back");
 }
 
-constexpr VEXMELKDrawer drawers[] = {
+constexpr VEXMELKDrawer underfloorDrawers[] = {
     {"UFCurb", DrawCurb},
     {"UFDynamicCurb", DrawDynamicCurb},
     {"UFInnerAngle", DrawInnerAngle},
@@ -311,4 +311,4 @@ constexpr VEXMELKDrawer drawers[] = {
 
 } // namespace
 
-std::span<const VEXMELKDrawer> VEXMELKUnderfloorDrawers() { return drawers; }
+std::span<const VEXMELKDrawer> VEXMELKUnderfloorDrawers() { return underfloorDrawers; }

@@ -149,7 +149,7 @@ void DrawERFieldsOfView(const VEXMELKSheet& sheet)
 // -----------------------------------------------------------------------------------------------------------
 
 // The eye looks to the front, which is on the left: turns there are 180 degrees.
-constexpr double forward = 180.0;
+constexpr double toTheFront = 180.0;
 
 struct EyePanels
 {
@@ -171,8 +171,8 @@ void DrawElevation(const VEXMELKPen& pen, VEXMELKSpot eye, const VEXMELKMeasure&
 {
     if (!angle)
         return;
-    pen.Ray(eye, forward - angle.value, reach, angle);
-    pen.Angle(angle, eye, forward, forward - angle.value, 0.6 * reach);
+    pen.Ray(eye, toTheFront - angle.value, reach, angle);
+    pen.Angle(angle, eye, toTheFront, toTheFront - angle.value, 0.6 * reach);
 }
 
 // A direction to the right (positive) or to the left in plan view: Y is to the right, which is up there.
@@ -180,8 +180,8 @@ void DrawAzimuth(const VEXMELKPen& pen, VEXMELKSpot eye, const VEXMELKMeasure& a
 {
     if (!angle)
         return;
-    pen.Ray(eye, forward - sign * angle.value, reach, angle);
-    pen.Angle(angle, eye, forward, forward - sign * angle.value, 0.6 * reach);
+    pen.Ray(eye, toTheFront - sign * angle.value, reach, angle);
+    pen.Angle(angle, eye, toTheFront, toTheFront - sign * angle.value, 0.6 * reach);
 }
 
 void DrawEye(const EyePanels& panels, double reach)
@@ -206,11 +206,11 @@ void DrawVisionCone(const VEXMELKSheet& sheet)
     DrawEye(panels, reach);
     const auto draw = [&](const VEXMELKPen& pen, VEXMELKSpot eye, const VEXMELKMeasure& axis)
     {
-        const double turn = forward - axis.value;
+        const double turn = toTheFront - axis.value;
         if (angle)
             pen.Sector(eye, turn - angle.value / 2.0, turn + angle.value / 2.0, reach, angle);
         pen.Axis(eye, VEXMELKPolar(eye, turn, 1.1 * reach));
-        pen.Angle(axis, eye, forward, turn, 0.9 * reach);
+        pen.Angle(axis, eye, toTheFront, turn, 0.9 * reach);
         pen.Angle(angle, eye, turn - angle.value / 2.0, turn + angle.value / 2.0, 0.45 * reach);
         pen.Length(length, VEXMELKPolar(eye, turn + angle.value / 2.0, reach), eye);
     };
@@ -275,9 +275,9 @@ void DrawAPillar(const VEXMELKSheet& sheet)
         pen.Length(base, left, right);
         pen.Length(side, left, apex);
         const VEXMELKMeasure touch = sheet.Angle("touch_line_angle", pillar.touch_line_angle);
-        pen.Angle(touch, right, forward, forward - touch.value, 0.9 * side.value);
+        pen.Angle(touch, right, toTheFront, toTheFront - touch.value, 0.9 * side.value);
         if (touch)
-            pen.Ray(right, forward - touch.value, 1.2 * side.value, touch);
+            pen.Ray(right, toTheFront - touch.value, 1.2 * side.value, touch);
         pen.Axis(right, {right.x - 1.2 * side.value, right.y});
     }
 }
@@ -355,9 +355,9 @@ double TurnOf(const VEXMELKDirectView3DCFG& view)
     case DV3DRight:
         return 90.0;
     case DV3DAngle:
-        return forward - VEXMELKDegrees(view.DirectionAngle);
+        return toTheFront - VEXMELKDegrees(view.DirectionAngle);
     default:
-        return forward;
+        return toTheFront;
     }
 }
 
@@ -622,7 +622,7 @@ void DrawMultipleReflection(const VEXMELKSheet& sheet)
     sheet.Note(static_cast<int>(definition.rayDirection) == 1 ? "rays along X" : "rays in the standard direction");
 }
 
-constexpr VEXMELKDrawer drawers[] = {
+constexpr VEXMELKDrawer visionDrawers[] = {
     {"FieldsOfView", DrawFieldsOfView},
     {"ERFieldsOfView", DrawERFieldsOfView},
     {"VisionCone", DrawVisionCone},
@@ -640,4 +640,4 @@ constexpr VEXMELKDrawer drawers[] = {
 
 } // namespace
 
-std::span<const VEXMELKDrawer> VEXMELKVisionDrawers() { return drawers; }
+std::span<const VEXMELKDrawer> VEXMELKVisionDrawers() { return visionDrawers; }

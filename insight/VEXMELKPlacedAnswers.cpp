@@ -15,9 +15,6 @@ namespace {
 
 using Value = VEXMELKPlacedValue;
 
-// "Overlapping" of "barriers[1].Overlapping".
-std::string_view LastName(std::string_view field) { return field.substr(field.rfind('.') + 1); }
-
 // Whether the text of a row, or that of none, makes the value.
 bool IsNear(double left, double right) { return std::fabs(left - right) <= 1e-12 * std::fabs(right); }
 
@@ -231,7 +228,7 @@ public:
     std::set<std::size_t> Match()
     {
         for (std::size_t value = 0; value < m_Values.size(); ++value)
-            m_Groups[LastName(m_Values[value].named.field)].push_back(value);
+            m_Groups[VEXMELKLastName(m_Values[value].named.field)].push_back(value);
         for (const auto& [name, group] : m_Groups)
         {
             const auto found = m_Watcher.All().find(name);
@@ -321,7 +318,7 @@ private:
             Value& value = m_Values[*unplaced];
             const bool isText = std::holds_alternative<std::string>(value.named.value);
             const bool isCallers = std::find(before.begin(), before.end(), value.named) != before.end();
-            const bool isRead = m_Watcher.All().count(LastName(value.named.field)) != 0;
+            const bool isRead = m_Watcher.All().count(VEXMELKLastName(value.named.field)) != 0;
             bool isSure = false;
             if (isCallers)
                 isSure = !canBeComputed && !(isRead && isText);

@@ -2,12 +2,11 @@
 #include "VEXMELKNames.h"
 #include "VEXMELKOrigins.h"
 #include "VEXMELKSuggestions.h"
+#include "VEXMELKWording.h"
 
 #include <algorithm>
 
 namespace {
-
-using Documents = std::vector<VEXMELKDocumentText>;
 
 std::string TextOf(const VEXMELKValue& value)
 {
@@ -15,18 +14,11 @@ std::string TextOf(const VEXMELKValue& value)
     return text ? (*text)->ConvertToChar() : "";
 }
 
-bool Has(const std::vector<std::string>& names, const std::string& name)
-{
-    return std::find(names.begin(), names.end(), name) != names.end();
-}
-
-std::string Quoted(const std::string& text) { return "\"" + text + "\""; }
-
 std::string DidYouMean(const std::string& name, const std::vector<std::string>& known)
 {
     std::string message;
     for (const std::string& nearest : VEXMELKNearest(name, known))
-        message += (message.empty() ? " (did you mean " : " or ") + Quoted(nearest);
+        message += (message.empty() ? " (did you mean " : " or ") + VEXMELKQuoted(nearest);
     return message.empty() ? message : message + "?)";
 }
 
@@ -72,26 +64,26 @@ private:
     std::string StandardReason(const std::string& standard) const
     {
         const std::vector<std::string> names = VEXMELKNamesOfStandards(m_Documents);
-        if (Has(names, standard))
+        if (VEXMELKContains(names, standard))
             return {};
-        return "no standard " + Quoted(standard) + DidYouMean(standard, names);
+        return "no standard " + VEXMELKQuoted(standard) + DidYouMean(standard, names);
     }
 
     std::string CategoryReason(const std::string& standard, const std::string& category) const
     {
         const std::vector<std::string> names = VEXMELKNamesOfCategories(m_Documents, standard);
-        if (Has(names, category))
+        if (VEXMELKContains(names, category))
             return {};
-        if (Has(names, "default"))
+        if (VEXMELKContains(names, "default"))
         {
             // Many categories have no data of their own: only what must have been meant is suggested.
             const std::string meant = VEXMELKMeant(category, names);
-            return "category " + Quoted(category) + " is not in the standard" +
-                   (meant.empty() ? meant : " (did you mean " + Quoted(meant) + "?)") + "; \"default\" answers";
+            return "category " + VEXMELKQuoted(category) + " is not in the standard" +
+                   (meant.empty() ? meant : " (did you mean " + VEXMELKQuoted(meant) + "?)") + "; \"default\" answers";
         }
         if (names.empty())
             return "the standard has no category";
-        return "the standard has neither " + Quoted(category) + " nor \"default\"" + DidYouMean(category, names);
+        return "the standard has neither " + VEXMELKQuoted(category) + " nor \"default\"" + DidYouMean(category, names);
     }
 
     std::string ElementReason() const
@@ -107,9 +99,9 @@ private:
             {
                 const std::vector<std::string> keys =
                     VEXMELKNames(m_Documents, element->tag, element->key->attribute, isAny);
-                if (!Has(keys, text))
+                if (!VEXMELKContains(keys, text))
                     return "no <" + std::string(element->tag) + "> with " + std::string(element->key->attribute) + " " +
-                           Quoted(text) + DidYouMean(text, keys);
+                           VEXMELKQuoted(text) + DidYouMean(text, keys);
             }
             else if (parameter.role == VEXMELKRole::Tag && !text.empty())
                 return "no <" + text + "> there";
@@ -120,7 +112,7 @@ private:
         return "an element or attribute that the answer needs is missing";
     }
 
-    const Documents& m_Documents;
+    const std::vector<VEXMELKDocumentText>& m_Documents;
     const VEXMELKOperation& m_Operation;
     bool m_IsFalse;
     std::vector<std::string> m_Texts;

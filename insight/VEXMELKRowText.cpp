@@ -2,14 +2,13 @@
 #include "VEXMELKRowText.h"
 
 #include "VEXMELKValueType.h"
+#include "VEXMELKWording.h"
 
 #include <algorithm>
 #include <cctype>
 #include <charconv>
 
 namespace {
-
-std::string Quoted(std::string_view text) { return "`" + std::string(text) + "`"; }
 
 std::string Number(double number)
 {
@@ -25,13 +24,13 @@ std::string ValueWhenMissing(const VEXMELKRow& row)
     case VEXMELKForm::Flag:
         return missing.flag ? "true" : "false";
     case VEXMELKForm::Text:
-        return missing.text.empty() ? "empty" : Quoted(missing.text);
+        return missing.text.empty() ? "empty" : VEXMELKInBackticks(missing.text);
     case VEXMELKForm::Integer:
         return std::to_string(missing.integer);
     case VEXMELKForm::Word:
         for (const VEXMELKWord& word : row.words.list)
             if (word.value == missing.integer)
-                return Quoted(word.text);
+                return VEXMELKInBackticks(word.text);
         return std::to_string(missing.integer);
     default:
         return Number(missing.number);
@@ -70,7 +69,7 @@ std::string WordsText(const VEXMELKRow& row)
     std::vector<std::string> words;
     for (const VEXMELKWord& word : row.words.list)
         if (!word.text.empty())
-            words.push_back(Quoted(word.text));
+            words.push_back(VEXMELKInBackticks(word.text));
     return Listed(words);
 }
 

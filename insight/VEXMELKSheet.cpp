@@ -1,5 +1,4 @@
-// Reads the values that pictures are made of, and draws the vehicle around them. The Default files alone are a
-// directory in memory, so that the layer of Default is asked for as any other.
+// Reads the values that pictures are made of, and draws the vehicle around them.
 #include "VEXMELKSheet.h"
 
 #include "CATQuantity.h"
@@ -40,11 +39,8 @@ CATHandle<VEXMELKConfig> VEXMELKPictureSource::NewObject(const VEXMELKConfigMana
 {
     CATHandle<VEXMELKConfig>& loaded = m_Loaded[configuration.description];
     if (loaded == NULL_var)
-    {
-        loaded = CATHandle<VEXMELKConfig>::Adopt(configuration.create(m_Directory));
-        loaded->FindStandardLevel(""); // loads the documents
-    }
-    auto object = CATHandle<VEXMELKConfig>::Adopt(configuration.create(m_Directory));
+        loaded = VEXMELKLoad(*configuration.description, m_Source).object;
+    auto object = CATHandle<VEXMELKConfig>::Adopt(configuration.create(m_Source.directory));
     *object.Get() = *loaded.Get(); // shares the documents
     return object;
 }
@@ -105,12 +101,13 @@ void VEXMELKSheet::NoteText(const std::string& field, const CATUnicodeString& te
 std::vector<CATUnicodeString> VEXMELKChoicesFor(const VEXMELKSheet& sheet, const VEXMELKDescription& description,
     std::string_view operation, std::string_view argument)
 {
-    const std::vector<VEXMELKSourceFile> files = VEXMELKLoadFiles(description, sheet.source.Directory());
+    const std::vector<VEXMELKSourceFile> files = VEXMELKLoadFiles(description, sheet.source.Source());
     std::vector<VEXMELKDocumentText> documents;
     documents.reserve(files.size());
     for (const VEXMELKSourceFile& file : files)
         documents.emplace_back(file.root, 1);
     std::vector<const VEXMELKDocumentText*> pointers;
+    pointers.reserve(documents.size());
     for (const VEXMELKDocumentText& document : documents)
         pointers.push_back(&document);
     std::vector<CATUnicodeString> choices;
@@ -200,7 +197,7 @@ void VEXMELKVehicle::DrawSide(const VEXMELKPen& pen) const
     {
         const double wide = 1.17 * radius;
         std::vector<VEXMELKSpot> points;
-        for (double turn = 180.0; turn >= 0.0; turn -= 15.0)
+        for (int turn = 180; turn >= 0; turn -= 15)
             points.push_back(VEXMELKPolar({axle, radius}, turn, wide));
         points.front().y = sill;
         points.back().y = sill;
@@ -223,10 +220,11 @@ void VEXMELKVehicle::DrawPlan(const VEXMELKPen& pen) const
     const auto outline = [&](const std::vector<VEXMELKSpot>& shares)
     {
         std::vector<VEXMELKSpot> points;
+        points.reserve(2 * shares.size());
         for (const VEXMELKSpot& share : shares)
             points.push_back({front + share.x * length, share.y * half});
-        for (auto share = shares.rbegin(); share != shares.rend(); ++share)
-            points.push_back({front + share->x * length, -share->y * half});
+        for (std::size_t left = shares.size(); left > 0; --left)
+            points.push_back({front + shares[left - 1].x * length, -shares[left - 1].y * half});
         pen.Outline(points);
     };
     outline({{0.0, 0.0}, {0.004, 0.4}, {0.018, 0.72}, {0.05, 0.9}, {0.12, 0.98}, {0.25, 1.0}, {0.7, 1.0}, {0.88, 0.97},

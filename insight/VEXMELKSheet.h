@@ -9,6 +9,7 @@
 #include "VEXMELKConfigManager.h"
 #include "VEXMELKDescription.h"
 #include "VEXMELKDrawing.h"
+#include "VEXMELKTrial.h"
 
 #include <map>
 
@@ -17,8 +18,8 @@
 class VEXMELKPictureSource
 {
 public:
-    explicit VEXMELKPictureSource(CATUnicodeString directory) : m_Directory(std::move(directory)) {}
-    const CATUnicodeString& Directory() const { return m_Directory; }
+    explicit VEXMELKPictureSource(VEXMELKSource source) : m_Source(std::move(source)) {}
+    const VEXMELKSource& Source() const { return m_Source; }
 
     CATHandle<VEXMELKConfig> NewObject(const VEXMELKConfigManager::Configuration& configuration);
     template <class Config> CATHandle<Config> New()
@@ -30,7 +31,7 @@ public:
 private:
     static const VEXMELKConfigManager::Configuration& Entry(const VEXMELKDescription& description);
 
-    CATUnicodeString m_Directory;
+    VEXMELKSource m_Source;
     std::map<const VEXMELKDescription*, CATHandle<VEXMELKConfig>> m_Loaded;
 };
 

@@ -334,8 +334,10 @@ private:
     std::vector<double> Ticks(double from, double to) const
     {
         std::vector<double> ticks;
-        for (double number = std::ceil(from / m_TickStep); number * m_TickStep <= to; number += 1.0)
-            ticks.push_back(number * m_TickStep);
+        const double first = std::ceil(from / m_TickStep);
+        const double last = std::floor(to / m_TickStep);
+        for (int number = 0; first + number <= last; ++number)
+            ticks.push_back((first + number) * m_TickStep);
         return ticks;
     }
 
@@ -444,7 +446,7 @@ private:
         if (shape.kind == VEXMELKShape::Ellipse)
         {
             points.clear();
-            for (double turn = 0.0; turn <= 360.0; turn += 10.0)
+            for (int turn = 0; turn <= 360; turn += 10)
             {
                 const double radians = turn * std::numbers::pi / 180.0;
                 points.push_back({shape.points.front().x + shape.radiusX * std::cos(radians),
@@ -559,7 +561,7 @@ private:
         const double height = fontSize + 1.0;
         Rectangle best;
         double bestCost = std::numeric_limits<double>::infinity();
-        for (double distance = 7.0; distance < 120.0; distance += 6.0)
+        for (int distance = 7; distance < 120; distance += 6)
             for (const double offset : {0.0, 30.0, -30.0, 60.0, -60.0, 90.0, -90.0, 135.0, -135.0, 180.0})
             {
                 const double radians = ((isDirected ? turn : 25.0) + offset) * std::numbers::pi / 180.0;
@@ -799,29 +801,10 @@ private:
 
 std::string VEXMELKMarkupText(std::string_view text)
 {
-    std::string escaped;
-    for (const char character : text)
-        switch (character)
-        {
-        case '&':
-            escaped += "&amp;";
-            break;
-        case '<':
-            escaped += "&lt;";
-            break;
-        case '>':
-            escaped += "&gt;";
-            break;
-        case '"':
-            escaped += "&quot;";
-            break;
-        case '\'':
-            escaped += "&#39;";
-            break;
-        default:
-            escaped += static_cast<unsigned char>(character) < 0x20 || character == 0x7f ? ' ' : character;
-        }
-    return escaped;
+    std::string shown(text);
+    std::replace_if(
+        shown.begin(), shown.end(), [](unsigned char byte) { return byte < 0x20 || byte == 0x7f; }, ' ');
+    return VEXMELKEscaped(shown);
 }
 
 std::string VEXMELKSvgText(const VEXMELKDrawing& drawing, VEXMELKSvgUse use, std::string_view id)

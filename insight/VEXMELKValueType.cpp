@@ -4,6 +4,7 @@
 #include "CATQuantity.h"
 #include "VEXMELKRowText.h"
 #include "VEXMELKUtilities.h"
+#include "VEXMELKWording.h"
 
 #include <algorithm>
 #include <cctype>
@@ -97,19 +98,10 @@ std::string InAnyCase(std::string_view word)
     return pattern;
 }
 
-std::vector<std::string> Colours()
-{
-    std::vector<std::string> names;
-    names.reserve(static_cast<std::size_t>(VEXMELKUtilities::GetNumberOfVGAColors()));
-    for (int position = 0; position < VEXMELKUtilities::GetNumberOfVGAColors(); ++position)
-        names.emplace_back(VEXMELKUtilities::GetVGAColorName(position).ConvertToChar());
-    return names;
-}
-
 std::string ColourPattern()
 {
     std::vector<std::string> parts{".*0x[0-9a-fA-F]{6}"};
-    const std::vector<std::string> names = Colours();
+    const std::vector<std::string> names = VEXMELKColourNames();
     for (std::size_t colour = 0; colour < names.size(); ++colour)
     {
         parts.push_back(InAnyCase(names[colour]));
@@ -162,7 +154,7 @@ void AddWords(std::vector<std::string>& words, const Row& row)
         for (const char* word : {"true", "false"})
             add(word);
     if (row.names == "colour")
-        for (const std::string& colour : Colours())
+        for (const std::string& colour : VEXMELKColourNames())
             add(colour);
 }
 

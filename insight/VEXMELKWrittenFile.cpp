@@ -4,6 +4,7 @@
 #include "CATEncoding.h"
 #include "VEXMELKDocumentText.h"
 #include "VEXMELKFilePath.h"
+#include "VEXMELKWording.h"
 
 #include <algorithm>
 #include <fstream>
@@ -12,7 +13,6 @@
 namespace {
 
 constexpr auto npos = std::string_view::npos;
-constexpr std::string_view blanks = " \t\r\n";
 
 // The encoding that the XML declaration names, empty when it names none.
 std::string DeclaredEncoding(std::string_view text)
@@ -91,7 +91,8 @@ std::size_t EndOfOther(std::string_view text, std::size_t begin)
 std::vector<VEXMELKWrittenFile::Attribute> AttributesIn(std::string_view text, std::size_t begin, std::size_t end)
 {
     std::vector<VEXMELKWrittenFile::Attribute> attributes;
-    for (std::size_t at = text.find_first_not_of(blanks, begin); at < end; at = text.find_first_not_of(blanks, at))
+    for (std::size_t at = text.find_first_not_of(VEXMELKBlanks, begin); at < end;
+         at = text.find_first_not_of(VEXMELKBlanks, at))
     {
         const std::size_t endOfName = EndOfName(text, at);
         const std::size_t quote = text.find_first_of("'\"", endOfName);
@@ -276,12 +277,12 @@ std::optional<VEXMELKPosition> VEXMELKWrittenFile::DefaultOf(std::string_view el
     for (std::size_t at = text.find(list); at != npos; at = text.find(list, at + 1))
     {
         const std::string_view declaration = text.substr(at, EndOfTag(text, at) - at);
-        std::size_t word = declaration.find_first_not_of(blanks, list.size());
-        std::size_t end = std::min(declaration.find_first_of(blanks, word), declaration.size());
+        std::size_t word = declaration.find_first_not_of(VEXMELKBlanks, list.size());
+        std::size_t end = std::min(declaration.find_first_of(VEXMELKBlanks, word), declaration.size());
         if (word == npos || declaration.substr(word, end - word) != element)
             continue;
         bool isWanted = false;
-        while ((word = declaration.find_first_not_of(blanks, end)) != npos)
+        while ((word = declaration.find_first_not_of(VEXMELKBlanks, end)) != npos)
         {
             if (declaration[word] == '\'' || declaration[word] == '"')
             {

@@ -9,10 +9,10 @@
 
 namespace {
 
-class Writer
+class SchemaWriter
 {
 public:
-    Writer(const VEXMELKGrammar& grammar, const VEXMELKFreeTags& tags) : m_Grammar(grammar), m_Tags(tags) {}
+    SchemaWriter(const VEXMELKGrammar& grammar, const VEXMELKFreeTags& tags) : m_Grammar(grammar), m_Tags(tags) {}
 
     std::string Write()
     {
@@ -211,5 +211,5 @@ VEXMELKFreeTags VEXMELKFreeTagsOf(const VEXMELKGrammar& grammar, const CATUnicod
 
 std::string VEXMELKXmlSchema(const VEXMELKGrammar& grammar, const VEXMELKFreeTags& tags)
 {
-    return Writer(grammar, tags).Write();
+    return SchemaWriter(grammar, tags).Write();
 }

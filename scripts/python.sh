@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds the Python module and its wheel (build/python-module/wheel), installs the wheel into an environment of its own,
+# Builds the Python module and its wheel (build/release/wheel), installs the wheel into an environment of its own,
 # and there runs the tests, the documentation's examples and a type checker over the stubs. Installs what is missing.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -7,13 +7,14 @@ cd "$(dirname "$0")/.."
 ensure_packages "${build_packages[@]}" python3-dev pybind11-dev python3-build python3-setuptools python3-wheel \
     python3-venv python3-pip python3-pytest python3-pandas mypy
 
-build=build/python-module
+build=build/release
 # The distribution's Python, whose packages these are.
 python=/usr/bin/python3
-cmake -S . -B $build -G Ninja -DCMAKE_BUILD_TYPE=Release -DMELK_PYTHON=ON -DMELK_TOOL=OFF -DMELK_TESTS=OFF \
-    -DMELK_WERROR=ON -DPython3_EXECUTABLE=$python >/dev/null
+# What is built there for the tool is used; afterwards the folder is as it was.
+cmake --preset release -DMELK_PYTHON=ON -DPython3_EXECUTABLE=$python >/dev/null
 rm -rf $build/wheel $build/python/build
 cmake --build $build --target wheel
+cmake --preset release -DMELK_PYTHON=OFF >/dev/null
 
 rm -rf $build/environment
 $python -m venv --system-site-packages $build/environment

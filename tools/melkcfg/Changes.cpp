@@ -161,6 +161,41 @@ void Apply(Edits& edits, const fs::path& directory)
     }
 }
 
+// The files that edits are in and that lie in the overlay, below the directory.
+std::vector<std::string> ChangedFiles(const Edits& edits, const std::string& overlay)
+{
+    std::vector<std::string> files;
+    for (const auto& [name, ofFile] : edits)
+        files.push_back(VEXMELKTextOf(VEXMELKFilePath(name).lexically_normal()));
+    if (!overlay.empty())
+        for (const fs::directory_entry& entry : fs::recursive_directory_iterator(VEXMELKFilePath(overlay)))
+            if (entry.is_regular_file())
+                files.push_back(VEXMELKTextOf(entry.path().lexically_relative(VEXMELKFilePath(overlay))));
+    return files;
+}
+
+// The configurations whose files these are; all, which is none by name, when one is no configuration's: others may
+// refer to it.
+std::vector<const VEXMELKConfigManager::Configuration*> ReadersOf(const std::vector<std::string>& files)
+{
+    std::vector<const VEXMELKConfigManager::Configuration*> readers;
+    for (const std::string& name : files)
+    {
+        bool isRead = false;
+        for (const VEXMELKConfigManager::Configuration* configuration : VEXMELKAskedConfigurations({}))
+        {
+            const std::string file = VEXMELKFileOf(*configuration->description);
+            if (file.empty() || (name != file && name != "Default/" + file && name != "Customer/" + file))
+                continue;
+            readers.push_back(configuration);
+            isRead = true;
+        }
+        if (!isRead)
+            return {};
+    }
+    return readers;
+}
+
 void PrintEffects(const VEXMELKComparison& comparison, bool showSecrets)
 {
     Rows rows;
@@ -186,6 +221,7 @@ ExitStatus RunWhatIf(const CommandOptions& options)
     Apply(edits, copy.Path());
     Progress progress;
     VEXMELKComparisonScope scope;
+    scope.configurations = ReadersOf(ChangedFiles(edits, options.overlay));
     scope.hasChoices = true;
     scope.onQuestion = [&](std::size_t number, std::size_t count, const std::string& name)
     { progress.Show(number, count, name); };
