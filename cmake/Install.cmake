@@ -12,7 +12,7 @@ if(MELK_TOOL)
     set_target_properties(melkcfg PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries_from_tool}")
     install(TARGETS melkcfg COMPONENT Development)
     if(TARGET tool_documents)
-        install(FILES ${documents}/melkcfg.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT Development)
+        install(FILES ${manual} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT Development)
         install(FILES ${documents}/melkcfg DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
             COMPONENT Development)
         install(FILES ${documents}/_melkcfg DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions COMPONENT Development)

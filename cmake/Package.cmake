@@ -1,6 +1,5 @@
 # Packages: a pair of Debian packages (the library; development and tool), and one archive for everything.
 # MELK_DEBIAN chooses the layout of the files that only packages have. scripts/release.sh builds and tries them.
-option(MELK_DEBIAN "Install documents as Debian packages have them" OFF)
 set(MELK_MAINTAINER "VEXMELKConfiguration maintainers <maintainers@vexmelkconfiguration.invalid>"
     CACHE STRING "Who answers for the packages")
 

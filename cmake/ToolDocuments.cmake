@@ -14,5 +14,12 @@ if(NOT CMAKE_CROSSCOMPILING)
         COMMAND melkcfg completion fish > ${documents}/melkcfg.fish
         BYPRODUCTS ${documents}/melkcfg ${documents}/_melkcfg ${documents}/melkcfg.fish
         DEPENDS melkcfg VERBATIM)
-    add_custom_target(tool_documents ALL DEPENDS ${documents}/melkcfg.1)
+    set(manual ${documents}/melkcfg.1)
+    if(MELK_DEBIAN)
+        add_custom_command(OUTPUT ${manual}.gz
+            COMMAND gzip --best --no-name --force --keep ${manual}
+            DEPENDS ${manual} VERBATIM)
+        string(APPEND manual .gz)
+    endif()
+    add_custom_target(tool_documents ALL DEPENDS ${manual})
 endif()

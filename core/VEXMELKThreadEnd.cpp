@@ -3,26 +3,68 @@
 #include "VEXMELKThreadEnd.h"
 
 #include <optional>
+// mingw-w64's threads are POSIX's, and gone when the system's own keys are seen to.
+#if defined(_WIN32) && !defined(__MINGW32__)
+#define VEXMELK_KEYS_OF_WINDOWS
+#include <windows.h>
+#else
 #include <pthread.h>
+#endif
 
 namespace {
 
 void (*actAtEnd)() = nullptr;
 
-// None when the process has no key left: the threads' objects then stay until it ends.
-std::optional<pthread_key_t> MakeKey(void (*act)())
+// A key is none when the process has none left: the threads' objects then stay until it ends.
+#ifdef VEXMELK_KEYS_OF_WINDOWS
+using ThreadKey = DWORD;
+
+// The main thread's values are given back too when the process ends, when nothing can be released any more.
+bool IsProcessEnding()
 {
-    actAtEnd = act;
-    pthread_key_t key = {};
+    using Function = BOOLEAN(WINAPI*)();
+    static const auto function = reinterpret_cast<Function>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlDllShutdownInProgress")));
+    return function && function() != 0;
+}
+
+void WINAPI Run(void* /*value*/)
+{
+    if (!IsProcessEnding())
+        actAtEnd();
+}
+
+std::optional<ThreadKey> NewKey()
+{
+    const ThreadKey key = FlsAlloc(Run);
+    return key == FLS_OUT_OF_INDEXES ? std::nullopt : std::optional(key);
+}
+
+void Set(ThreadKey key, void* value) { FlsSetValue(key, value); }
+#else
+using ThreadKey = pthread_key_t;
+
+std::optional<ThreadKey> NewKey()
+{
+    ThreadKey key = {};
     const auto run = [](void* /*value*/) { actAtEnd(); };
     return pthread_key_create(&key, run) == 0 ? std::optional(key) : std::nullopt;
+}
+
+void Set(ThreadKey key, void* value) { pthread_setspecific(key, value); }
+#endif
+
+std::optional<ThreadKey> MakeKey(void (*act)())
+{
+    actAtEnd = act;
+    return NewKey();
 }
 
 } // namespace
 
 void VEXMELKAtThreadEnd(void (*act)())
 {
-    static const std::optional<pthread_key_t> key = MakeKey(act);
+    static const std::optional<ThreadKey> key = MakeKey(act);
     if (key)
-        pthread_setspecific(*key, &actAtEnd); // any value but null
+        Set(*key, &actAtEnd); // any value but null
 }

@@ -2,7 +2,7 @@
 # scripts/check.sh: builds the library, its tool and its tests and passes the checks that every change has to pass.
 # Installs what is missing. Ends with CTest's summary of the release tests.
 # scripts/check.sh quick: formatting, the debug build and its tests, for daily work.
-# scripts/check.sh more: what takes longer, before a release: Clang, benchmarks, fuzzers, browser, packages, Windows.
+# scripts/check.sh more: before a release, what needs many builds: the packages in full, and the fuzzers.
 # scripts/check.sh STEP...: only these steps, by the names of their functions below.
 #
 # What a step says is kept in build/check/STEP.log and shown when it fails.
@@ -30,7 +30,8 @@ debug() { build dev && test_preset dev; }
 release_build() { build release; }
 release_tests() { test_preset release; }
 
-# The sanitizers' findings stay in files of their own, whatever the tests make of the processes that they end.
+# Clang builds everything that GCC builds, the benchmarks and the fuzzers' corpora too. The sanitizers' findings stay in
+# files of their own, whatever the tests make of the processes that they end.
 sanitizers() {
     rm -rf "$logs/sanitizers" && mkdir "$logs/sanitizers"
     export ASAN_OPTIONS=log_path=$logs/sanitizers/address UBSAN_OPTIONS=print_stacktrace=1:log_path=$logs/sanitizers/undefined
@@ -40,11 +41,6 @@ sanitizers() {
     find "$logs/sanitizers" -type f -size +0 -exec tail -n +1 {} +
     [ "$status" -eq 0 ] && [ -z "$(find "$logs/sanitizers" -type f -size +0)" ]
 }
-
-# Clang builds everything that GCC builds, and the fuzzers, which replay what was kept of them.
-clang() { build clang; }
-fuzzers() { scripts/fuzz.sh 0; }
-benchmarks() { build bench; }
 
 # Threads that load, ask, reload and release at will, under ThreadSanitizer.
 threads() { build tsan && test_preset tsan; }
@@ -56,7 +52,10 @@ exports() { scripts/exports.sh build/release/lib/libVEXMELKConfiguration.so; }
 browser() { scripts/browser.sh release; }
 python() { scripts/python.sh; }
 site() { scripts/site.sh; }
-packages() { scripts/release.sh; }
+packages() { scripts/release.sh here; }
+release() { scripts/release.sh; }
+# The fuzzers themselves, and every file compiled by itself.
+fuzzers() { scripts/fuzz.sh 0; }
 windows() { scripts/windows.sh test; }
 boxes() { scripts/boxes.sh build/release; }
 
@@ -77,8 +76,9 @@ installed() {
 }
 
 # A new check is a function above and its name here, in the order in which they run: what fails soonest first.
-usual_steps=(formatting release_build exports installed sanitizers threads tidy schemas python site release_tests)
-more_steps=(clang benchmarks fuzzers browser packages windows boxes)
+usual_steps=(formatting release_build exports installed boxes packages python browser schemas site sanitizers threads tidy windows
+    release_tests)
+more_steps=(release fuzzers)
 quick_steps=(formatting debug)
 
 run() {

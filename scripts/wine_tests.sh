@@ -59,8 +59,13 @@ quietly cmake --build "$trials/consumer"
 cp "$trials/consumer"/*.exe "$trials/Größe 設/bin"
 quietly on_windows "$trials/Größe 設/bin/consumer.exe" "$(winepath -w "$sample")"
 echo "the consumer answers"
+# What runs of Wine's own started without a desktop.
+wineserver --kill || true
 scripts/boxes.sh --run wine "$trials/Größe 設/bin/box.exe"
 
 say "unit tests"
 export WINEPATH=$runtime
-seconds=1200 on_windows "$build/bin/melk_tests.exe" --gtest_brief=1
+# A file cannot be replaced there while others read it; an older parser places one problem elsewhere.
+left_out=ThreadTest.EightLoadAskReloadAndReleaseAtWill
+[ "$(find "$build/packages" -name '*-expat-*.zip' | wc -l)" -eq 0 ] || left_out+=:ParseProblem.OfADocumentThatIsNotWellFormed
+seconds=1200 on_windows "$build/bin/melk_tests.exe" --gtest_brief=1 --gtest_filter="-$left_out"

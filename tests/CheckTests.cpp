@@ -1,5 +1,6 @@
 // What check finds: mistakes planted in the sample, each with the finding that it brings, and habits that bring none.
 #include "LibraryTest.h"
+#include "System.h"
 #include "VEXMELKCheck.h"
 
 #include <algorithm>
@@ -116,6 +117,15 @@ private:
     std::map<std::string, std::optional<std::string>> m_Undo;
 };
 
+// Of names "FILE > OTHER" that differ in the case of letters only.
+static bool IsOfLetterCase(const std::string& edit)
+{
+    const std::vector<std::string> names = Split(edit, " > ");
+    const auto isSame = [](unsigned char left, unsigned char right)
+    { return std::tolower(left) == std::tolower(right); };
+    return names.size() == 2 && std::equal(names[0].begin(), names[0].end(), names[1].begin(), names[1].end(), isSame);
+}
+
 // Where "@" stands in a text.
 static VEXMELKPosition PlaceOf(const std::string& text, std::size_t at)
 {
@@ -129,6 +139,8 @@ TEST_F(CheckTest, PlantedMistakesAreFoundWhereTheyStand)
     std::set<std::string_view> tested;
     for (const auto& [rules, edit, what, marked, message] : Table<5>(CaseFile("check/mistakes")))
     {
+        if (!lettersHaveCase && rules == "misnamed-file" && IsOfLetterCase(edit))
+            continue; // the system takes both names for one
         SCOPED_TRACE(rules + " | " + edit + " | " + marked);
         const std::size_t mark = marked.find('@');
         const std::size_t begin = Edit(edit, what, Replaced(marked, "@", ""));

@@ -1,6 +1,8 @@
 // The fixture of all tests: a directory, the caught boxes and log lines, and tables of cases.
 #include "LibraryTest.h"
 
+#include "VEXMELKFilePath.h"
+
 #include <cstdlib>
 #include <fstream>
 #include <random>
@@ -18,12 +20,15 @@ TemporaryDirectory::~TemporaryDirectory() { std::filesystem::remove_all(m_Path);
 
 void TemporaryDirectory::Write(const std::string& name, std::string_view contents) const
 {
-    const std::filesystem::path path = m_Path / name;
+    const std::filesystem::path path = m_Path / VEXMELKFilePath(name);
     std::filesystem::create_directories(path.parent_path());
     std::ofstream(path, std::ios::binary) << contents;
 }
 
-void TemporaryDirectory::Remove(const std::string& name) const { std::filesystem::remove_all(m_Path / name); }
+void TemporaryDirectory::Remove(const std::string& name) const
+{
+    std::filesystem::remove_all(m_Path / VEXMELKFilePath(name));
+}
 
 LibraryTest::LibraryTest()
 {
@@ -115,7 +120,7 @@ std::string CaseFile(const std::string& name)
 
 std::string TextOfFile(const std::string& path)
 {
-    const std::ifstream file(std::filesystem::path(path), std::ios::binary);
+    const std::ifstream file(VEXMELKFilePath(path), std::ios::binary);
     EXPECT_TRUE(file.is_open()) << path;
     std::ostringstream text;
     text << file.rdbuf();

@@ -133,7 +133,8 @@ TEST_F(ManagerTest, ObjectsAreCreatedOnceHaveTheirKeysAndAreReleasedInOrder)
         EXPECT_EQ(Manager().GetConfig(unknown), nullptr) << unknown;
     const std::set<void*> watched(objects.begin(), objects.end());
     EXPECT_EQ(watched.size(), objects.size()) << "none is shared with another configuration";
-    EXPECT_EQ(Memory::Deletions(watched, [] { Release(); }), objects);
+    const std::vector<void*> deleted = Memory::Deletions(watched, [] { Release(); });
+    EXPECT_EQ(deleted, Memory::isOfLibrary ? objects : std::vector<void*>());
 }
 
 TEST_F(ManagerTest, DirectoryOfEachMode)

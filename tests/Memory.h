@@ -13,6 +13,13 @@ namespace Memory {
 // to that.
 bool RunFailingAllocation(std::size_t number, const std::function<void()>& run);
 
+// Whether operators new and delete of the test program are those of the library too.
+#ifdef _WIN32
+constexpr bool isOfLibrary = false;
+#else
+constexpr bool isOfLibrary = true;
+#endif
+
 // The objects of the set that are deleted while the function runs, by whatever thread, in that order.
 std::vector<void*> Deletions(const std::set<void*>& watched, const std::function<void()>& run);
 

@@ -5,6 +5,7 @@
 #include "VEXMELKSvg.h"
 
 #include <cmath>
+#include <numbers>
 #include <regex>
 
 using testing::HasSubstr;
@@ -180,11 +181,12 @@ TEST_F(PictureTest, AnglesOpenByTheirValue)
     const std::string svg = SvgOf(SAMPLE_CONFIGURATION, "UFSlopeAngle", "EU Passenger Car", "suv");
     const DrawnPanel panel(svg, "Front end");
     const auto line = panel.Points(panel.Elements("front_angle", "d", false).front());
-    const double turn = std::atan2(line[1].second - line[0].second, line[0].first - line[1].first) * 180.0 / M_PI;
+    const double turn =
+        std::atan2(line[1].second - line[0].second, line[0].first - line[1].first) * 180.0 / std::numbers::pi;
     EXPECT_NEAR(turn, 25.0, 0.01);
     // It touches the tyre of radius 345: that far from its centre.
-    const double sine = std::sin(25.0 * M_PI / 180.0);
-    const double cosine = std::cos(25.0 * M_PI / 180.0);
+    const double sine = std::sin(25.0 * std::numbers::pi / 180.0);
+    const double cosine = std::cos(25.0 * std::numbers::pi / 180.0);
     EXPECT_NEAR(std::fabs((0.0 - line[0].first) * sine + 345.0 * cosine), 345.0, 0.2);
     const std::string arc = panel.Elements("front_angle", "d", true).front();
     EXPECT_EQ(DrawnPanel::Attribute(arc, "data-from") - DrawnPanel::Attribute(arc, "data-to"), 25.0);

@@ -13,6 +13,13 @@ void SetVariable(const char* name, const std::string& value);
 bool MakePipe(const std::string& path);
 bool MakeLink(const std::string& target, const std::string& path);
 
+// Whether names of files that differ in the case of letters are two files.
+#ifdef _WIN32
+constexpr bool lettersHaveCase = false;
+#else
+constexpr bool lettersHaveCase = true;
+#endif
+
 // What the allocator has handed out; always 0 where it cannot be told.
 std::size_t AllocatedBytes();
 

@@ -90,14 +90,15 @@ bool IsAbsence(DWORD error)
 
 DWORD AttributesOf(const std::string& systemPath) { return GetFileAttributesW(WidePath(systemPath).c_str()); }
 
-// Whether nothing can bear that name. Above it there may be a link that leads nowhere.
+// Whether it is known what is in that folder, or that there is none: it, or one above it, may be a link that leads
+// nowhere.
 bool IsAbsent(const std::string& systemPath)
 {
     const DWORD attributes = AttributesOf(systemPath);
     if (attributes == INVALID_FILE_ATTRIBUTES && !IsAbsence(GetLastError()))
         return false;
     if (attributes != INVALID_FILE_ATTRIBUTES)
-        return (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0;
+        return (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0 || !RealPath(systemPath).empty();
     const std::string folder = CATFolderOfFile(systemPath);
     return folder == systemPath || folder.ends_with(":") || IsAbsent(folder);
 }

@@ -10,8 +10,8 @@ int main()
 {
     VEXMELKGUI::InstallPresenter(VEXMELKGUI::GetDesktopPresenter());
     VEXMELKUFCurbConfig curb("no such folder \xE8\xA8\xAD\xE5\xAE\x9A");
-    CATUnicodeString loading;
-    const bool answered = curb.GetLoading("S", loading, "suv", 0) != 0;
+    VEXMELKUFCurbConfigDefinition definition;
+    const bool answered = curb.GetStandardData("S", "suv", definition) != 0;
     VEXMELKGUI::InstallPresenter(nullptr);
     std::cout << "closed" << std::endl;
     return answered ? 1 : 0;

@@ -56,6 +56,17 @@ std::optional<std::size_t> TerminalWidth()
         return std::nullopt;
     return static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1);
 }
+
+std::string ProgramPath()
+{
+    std::wstring path(MAX_PATH, L'\0');
+    DWORD length = 0;
+    // A path that does not fit is cut.
+    while ((length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()))) == path.size())
+        path.resize(path.size() * 2);
+    path.resize(length);
+    return VEXMELKTextOf(path);
+}
 #else
 ProgramArguments::ProgramArguments(int argc, char** argv) : m_Values(argv, argv + argc) {}
 
@@ -78,6 +89,12 @@ std::optional<std::size_t> TerminalWidth()
     if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0)
         return std::nullopt;
     return size.ws_col;
+}
+
+std::string ProgramPath()
+{
+    std::error_code error;
+    return VEXMELKTextOf(std::filesystem::read_symlink("/proc/self/exe", error));
 }
 #endif
 

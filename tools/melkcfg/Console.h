@@ -37,6 +37,9 @@ long ReadStandardInput(char* bytes, std::size_t size);
 // The columns of the terminal on standard output; nothing when it cannot be told.
 std::optional<std::size_t> TerminalWidth();
 
+// Where the running program is; empty when that cannot be told.
+std::string ProgramPath();
+
 // A new folder for temporary files; empty when none can be made.
 std::string NewTemporaryFolder();
 

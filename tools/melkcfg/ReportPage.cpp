@@ -12,8 +12,9 @@
 
 #include <algorithm>
 #include <charconv>
+#include <chrono>
+#include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <fstream>
 #include <iterator>
 #include <map>
@@ -35,13 +36,21 @@ std::string DateOfReport()
     if (!epoch || !*epoch)
         return {};
     const std::string_view text = epoch;
-    std::time_t seconds = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), seconds);
-    std::tm parts{};
-    if (error != std::errc() || end != text.data() + text.size() || !gmtime_r(&seconds, &parts))
+    long long number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    constexpr long long endOfYear9999 = 253402300799;
+    if (error != std::errc() || end != text.data() + text.size() || number < 0 || number > endOfYear9999)
         throw RequestError("SOURCE_DATE_EPOCH is no number of seconds: " + Shown(text));
+    const std::chrono::sys_seconds seconds{std::chrono::seconds(number)};
+    const auto days = std::chrono::floor<std::chrono::days>(seconds);
+    const std::chrono::year_month_day day(days);
+    const std::chrono::hh_mm_ss time(seconds - days);
     char date[64];
-    return {date, std::strftime(date, sizeof date, "%Y-%m-%d %H:%M:%S UTC", &parts)};
+    const int length = std::snprintf(date, sizeof date, "%04d-%02u-%02u %02lld:%02lld:%02lld UTC",
+        static_cast<int>(day.year()), static_cast<unsigned>(day.month()), static_cast<unsigned>(day.day()),
+        static_cast<long long>(time.hours().count()), static_cast<long long>(time.minutes().count()),
+        static_cast<long long>(time.seconds().count()));
+    return {date, static_cast<std::size_t>(length)};
 }
 
 std::string PlaceText(const std::string& file, VEXMELKPosition position)

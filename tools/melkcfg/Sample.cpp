@@ -1,5 +1,7 @@
 // The sample configuration lies beside the program: where the project is installed, and in its build tree.
 #include "CommandLine.h"
+#include "Console.h"
+#include "VEXMELKFilePath.h"
 
 #include <filesystem>
 #include <iostream>
@@ -11,9 +13,7 @@ namespace fs = std::filesystem;
 
 fs::path SampleDirectory()
 {
-    std::error_code error;
-    const fs::path program = fs::read_symlink("/proc/self/exe", error);
-    return (program.parent_path() / MELKCFG_SAMPLE).lexically_normal();
+    return (VEXMELKFilePath(ProgramPath()).parent_path() / MELKCFG_SAMPLE).lexically_normal();
 }
 
 std::size_t CountFiles(const fs::path& directory)
@@ -26,11 +26,11 @@ std::size_t CountFiles(const fs::path& directory)
 
 ExitStatus RunInit(const std::string& directory)
 {
-    const fs::path target(directory);
+    const fs::path target = VEXMELKFilePath(directory);
     const fs::path sample = SampleDirectory();
     std::error_code error;
     if (!fs::is_directory(sample, error))
-        throw RequestError("the sample is not where it belongs: there is no " + sample.string());
+        throw RequestError("the sample is not where it belongs: there is no " + VEXMELKTextOf(sample));
     if (fs::exists(target, error) && !fs::is_directory(target, error))
         throw RequestError(Shown(directory) + " is there already, and no directory");
     if (fs::exists(target, error) && !fs::is_empty(target, error))
@@ -42,7 +42,7 @@ ExitStatus RunInit(const std::string& directory)
         throw RequestError(Shown(directory) + " cannot be written: " + error.message());
     std::cout << CountFiles(target) << " files with illustrative values were written to " << directory << ".\n"
               << "Make the values your own, and ask melkcfg what it finds:\n\n"
-              << "  export MELK_CFG_PATH=" << fs::absolute(target, error).string() << "\n"
+              << "  export MELK_CFG_PATH=" << VEXMELKTextOf(fs::absolute(target, error)) << "\n"
               << "  melkcfg list\n"
               << "  melkcfg check\n";
     return Done;
