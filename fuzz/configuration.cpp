@@ -7,9 +7,12 @@
 #include "Host.h"
 #include "Questions.h"
 #include "Require.h"
+#include "VEXMELKCheck.h"
 #include "VEXMELKUtilities.h"
 
+#include <algorithm>
 #include <cmath>
+#include <tuple>
 
 namespace {
 
@@ -29,6 +32,19 @@ void RequireNumbers(const Json& json)
     if (json.is_structured())
         for (const auto& item : json)
             RequireNumbers(item);
+}
+
+// Findings have a rule, a file, a place, and texts that a terminal may show.
+void RequireFindings(const CATUnicodeString& directory)
+{
+    for (const VEXMELKFinding& finding : VEXMELKCheck(directory).findings)
+    {
+        Require(finding.rule != nullptr && !finding.file.empty());
+        Require(finding.begin.line > 0 && finding.begin.column > 0);
+        Require(std::tie(finding.begin.line, finding.begin.column) <= std::tie(finding.end.line, finding.end.column));
+        Require(std::none_of(finding.message.begin(), finding.message.end(),
+            [](unsigned char byte) { return byte < 0x20 || byte == 0x7f; }));
+    }
 }
 
 } // namespace
@@ -57,6 +73,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
         const std::vector<Question> questions = QuestionsFor(configuration, contents, rounds);
         const Json answers = Ask(configuration, questions);
         RequireNumbers(answers);
+        RequireFindings(CATUnicodeString(directory.Path()));
         VEXMELKConfigManager::ReleaseConfigManager();
         Require(Ask(configuration, questions) == answers); // nothing is left of the first load
         host.TakeMessages();

@@ -55,6 +55,14 @@ private:
     bool m_IsSingle;
 };
 
+// Shares what another object has loaded.
+class Sharer : public VEXMELKConfig
+{
+public:
+    explicit Sharer(const VEXMELKConfig& loaded) : VEXMELKConfig("", "") { VEXMELKConfig::operator=(loaded); }
+    using VEXMELKConfig::FindStandardData;
+};
+
 // Tells which attributes were read by which rows.
 class Recorder : public VEXMELKWatch
 {
@@ -183,6 +191,11 @@ VEXMELKLoaded VEXMELKLoad(const VEXMELKDescription& description, const VEXMELKSo
     add(isSplit ? "Default/" : "", roots.DefaultRootElement);
     add("Customer/", roots.CustomerRootElement);
     return loaded;
+}
+
+bool VEXMELKHasCategory(const VEXMELKConfig& loaded, const CATUnicodeString& standard, const CATUnicodeString& category)
+{
+    return CATHandle<Sharer>::Create(loaded)->FindStandardData(standard, category).category != NULL_var;
 }
 
 std::vector<VEXMELKSourceFile> VEXMELKLoadFiles(const VEXMELKDescription& description, const VEXMELKSource& source)

@@ -67,6 +67,10 @@ struct VEXMELKLoaded
 };
 VEXMELKLoaded VEXMELKLoad(const VEXMELKDescription& description, const VEXMELKSource& source);
 
+// Whether the standard that counts has the category itself, in the documents that the object has loaded.
+bool VEXMELKHasCategory(
+    const VEXMELKConfig& loaded, const CATUnicodeString& standard, const CATUnicodeString& category);
+
 // The elements that a configuration reads, those of its bases too.
 std::vector<const VEXMELKElement*> VEXMELKElementsOf(const VEXMELKDescription& description);
 // The same with those that others are described below, each behind the one that it is below.

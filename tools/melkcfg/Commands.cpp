@@ -375,6 +375,17 @@ ExitStatus RunExplain(const CommandOptions& options, const Host& host)
     return StatusOf(question.configuration, host, explanation.result == VEXMELKPlainValue(false));
 }
 
+// Only then is it looked for why the category does not answer itself, which takes longer than the question.
+bool MayFallBack(const CommandLineQuestion& question)
+{
+    const std::string category = question.arguments.value("category", "default");
+    if (!HasRole(question.operation, VEXMELKRole::Category) || category == "default")
+        return false;
+    const VEXMELKConfig* object = question.configuration.get(*VEXMELKConfigManager::GetConfigManager());
+    return !object || !VEXMELKHasCategory(*object, CATUnicodeString(question.arguments.value("standard", "")),
+                          CATUnicodeString(category));
+}
+
 ExitStatus RunCall(const CommandOptions& options, const Host& host)
 {
     const CommandLineQuestion question = QuestionOf(options);
@@ -389,9 +400,7 @@ ExitStatus RunCall(const CommandOptions& options, const Host& host)
         for (const auto& output : answered.outputs.items())
             PrintValues(output.key(), output.value());
     }
-    const bool mayFallBack = HasRole(question.operation, VEXMELKRole::Category) &&
-                             question.arguments.value("category", "default") != "default";
-    if (!host.HasErrors() && (answered.result == false || mayFallBack))
+    if (!host.HasErrors() && (answered.result == false || MayFallBack(question)))
         PrintReason(ReasonFor(question.configuration, question.Askable()));
     return StatusOf(question.configuration, host, answered.result == false);
 }

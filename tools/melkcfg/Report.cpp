@@ -3,6 +3,7 @@
 #include "Digest.h"
 #include "Explain.h"
 #include "Output.h"
+#include "Progress.h"
 #include "ReportPage.h"
 
 #include <iostream>
@@ -13,7 +14,9 @@ ExitStatus RunReport(const std::string& output, const Host& host)
 {
     Sha256Hex(""); // without digests there is no report, and nothing is to be asked
     const CATUnicodeString directory = CurrentDirectory();
-    std::vector<VEXMELKReportConfiguration> configurations = VEXMELKReportOn(directory);
+    Progress progress;
+    std::vector<VEXMELKReportConfiguration> configurations = VEXMELKReportOn(directory,
+        [&](std::size_t number, std::size_t count, const std::string& name) { progress.Show(number, count, name); });
     if (configurations.empty())
     {
         std::cerr << "there is no configuration file that can be read\n";
