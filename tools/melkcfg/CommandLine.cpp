@@ -74,17 +74,40 @@ CLI::App* CommandLine::Add(
     return parser;
 }
 
-ExitStatus CommandLine::Run(std::vector<std::string> words)
+void CommandLine::Parse(const std::vector<std::string>& words)
+{
+    std::vector<std::string> fromTheEnd(words.rbegin(), words.rend());
+    m_Application.parse(fromTheEnd);
+}
+
+bool CommandLine::Takes(const std::vector<std::string>& words)
 {
     try
     {
-        std::reverse(words.begin(), words.end()); // the parser takes them from the end
-        m_Application.parse(words);
+        Parse(words);
+        return true;
+    }
+    catch (const CLI::ParseError&)
+    {
+        return false;
+    }
+}
+
+ExitStatus CommandLine::Run(const std::vector<std::string>& words)
+{
+    try
+    {
+        Parse(words);
     }
     catch (const CLI::ParseError& error)
     {
         return m_Application.exit(error) == 0 ? Done : NotDone;
     }
+    return RunTaken();
+}
+
+ExitStatus CommandLine::RunTaken()
+{
     if (m_Application.count("--config") > 0 && m_Directory.empty())
         throw RequestError("--config names no directory");
     const Command& command =

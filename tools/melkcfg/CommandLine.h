@@ -21,7 +21,11 @@ public:
         std::vector<std::string> formats = {"text", "json"});
 
     // Runs the words behind the program's name. Throws RequestError for what no command takes.
-    ExitStatus Run(std::vector<std::string> words);
+    ExitStatus Run(const std::vector<std::string>& words);
+    // The same in two steps: whether a command takes the words, of which nothing is said when none does, and running
+    // it.
+    bool Takes(const std::vector<std::string>& words);
+    ExitStatus RunTaken();
 
     // Called when the settings are made, before the command runs.
     std::function<void()> beforeCommand;
@@ -40,6 +44,7 @@ private:
         std::vector<std::string> formats;
     };
 
+    void Parse(const std::vector<std::string>& words);
     // Throws RequestError when the command does not print in the format that was asked for.
     void RequireFormat(const Command& command) const;
     void ApplyTo(Host& host) const;

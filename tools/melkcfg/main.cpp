@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <iostream>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -28,9 +30,18 @@ void AddCommands(CommandLine& line)
 
 ExitStatus Run(int argc, char** argv)
 {
+    const std::vector<std::string> words(argv + std::min(argc, 1), argv + argc);
+    // Scripts ask questions over and over, and making all other commands takes longer than an answer.
+    if (std::find(words.begin(), words.end(), "call") != words.end())
+    {
+        CommandLine line;
+        AddQuestionCommands(line);
+        if (line.Takes(words))
+            return line.RunTaken();
+    }
     CommandLine line;
     AddCommands(line);
-    return line.Run({argv + std::min(argc, 1), argv + argc});
+    return line.Run(words);
 }
 
 } // namespace
