@@ -2,6 +2,8 @@
 // the scale that it names. Widths of texts are estimated from the number of their characters, generously.
 #include "VEXMELKSvg.h"
 
+#include "VEXMELKDocumentText.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>

@@ -267,6 +267,7 @@ DIMENSIONS = {
     "categories": "query time against categories of each standard",
     "attributes": "query time against attributes of each category",
     "children": "query time against elements of each category",
+    "check": "time of check against standards",
 }
 
 
