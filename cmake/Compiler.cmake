@@ -32,17 +32,20 @@ if(NOT MSVC)
     target_compile_options(melk_compiler INTERFACE
         $<$<NOT:$<CONFIG:Debug>>:-ffile-prefix-map=${PROJECT_BINARY_DIR}=build;-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>)
 endif()
-# The tool and the tests are built in short time rather than to be fast.
+# The tool is built in short time rather than to be fast, and the tests in the shortest.
 add_library(melk_quick_compiler INTERFACE)
+add_library(melk_test_compiler INTERFACE)
 target_link_libraries(melk_quick_compiler INTERFACE melk_compiler)
+target_link_libraries(melk_test_compiler INTERFACE melk_compiler)
 if(NOT MSVC)
     if(MELK_SANITIZE)
         target_compile_options(melk_quick_compiler INTERFACE -O0)
     else()
         target_compile_options(melk_quick_compiler INTERFACE -O1)
     endif()
+    target_compile_options(melk_test_compiler INTERFACE -O0)
     # In a unity build, GCC takes a test's fixture for one of a header, seen by many files.
-    target_compile_options(melk_quick_compiler INTERFACE
+    target_compile_options(melk_test_compiler INTERFACE
         $<$<AND:$<CXX_COMPILER_ID:GNU>,$<BOOL:${CMAKE_UNITY_BUILD}>>:-Wno-subobject-linkage>)
 endif()
 

@@ -6,7 +6,8 @@
 #include "VEXMELKUFCurbConfig.h"
 
 #include <atomic>
-#include <barrier>
+#include <condition_variable>
+#include <functional>
 #include <mutex>
 #include <thread>
 
@@ -21,34 +22,42 @@ public:
     ~Worker() { End(); }
     void Do(const std::function<void()>& act)
     {
+        std::unique_lock lock(m_Mutex);
         m_Act = &act;
-        m_Turn.arrive_and_wait();
-        m_Turn.arrive_and_wait();
+        m_Changed.notify_all();
+        m_Changed.wait(lock, [this] { return !m_Act; });
     }
     void End()
     {
         if (!m_Thread.joinable())
             return;
-        m_Act = nullptr;
-        m_Turn.arrive_and_wait();
+        {
+            const std::lock_guard lock(m_Mutex);
+            m_IsEnding = true;
+        }
+        m_Changed.notify_all();
         m_Thread.join();
     }
 
 private:
     void Run()
     {
+        std::unique_lock lock(m_Mutex);
         for (;;)
         {
-            m_Turn.arrive_and_wait();
+            m_Changed.wait(lock, [this] { return m_Act || m_IsEnding; });
             if (!m_Act)
                 return;
             (*m_Act)();
-            m_Turn.arrive_and_wait();
+            m_Act = nullptr;
+            m_Changed.notify_all();
         }
     }
 
-    std::barrier<> m_Turn{2};
+    std::mutex m_Mutex;
+    std::condition_variable m_Changed;
     const std::function<void()>* m_Act = nullptr;
+    bool m_IsEnding = false;
     std::thread m_Thread{[this] { Run(); }};
 };
 
