@@ -218,7 +218,7 @@ void DrawPPOffset(const VEXMELKSheet& sheet)
 // Head impact
 // ------------------------------------------------------------------------------------------------------------
 
-constexpr double zone = 100.0; // the length of a direction: there is none in the file
+constexpr double direction = 100.0; // its length in the picture: there is none in the file
 
 // Horizontal angles are counted from the rear counter-clockwise in plan view, as the axes of a panel are.
 void DrawHorizontal(const VEXMELKSheet& sheet, const std::string& name, const CATUnicodeString& fromText,
@@ -229,10 +229,10 @@ void DrawHorizontal(const VEXMELKSheet& sheet, const std::string& name, const CA
     const VEXMELKPen pen = sheet.On(name + ", plan view", "", "", "");
     pen.Surroundings().Mark({0.0, 0.0}, "");
     if (from && to)
-        pen.Sector({0.0, 0.0}, from.value, to.value, zone, from);
-    pen.Angle(from, {0.0, 0.0}, 0.0, from.value, 0.45 * zone);
-    pen.Angle(to, {0.0, 0.0}, 0.0, to.value, 0.7 * zone);
-    pen.Axis({0.0, 0.0}, {1.15 * zone, 0.0});
+        pen.Sector({0.0, 0.0}, from.value, to.value, direction, from);
+    pen.Angle(from, {0.0, 0.0}, 0.0, from.value, 0.45 * direction);
+    pen.Angle(to, {0.0, 0.0}, 0.0, to.value, 0.7 * direction);
+    pen.Axis({0.0, 0.0}, {1.15 * direction, 0.0});
 }
 
 void DrawDirection(const VEXMELKSheet& sheet, const std::string& name, const CATUnicodeString& text, const char* field)
@@ -241,9 +241,9 @@ void DrawDirection(const VEXMELKSheet& sheet, const std::string& name, const CAT
     if (!angle)
         return;
     const VEXMELKPen pen = sheet.On(name + ", plan view", "", "", "");
-    pen.Ray({0.0, 0.0}, angle.value, zone, angle);
-    pen.Angle(angle, {0.0, 0.0}, 0.0, angle.value, 0.55 * zone);
-    pen.Axis({0.0, 0.0}, {1.15 * zone, 0.0});
+    pen.Ray({0.0, 0.0}, angle.value, direction, angle);
+    pen.Angle(angle, {0.0, 0.0}, 0.0, angle.value, 0.55 * direction);
+    pen.Axis({0.0, 0.0}, {1.15 * direction, 0.0});
 }
 
 void DrawVertical(const VEXMELKSheet& sheet, const std::string& name, const CATUnicodeString& minText,
@@ -253,10 +253,10 @@ void DrawVertical(const VEXMELKSheet& sheet, const std::string& name, const CATU
     const VEXMELKMeasure most = sheet.Angle("MaxVAngle", maxText);
     const VEXMELKPen pen = sheet.On(name + ", side view", "", "", "");
     if (least && most)
-        pen.Sector({0.0, 0.0}, least.value, most.value, zone, least);
-    pen.Angle(least, {0.0, 0.0}, 0.0, least.value, 0.8 * zone);
-    pen.Angle(most, {0.0, 0.0}, 0.0, most.value, 0.55 * zone);
-    pen.Axis({0.0, 0.0}, {1.15 * zone, 0.0});
+        pen.Sector({0.0, 0.0}, least.value, most.value, direction, least);
+    pen.Angle(least, {0.0, 0.0}, 0.0, least.value, 0.8 * direction);
+    pen.Angle(most, {0.0, 0.0}, 0.0, most.value, 0.55 * direction);
+    pen.Axis({0.0, 0.0}, {1.15 * direction, 0.0});
 }
 
 void DrawGravityCentre(const VEXMELKSheet& sheet)

@@ -8,9 +8,8 @@ rm -rf build/tidy
 mkdir -p build/tidy
 
 includes=(-I. -Idocument -Idocument/parsing -Ihost -Ihost/desktop -Idescription -Icore -Ioccupant -Iinclude -Iinsight -Itests -Itools/melkcfg)
-# Those of cmake/Compiler.cmake: what clang says more than GCC; but for names that shadow others, which are those of other
-# files where files are checked as one.
-warnings=(-Wall -Wextra -Wpedantic -Wconversion)
+# Those of cmake/Compiler.cmake: what clang says more than GCC.
+warnings=(-Wall -Wextra -Wpedantic -Wshadow -Wconversion)
 defines=(-DMELKCFG=\"\" -DMELK_LIBRARY=\"\" -DMELKCFG_VERSION=\"\" -DMELKCFG_SAMPLE=\"\" -DMELKCFG_HAS_LIBEDIT -DSAMPLE_CONFIGURATION=\"\" -DCASES=\"\" -DMELK_SANITIZED=0)
 
 # as_one NAME PATTERN...: a file that includes all files of the patterns.
@@ -36,7 +35,7 @@ check() {
         2>>build/tidy/notes.txt
 }
 programs='^(build/tidy/)?(tests|tools)'
-# Clang's signs are not what they are compiled with.
-printf '%s\n' "${files[@]}" | { grep -E "$programs" || true; } | check -Wno-sign-conversion
+# As one, their files would shadow each other's names; clang's signs are not what they are compiled with.
+printf '%s\n' "${files[@]}" | { grep -E "$programs" || true; } | check -Wno-shadow -Wno-sign-conversion
 # In the library nothing may be destroyed when the process ends: the host still asks then.
 printf '%s\n' "${files[@]}" | { grep -vE "$programs" || true; } | check -Wexit-time-destructors
