@@ -6,7 +6,7 @@ cd "$(dirname "$0")/.."
 ensure_packages "${build_packages[@]}"
 
 echo "Building the library and melkcfg in build/demo; the first time takes a few minutes:"
-cmake -S . -B build/demo -G Ninja -DCMAKE_BUILD_TYPE=Release -DMELK_TESTS=OFF >/dev/null
+cmake -S . -B build/demo -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_UNITY_BUILD=ON -DMELK_TESTS=OFF >/dev/null
 cmake --build build/demo
 melkcfg=build/demo/bin/melkcfg
 export MELK_CFG_PATH=configuration
