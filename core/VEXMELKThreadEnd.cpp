@@ -3,9 +3,7 @@
 #include "VEXMELKThreadEnd.h"
 
 #include <optional>
-// mingw-w64's threads are POSIX's, and gone when the system's own keys are seen to.
-#if defined(_WIN32) && !defined(__MINGW32__)
-#define VEXMELK_KEYS_OF_WINDOWS
+#ifdef _WIN32
 #include <windows.h>
 #else
 #include <pthread.h>
@@ -16,7 +14,7 @@ namespace {
 void (*actAtEnd)() = nullptr;
 
 // A key is none when the process has none left: the threads' objects then stay until it ends.
-#ifdef VEXMELK_KEYS_OF_WINDOWS
+#ifdef _WIN32
 using ThreadKey = DWORD;
 
 // The main thread's values are given back too when the process ends, when nothing can be released any more.
