@@ -1,6 +1,8 @@
 // Fresh objects share the documents of one that has loaded them.
 #include "VEXMELKAnswers.h"
 
+#include <algorithm>
+
 VEXMELKAsker::VEXMELKAsker(const VEXMELKConfigManager::Configuration& configuration, const VEXMELKSource& source)
     : m_Configuration(configuration),
       m_Directory(source.directory),
@@ -18,4 +20,18 @@ VEXMELKFlatAnswer VEXMELKAsker::Ask(const VEXMELKAskable& askable) const
         question->Ask(*object.Get());
     }
     return VEXMELKFlatAnswer::Of(*question, askable.Operation());
+}
+
+bool VEXMELKAnyAnswerChanges(const VEXMELKConfigManager::Configuration& configuration, const VEXMELKTrial& trial,
+    const VEXMELKTrialAnswers& known, const std::vector<std::size_t>& likeliest)
+{
+    const VEXMELKAsker asker(configuration, trial.Directory());
+    const auto changes = [&](std::size_t question)
+    { return !(asker.Ask(known.questions[question]) == known.answers[question]); };
+    if (std::any_of(likeliest.begin(), likeliest.end(), changes))
+        return true;
+    for (std::size_t question = 0; question < known.questions.size(); ++question)
+        if (changes(question))
+            return true;
+    return false;
 }

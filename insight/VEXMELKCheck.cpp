@@ -401,10 +401,8 @@ VEXMELKCheckResult VEXMELKCheck(const CATUnicodeString& directory, const VEXMELK
 bool VEXMELKMayShow(const VEXMELKFinding& finding)
 {
     for (const VEXMELKConfigManager::Configuration& configuration : VEXMELKConfigManager::GetConfigurations())
-        if (configuration.description && finding.file.ends_with(VEXMELKFileOf(*configuration.description)))
-            for (const VEXMELKElement* element : configuration.description->elements)
-                for (const VEXMELKRows table : element->tables)
-                    if (std::any_of(table.begin(), table.end(), [](const VEXMELKRow& row) { return row.isSecret; }))
-                        return false;
+        if (configuration.description && VEXMELKHasSecrets(*configuration.description) &&
+            finding.file.ends_with(VEXMELKFileOf(*configuration.description)))
+            return false;
     return true;
 }

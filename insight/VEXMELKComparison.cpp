@@ -1,9 +1,12 @@
-// Answers are compared value by value; texts that have changed without any answer are proven to be without effect.
+// Answers are compared value by value.
 #include "VEXMELKComparison.h"
+
+#include "VEXMELKTextChanges.h"
 
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <span>
 
 namespace {
 
@@ -24,13 +27,6 @@ std::optional<double> PercentOf(const VEXMELKChange& change)
     return std::isfinite(percent) ? std::optional(std::round(percent * 1e3) / 1e3) : std::nullopt;
 }
 
-std::string CategoryAround(CATIDOMElement_var element)
-{
-    while (element != NULL_var && element->GetTagName() != "category")
-        element = CATIDOMElement_var(element->GetParentNode());
-    return element == NULL_var ? "" : std::string(element->GetAttributes()->GetNamedItemValue("name").value_or(""));
-}
-
 VEXMELKChangedSide SideOf(const VEXMELKPlacedValue* value)
 {
     VEXMELKChangedSide side;
@@ -43,7 +39,7 @@ VEXMELKChangedSide SideOf(const VEXMELKPlacedValue* value)
         side.file = value->file;
         side.position = value->position;
         side.text = value->Text();
-        side.category = CategoryAround(value->element);
+        side.category = VEXMELKCategoryAround(value->element);
     }
     return side;
 }
@@ -71,6 +67,7 @@ private:
         VEXMELKPlacedAsker after(configuration, m_After);
         const std::vector<VEXMELKPreparedQuestion> questions =
             VEXMELKAllQuestions({&before, &after}, &m_Comparison.leftOut);
+        const std::size_t first = m_Comparison.changes.size();
         std::size_t number = 0;
         for (const VEXMELKPreparedQuestion& question : questions)
         {
@@ -79,6 +76,13 @@ private:
             CompareAnswers(configuration, question, before.Ask(question), after.Ask(question));
         }
         m_Comparison.questions += questions.size();
+        if (!m_Scope.hasMoves || before.Files().empty() || after.Files().empty())
+            return;
+        std::vector<VEXMELKChange>& changes = m_Comparison.changes;
+        const auto told = std::span(changes).subspan(first);
+        for (VEXMELKChange& change :
+            VEXMELKTextChanges(configuration, m_Before, m_After, questions, told, m_Comparison.textsLeftOut))
+            changes.push_back(std::move(change));
     }
 
     // Every value by its field, also those that are no answer: whoever asks sees them all the same.
@@ -196,7 +200,7 @@ private:
         side.file = place->file;
         side.position = place->position;
         side.text = place->text;
-        side.category = CategoryAround(place->element);
+        side.category = VEXMELKCategoryAround(place->element);
     }
 
     VEXMELKSource m_Before;
@@ -207,6 +211,13 @@ private:
 };
 
 } // namespace
+
+std::string VEXMELKCategoryAround(CATIDOMElement_var element)
+{
+    while (element != NULL_var && element->GetTagName() != "category")
+        element = CATIDOMElement_var(element->GetParentNode());
+    return element == NULL_var ? "" : std::string(element->GetAttributes()->GetNamedItemValue("name").value_or(""));
+}
 
 std::string_view VEXMELKNameOf(VEXMELKChangeKind kind)
 {

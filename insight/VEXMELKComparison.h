@@ -29,10 +29,13 @@ struct VEXMELKChangedSide
     bool HasPlace() const { return !file.empty(); }
 };
 
+// The name of the category that the element is, or is in; empty when it is in none.
+std::string VEXMELKCategoryAround(CATIDOMElement_var element);
+
 struct VEXMELKChange
 {
     const VEXMELKConfigManager::Configuration* configuration = nullptr;
-    // Nothing for a text that no answer depends on; "field" is then its path.
+    // Nothing for a text that no answer depends on: "field" is then its path, and the values are the texts.
     std::optional<VEXMELKPreparedQuestion> question;
     std::string field; // "result" when the result itself changes
     VEXMELKChangeKind kind = VEXMELKChangeKind::Changed;
@@ -46,13 +49,15 @@ struct VEXMELKComparison
 {
     std::size_t questions = 0;
     std::size_t leftOut = 0; // questions: see VEXMELKAllQuestions
+    // Texts that differ and were not tried, because there are too many: see VEXMELKTextChanges.
+    std::size_t textsLeftOut = 0;
     std::vector<VEXMELKChange> changes;
 };
 
 struct VEXMELKComparisonScope
 {
     std::vector<const VEXMELKConfigManager::Configuration*> configurations = {}; // all when empty
-    // Values that stay are told too when they are moved or written otherwise.
+    // Values that stay are told too when they are moved or written otherwise, and texts that no answer depends on.
     bool hasMoves = false;
     // Where no single text holds a value, such as a result, the text that chooses it is looked for by trials, for the
     // first changes of many.

@@ -170,6 +170,18 @@ std::string VEXMELKDocumentText::With(const VEXMELKSlot& slot, std::string_view 
     return replaced;
 }
 
+std::string VEXMELKDocumentText::Without(const VEXMELKSlot& slot) const
+{
+    std::size_t begin = slot.begin;
+    std::size_t end = slot.end;
+    if (!slot.attribute.empty())
+    {
+        begin -= slot.attribute.size() + std::string_view(" =\"").size();
+        end += 1; // the quote
+    }
+    return m_Text.substr(0, begin) + m_Text.substr(end);
+}
+
 std::string VEXMELKDocumentText::Without(std::size_t element) const
 {
     return m_Text.substr(0, m_Elements[element].begin) + m_Text.substr(m_Elements[element].end);

@@ -58,6 +58,8 @@ public:
     // The text with another one in the place of a slot's.
     std::string With(const VEXMELKSlot& slot, std::string_view text) const;
 
+    // The text without a slot's, and without the attribute that has it.
+    std::string Without(const VEXMELKSlot& slot) const;
     // The text without an element.
     std::string Without(std::size_t element) const;
 

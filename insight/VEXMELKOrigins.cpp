@@ -16,15 +16,6 @@ using Values = std::vector<VEXMELKNamedValue>;
 // How long the trials of one question may take together.
 constexpr double secondsForTrials = 3.0;
 
-bool HasSecrets(const VEXMELKDescription& description)
-{
-    for (const VEXMELKElement* element : description.elements)
-        for (const VEXMELKRows rows : element->tables)
-            if (std::any_of(rows.begin(), rows.end(), [](const VEXMELKRow& row) { return row.isSecret; }))
-                return true;
-    return false;
-}
-
 // "barriers" of "barriers[1].Overlapping".
 std::string_view OutputName(std::string_view field) { return field.substr(0, field.find_first_of(".[")); }
 // "barriers[].Overlapping" of "barriers[1].Overlapping".
@@ -541,7 +532,7 @@ private:
         found.path = DocumentOf(place).PathOf(slot.element);
         found.attribute = slot.attribute;
         found.text = slot.text;
-        found.isSecret = HasSecrets(m_Description);
+        found.isSecret = VEXMELKHasSecrets(m_Description);
         return found;
     }
 
@@ -594,7 +585,14 @@ VEXMELKExplanation VEXMELKExplain(const VEXMELKConfigManager::Configuration& con
     const VEXMELKSilence silence;
     VEXMELKTrial trial(configuration, directory, VEXMELKArgumentOf(askable, VEXMELKRole::Standard));
     VEXMELKFilePlaces places(directory.ConvertToChar());
-    return Explainer(*configuration.description, askable, trial, places).Explain();
+    return VEXMELKExplain(*configuration.description, askable, trial, places);
+}
+
+VEXMELKExplanation VEXMELKExplain(const VEXMELKDescription& description, const VEXMELKAskable& askable,
+    VEXMELKTrial& trial, VEXMELKFilePlaces& places)
+{
+    const VEXMELKSilence silence;
+    return Explainer(description, askable, trial, places).Explain();
 }
 
 VEXMELKExplanation VEXMELKExplainByReads(const VEXMELKDescription& description, const VEXMELKAskable& askable,

@@ -60,6 +60,10 @@ struct VEXMELKExplanation
 VEXMELKExplanation VEXMELKExplain(const VEXMELKConfigManager::Configuration& configuration,
     const VEXMELKAskable& askable, const CATUnicodeString& directory);
 
+// The same for one of many questions, which share the trial and the places of the files.
+VEXMELKExplanation VEXMELKExplain(const VEXMELKDescription& description, const VEXMELKAskable& askable,
+    VEXMELKTrial& trial, VEXMELKFilePlaces& places);
+
 // The values of some fields alone, for many questions over one trial: only texts that the question read are tried, and
 // where these do not decide a field, the keys around them. Neither choices are told, nor a reason, nor which values are
 // the caller's.

@@ -7,6 +7,9 @@
 #include "VEXMELKUtilities.h"
 
 #include <algorithm>
+#include <map>
+#include <optional>
+#include <set>
 
 namespace {
 
@@ -15,7 +18,10 @@ class Reporter
 public:
     Reporter(const VEXMELKConfigManager::Configuration& configuration, const CATUnicodeString& directory,
         VEXMELKPictures& pictures)
-        : m_Directory(directory), m_Pictures(pictures), m_Asker(configuration, directory)
+        : m_Directory(directory),
+          m_Pictures(pictures),
+          m_Asker(configuration, directory),
+          m_Places(directory.ConvertToChar())
     {
         m_Made.configuration = &configuration;
         m_Made.files = VEXMELKLoadFiles(*configuration.description, directory);
@@ -30,9 +36,13 @@ public:
         for (const VEXMELKDocumentText& document : m_Documents)
             documents.push_back(&document);
         m_Questions = VEXMELKAllQuestions(*m_Made.configuration->description, documents);
+        SortQuestions();
         for (const VEXMELKReportStandard& standard : m_Made.standards)
+        {
+            m_Trial.emplace(*m_Made.configuration, m_Directory, standard.name, largeDocument);
             for (const std::string& category : standard.categories)
                 AddCell(standard, category);
+        }
         return std::move(m_Made);
     }
 
@@ -93,56 +103,69 @@ private:
         m_Made.standards.push_back(std::move(standard));
     }
 
-    // The arguments beside standard and category; nothing when the question is one of another standard or category.
-    // What does not ask for a category is told in the first one.
-    std::optional<std::string> ArgumentsIn(
-        const VEXMELKPreparedQuestion& question, const VEXMELKReportCell& cell, bool isFirst) const
+    // Those of the configuration's own operations, by the standard that they ask for; under nothing if for none.
+    void SortQuestions()
     {
-        const auto parameters = question.Operation().Parameters();
-        bool hasCategory = false;
+        const auto& own = m_Made.configuration->description->operations;
+        for (const VEXMELKPreparedQuestion& question : m_Questions)
+            if (std::any_of(own.begin(), own.end(),
+                    [&](const VEXMELKOperation& operation) { return operation.Name() == question.Operation().Name(); }))
+                m_ByStandard[VEXMELKArgumentOf(question, VEXMELKRole::Standard)].push_back(&question);
+    }
+
+    // What does not ask for a category is told in the first one of the standard, and what does not ask for a standard
+    // in the first one that has the category.
+    bool IsToldIn(const VEXMELKPreparedQuestion& question, const VEXMELKReportCell& cell, bool isFirst) const
+    {
+        const auto category = VEXMELKArgumentOf(question, VEXMELKRole::Category);
+        const bool isOfStandard = VEXMELKArgumentOf(question, VEXMELKRole::Standard).has_value();
+        if (category && *category != cell.category)
+            return false;
+        if (isOfStandard)
+            return category || isFirst;
+        return category ? !m_Reported.contains(*category) : m_Reported.empty();
+    }
+
+    // The arguments beside standard and category.
+    static std::string FurtherArguments(const VEXMELKPreparedQuestion& question)
+    {
         std::string others;
         for (const VEXMELKPreparedQuestion::Input& input : question.Inputs())
         {
-            const VEXMELKParameter& parameter = parameters[input.parameter];
-            const std::string text = VEXMELKTextOf(input.value);
-            if (parameter.role == VEXMELKRole::Standard && text != cell.standard)
-                return std::nullopt;
-            if (parameter.role == VEXMELKRole::Category && text != cell.category)
-                return std::nullopt;
-            hasCategory = hasCategory || parameter.role == VEXMELKRole::Category;
+            const VEXMELKParameter& parameter = question.Operation().Parameters()[input.parameter];
             if (parameter.role != VEXMELKRole::Standard && parameter.role != VEXMELKRole::Category)
-                others += (others.empty() ? "" : " ") + std::string(parameter.name) + "=" + text;
+                others += (others.empty() ? "" : " ") + std::string(parameter.name) + "=" + VEXMELKTextOf(input.value);
         }
-        return hasCategory || isFirst ? std::optional(others) : std::nullopt;
+        return others;
     }
 
     void AddCell(const VEXMELKReportStandard& standard, const std::string& category)
     {
-        const auto& own = m_Made.configuration->description->operations;
         VEXMELKReportCell cell{standard.name, category, {}, {}};
         cell.drawing =
             m_Pictures.Draw(*m_Made.configuration, CATUnicodeString(standard.name), CATUnicodeString(category));
+        std::vector<const VEXMELKPreparedQuestion*> questions = m_ByStandard[std::nullopt];
+        const auto& ofStandard = m_ByStandard[standard.name];
+        questions.insert(questions.end(), ofStandard.begin(), ofStandard.end());
+        std::sort(questions.begin(), questions.end()); // as all questions are
         const bool isFirst = category == standard.categories.front();
-        for (const VEXMELKPreparedQuestion& question : m_Questions)
-        {
-            const bool isOwn = std::any_of(own.begin(), own.end(),
-                [&](const VEXMELKOperation& operation) { return operation.Name() == question.Operation().Name(); });
-            if (!isOwn)
-                continue;
-            if (const auto arguments = ArgumentsIn(question, cell, isFirst))
-                AddAnswer(cell, question, *arguments);
-        }
+        for (const VEXMELKPreparedQuestion* question : questions)
+            if (IsToldIn(*question, cell, isFirst))
+                AddAnswer(cell, *question);
+        m_Reported.insert(category);
         m_Made.cells.push_back(std::move(cell));
     }
 
-    void AddAnswer(VEXMELKReportCell& cell, const VEXMELKPreparedQuestion& question, const std::string& arguments)
+    void AddAnswer(VEXMELKReportCell& cell, const VEXMELKPreparedQuestion& question)
     {
         const std::string operation(question.Operation().Name());
         const bool isKnown = std::any_of(cell.answers.begin(), cell.answers.end(),
             [&](const VEXMELKReportAnswer& answer) { return answer.operation == operation; });
-        VEXMELKReportAnswer answer{operation, arguments, {}};
-        if (!isKnown)
-            answer.explanation = VEXMELKExplain(*m_Made.configuration, question, m_Directory);
+        // What asks for no standard depends on those too that are left out.
+        const bool isTried = !IsLarge() || VEXMELKArgumentOf(question, VEXMELKRole::Standard);
+        VEXMELKReportAnswer answer{operation, FurtherArguments(question), {}};
+        if (!isKnown && isTried)
+            answer.explanation = VEXMELKExplain(*m_Made.configuration->description, question, *m_Trial, m_Places);
         else
         {
             const VEXMELKFlatAnswer flat = m_Asker.Ask(question);
@@ -153,11 +176,25 @@ private:
         cell.answers.push_back(std::move(answer));
     }
 
+    bool IsLarge() const
+    {
+        return std::any_of(m_Documents.begin(), m_Documents.end(),
+            [](const VEXMELKDocumentText& document)
+            { return static_cast<int>(document.Elements().size()) > largeDocument; });
+    }
+
+    // Of larger documents only the cell's standard is tried, so that a report takes as long as its directory is large.
+    static constexpr int largeDocument = 200; // elements
+
     const CATUnicodeString& m_Directory;
     VEXMELKPictures& m_Pictures;
     VEXMELKAsker m_Asker;
+    VEXMELKFilePlaces m_Places;
+    std::optional<VEXMELKTrial> m_Trial; // of the standard that is reported on
     std::vector<VEXMELKDocumentText> m_Documents;
     std::vector<VEXMELKPreparedQuestion> m_Questions;
+    std::map<std::optional<std::string>, std::vector<const VEXMELKPreparedQuestion*>> m_ByStandard;
+    std::set<std::string> m_Reported; // categories
     VEXMELKReportConfiguration m_Made;
 };
 

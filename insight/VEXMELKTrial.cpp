@@ -122,6 +122,15 @@ std::vector<const VEXMELKElement*> VEXMELKElementsWithParents(const VEXMELKDescr
     return all;
 }
 
+bool VEXMELKHasSecrets(const VEXMELKDescription& description)
+{
+    for (const VEXMELKElement* element : description.elements)
+        for (const VEXMELKRows table : element->tables)
+            if (std::any_of(table.begin(), table.end(), [](const VEXMELKRow& row) { return row.isSecret; }))
+                return true;
+    return false;
+}
+
 std::string VEXMELKFileOf(const VEXMELKDescription& description)
 {
     std::string file(description.file);
@@ -292,6 +301,11 @@ VEXMELKTrial::Replacement::Replacement(VEXMELKTrial& trial, Place place, std::st
     : m_Trial(trial), m_Document(place.document)
 {
     trial.WriteDocument(m_Document, trial.m_Documents[m_Document].With(trial.At(place), text));
+}
+
+VEXMELKTrial::Replacement::Replacement(VEXMELKTrial& trial, Place place) : m_Trial(trial), m_Document(place.document)
+{
+    trial.WriteDocument(m_Document, trial.m_Documents[m_Document].Without(trial.At(place)));
 }
 
 VEXMELKTrial::Replacement::Replacement(VEXMELKTrial& trial, std::size_t document, std::size_t element)

@@ -76,6 +76,9 @@ std::vector<const VEXMELKElement*> VEXMELKElementsOf(const VEXMELKDescription& d
 // The same with those that others are described below, each behind the one that it is below.
 std::vector<const VEXMELKElement*> VEXMELKElementsWithParents(const VEXMELKDescription& description);
 
+// Whether the file has texts that are not to be shown; none of its texts is then shown without being asked for.
+bool VEXMELKHasSecrets(const VEXMELKDescription& description);
+
 // "OVA/UFCurb.xml"; empty when its creator gives it.
 std::string VEXMELKFileOf(const VEXMELKDescription& description);
 
@@ -137,6 +140,8 @@ public:
     {
     public:
         Replacement(VEXMELKTrial& trial, Place place, std::string_view text);
+        // Without the text, and the attribute whose text it is.
+        Replacement(VEXMELKTrial& trial, Place place);
         // Without an element of a document.
         Replacement(VEXMELKTrial& trial, std::size_t document, std::size_t element);
         Replacement(const Replacement&) = delete;

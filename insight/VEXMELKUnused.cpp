@@ -36,11 +36,11 @@ private:
         std::vector<const VEXMELKDocumentText*> documents;
         for (const VEXMELKDocumentText& document : m_Trial.Documents())
             documents.push_back(&document);
-        m_Questions = VEXMELKAllQuestions(*m_Configuration.description, documents);
-        for (std::size_t question = 0; question < m_Questions.size(); ++question)
+        m_Known.questions = VEXMELKAllQuestions(*m_Configuration.description, documents);
+        for (std::size_t question = 0; question < m_Known.questions.size(); ++question)
         {
             std::vector<VEXMELKTrial::Read> reads;
-            m_Answers.push_back(m_Trial.Ask(m_Questions[question], &reads));
+            m_Known.answers.push_back(m_Trial.Ask(m_Known.questions[question], &reads));
             for (const VEXMELKTrial::Read& read : reads)
             {
                 std::vector<std::size_t>& readers = m_Readers[read.place];
@@ -107,18 +107,9 @@ private:
         return AnyAnswerChanges({});
     }
 
-    // Those first that are the likeliest to change.
     bool AnyAnswerChanges(const std::vector<std::size_t>& likeliest) const
     {
-        const VEXMELKAsker asker(m_Configuration, m_Trial.Directory());
-        const auto changes = [&](std::size_t question)
-        { return !(asker.Ask(m_Questions[question]) == m_Answers[question]); };
-        if (std::any_of(likeliest.begin(), likeliest.end(), changes))
-            return true;
-        for (std::size_t question = 0; question < m_Questions.size(); ++question)
-            if (changes(question))
-                return true;
-        return false;
+        return VEXMELKAnyAnswerChanges(m_Configuration, m_Trial, m_Known, likeliest);
     }
 
     void AddElement(std::size_t number, std::size_t element)
@@ -207,8 +198,7 @@ private:
     const std::string m_Directory;
     VEXMELKTrial m_Trial;
     std::set<std::string_view> m_CustomerStandards;
-    std::vector<VEXMELKPreparedQuestion> m_Questions;
-    std::vector<VEXMELKFlatAnswer> m_Answers;
+    VEXMELKTrialAnswers m_Known;
     std::map<Place, std::vector<std::size_t>> m_Readers;
     std::map<Place, std::set<const VEXMELKRow*>> m_Rows;
     std::optional<VEXMELKWrittenFile> m_File;

@@ -196,10 +196,58 @@ TEST_F(ComparisonTest, DifferencesAreTheAnswersThatDiffer)
                     if (change.kind <= VEXMELKChangeKind::Removed)
                         told += (change.before.value ? 1U : 0U) + (change.after.value ? 1U : 0U);
                 EXPECT_EQ(told, differ.size()) << file << " " << slot.attribute << " " << slot.text;
+                EXPECT_FALSE(comparison.changes.empty()) << file << " " << slot.attribute << " " << slot.text;
                 directory.Write(file, TextOfFile(old + "/" + file));
             }
     }
     std::filesystem::remove_all(old);
+    TakeBoxes();
+}
+
+// A text that no answer depends on: nothing reads it, or a Customer standard hides it.
+TEST_F(ComparisonTest, TextsWithoutEffectAreTold)
+{
+    const std::string text = "<configuration>\n"
+                             "<standard name='S'><category name='suv' front_offset='1mm'/></standard>\n"
+                             "<standard name='H' old='1' loading='design'><category name='suv'/></standard>\n"
+                             "</configuration>";
+    const struct
+    {
+        const char* from;
+        const char* to;
+        const char* told; // kind, field, values, line and column on both sides
+    } cases[] = {
+        {"<configuration>", "<configuration note='x'>", "written /configuration/@note: – → x, 0:0 → 1:22"},
+        {"<category name='suv' f", "<category hue='red' name='suv' f",
+            "written /configuration/standard[name='S']/category[name='suv']/@hue: – → red, 0:0 → 2:35"},
+        {" old='1'", "", "written /configuration/standard[name='H']/@old: 1 → –, 3:25 → 0:0"},
+        {"'design'", "'gross'", "written /configuration/standard[name='H']/@loading: design → gross, 3:37 → 3:37"},
+        {"<standard name='S'>", "<!-- S -->\n<standard name='S'>", ""},
+    };
+    const TemporaryDirectory old;
+    const char* customer = "<configuration><standard name='H'><category name='suv'/></standard></configuration>";
+    old.Write("Customer/OVA/UFCurb.xml", customer);
+    directory.Write("Customer/OVA/UFCurb.xml", customer);
+    old.Write("Default/OVA/UFCurb.xml", text);
+    const auto shown = [](const std::optional<VEXMELKPlainValue>& value)
+    { return value ? VEXMELKTextOf(*value) : "–"; };
+    const auto at = [](VEXMELKPosition place)
+    { return std::to_string(place.line) + ":" + std::to_string(place.column); };
+    for (const auto& [from, to, expected] : cases)
+    {
+        directory.Write("Default/OVA/UFCurb.xml", Replaced(text, from, to));
+        VEXMELKComparisonScope scope;
+        scope.hasMoves = true;
+        std::string told;
+        for (const VEXMELKChange& change : VEXMELKCompare(CATUnicodeString(old.Path()), Directory(), scope).changes)
+        {
+            EXPECT_FALSE(change.question) << change.field;
+            told += std::string(VEXMELKNameOf(change.kind)) + " " + change.field + ": " + shown(change.before.value) +
+                    " → " + shown(change.after.value) + ", " + at(change.before.position) + " → " +
+                    at(change.after.position);
+        }
+        EXPECT_EQ(told, expected) << to;
+    }
     TakeBoxes();
 }
 

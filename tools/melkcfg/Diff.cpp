@@ -124,6 +124,9 @@ ExitStatus RunDiff(const CommandOptions& common, const DiffOptions& options)
     else
         PrintDifference(comparison, common.showSecrets);
     TellLeftOut(comparison.leftOut);
+    if (comparison.textsLeftOut != 0)
+        std::cerr << "melkcfg: " << comparison.textsLeftOut
+                  << " more texts differ; whether an answer depends on them was not tried" << std::endl;
     if (comparison.questions == 0)
     {
         std::cerr << "melkcfg: there is no configuration file to compare" << std::endl;
