@@ -2,8 +2,7 @@
 # scripts/check.sh: builds the library, its tool and its tests and passes the checks that every change has to pass.
 # Installs what is missing. Ends with CTest's summary of the release tests.
 # scripts/check.sh quick: formatting, the debug build and its tests, for daily work.
-# scripts/check.sh more: before a release: Windows under Wine, and what needs many builds: the packages in full, the
-# fuzzers.
+# scripts/check.sh more: before a release: what needs many builds: the packages in full, the fuzzers.
 # scripts/check.sh STEP...: only these steps, by the names of their functions below.
 #
 # What a step says is kept in build/check/STEP.log and shown when it fails.
@@ -57,7 +56,8 @@ packages() { scripts/release.sh here; }
 release() { scripts/release.sh; }
 # The fuzzers themselves, and every file compiled by itself.
 fuzzers() { scripts/fuzz.sh 0; }
-windows() { scripts/windows.sh test; }
+windows_build() { scripts/windows.sh; }
+windows() { scripts/wine_tests.sh; }
 boxes() { scripts/boxes.sh build/release; }
 
 # A program built against the installed package, by CMake and by pkg-config.
@@ -76,22 +76,44 @@ installed() {
     g++ -std=c++20 -fno-exceptions tests/consumer/consumer.cpp $flags -o build/consumer/by-pkg-config
 }
 
-# A new check is a function above and its name here, in the order in which they run: what fails soonest first.
-usual_steps=(formatting release_build exports installed boxes packages python browser schemas site sanitizers threads tidy release_tests)
-more_steps=(windows release fuzzers)
+# A new check is a function above and its name here, in the order in which they run: what fails soonest first. Those
+# joined by "+" keep one processor busy each and run side by side.
+usual_steps=(formatting release_build exports installed boxes packages python sanitizers windows_build
+    windows+schemas+site+browser threads tidy release_tests)
+more_steps=(release fuzzers)
 quick_steps=(formatting debug)
 
+# Runs in the background, because "set -e" does not hold in what is part of a condition.
 run() {
-    local begin=$SECONDS
-    printf '== %-14s' "$1"
-    # In a shell of its own, so that "set -e" holds inside.
-    if (set -e; "$1") >"$logs/$1.log" 2>&1 </dev/null; then
-        printf ' %4d s\n' $((SECONDS - begin))
+    local begin=$SECONDS status=0
+    (set -e; "$1") >"$logs/$1.log" 2>&1 </dev/null &
+    wait $! || status=$?
+    if [ $status -eq 0 ]; then
+        printf '== %-14s %4d s\n' "$1" $((SECONDS - begin))
         return
     fi
-    printf ' failed after %d s\n' $((SECONDS - begin))
+    printf '== %-14s failed after %d s\n' "$1" $((SECONDS - begin))
     tail -n 200 "$logs/$1.log"
     echo "check.sh: failed at: $1 (all of it is in build/check/$1.log)" >&2
+    exit 1
+}
+
+# As many at a time as there are processors. The first that fails ends the others.
+run_side_by_side() {
+    local step
+    for step in "$@"; do
+        while [ "$(jobs -rp | wc -l)" -ge "$jobs" ]; do
+            wait -n || end_all
+        done
+        run "$step" &
+    done
+    while [ -n "$(jobs -p)" ]; do
+        wait -n || end_all
+    done
+}
+end_all() {
+    # shellcheck disable=SC2046
+    kill $(jobs -rp) 2>/dev/null || true
     exit 1
 }
 
@@ -106,10 +128,17 @@ elif [ "${1:-}" = more ]; then
 elif [ $# -gt 0 ]; then
     steps=("$@")
 fi
-for step in "${steps[@]}"; do
-    [ "$(type -t "$step")" = function ] || { echo "check.sh: there is no step $step; there are ${usual_steps[*]} ${more_steps[*]}" >&2 && exit 2; }
+all=" ${usual_steps[*]} ${more_steps[*]} ${quick_steps[*]} "
+all=${all//+/ }
+for step in ${steps[*]//+/ }; do
+    [[ $all = *" $step "* ]] || { echo "check.sh: there is no step $step; there are$all" >&2 && exit 2; }
 done
 for step in "${steps[@]}"; do
-    run "$step"
+    IFS=+ read -ra side_by_side <<<"$step"
+    if [ ${#side_by_side[@]} -eq 1 ]; then
+        run "$step"
+    else
+        run_side_by_side "${side_by_side[@]}"
+    fi
 done
-tail -n 5 "$logs/$step.log"
+tail -n 5 "$logs/${side_by_side[-1]}.log"

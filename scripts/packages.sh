@@ -19,8 +19,10 @@ ensure_packages() {
     [ "$(id -u)" -eq 0 ] || as_root=(sudo)
     echo "installing: ${missing[*]}"
     export DEBIAN_FRONTEND=noninteractive
-    "${as_root[@]}" apt-get update -qq
-    "${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+    # Scripts that run side by side install one after the other.
+    mkdir -p build
+    "${as_root[@]}" flock build/packages.lock apt-get update -qq
+    "${as_root[@]}" flock build/packages.lock apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
 build_packages=(cmake ninja-build g++ pkg-config libexpat1 libexpat1-dev libutf8proc-dev libcli11-dev nlohmann-json3-dev

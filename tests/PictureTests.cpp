@@ -5,6 +5,7 @@
 #include "VEXMELKSvg.h"
 
 #include <cmath>
+#include <map>
 #include <numbers>
 #include <regex>
 
@@ -254,6 +255,9 @@ TEST_F(PictureTest, TheSampleIsDrawnWhole)
         "In-house Extended Eyes", "Head Contour 2002", "Seat Location"};
     VEXMELKPictures pictures{CATUnicodeString(SAMPLE_CONFIGURATION)};
     VEXMELKPictures again{CATUnicodeString(SAMPLE_CONFIGURATION)};
+    std::map<std::string, std::string> notesOf; // what stands beside the first picture
+    for (const auto& [configuration, notes] : Table<2>(CaseFile("pictureNotes")))
+        notesOf[configuration] = notes;
     int count = 0;
     for (const VEXMELKConfigManager::Configuration& entry : VEXMELKConfigManager::GetConfigurations())
     {
@@ -262,9 +266,13 @@ TEST_F(PictureTest, TheSampleIsDrawnWhole)
         SCOPED_TRACE(entry.description->name);
         ++count;
         bool isDrawn = false;
+        std::string notes;
         for (const char* standard : standards)
         {
             const VEXMELKDrawing drawing = pictures.Draw(entry, standard, "default");
+            if (!isDrawn)
+                for (const VEXMELKDrawingNote& note : drawing.notes)
+                    notes += (notes.empty() ? "" : "; ") + note.text;
             const std::string svg = VEXMELKSvgText(drawing, VEXMELKSvgUse::File);
             isDrawn = isDrawn || !drawing.panels.empty();
             EXPECT_THAT(svg, Not(HasSubstr("nan")));
@@ -272,6 +280,7 @@ TEST_F(PictureTest, TheSampleIsDrawnWhole)
             EXPECT_EQ(svg, VEXMELKSvgText(again.Draw(entry, standard, "default"), VEXMELKSvgUse::File));
         }
         EXPECT_TRUE(isDrawn);
+        EXPECT_EQ(notes, notesOf[std::string(entry.description->name)]);
     }
     EXPECT_EQ(count, 38);
 }

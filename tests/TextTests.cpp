@@ -1,4 +1,5 @@
-// Strings, lists, paths, hashes, and the application's utilities.
+// Strings, encodings, lists, paths, hashes, and the application's utilities.
+#include "CATEncoding.h"
 #include "CATFiles.h"
 #include "CATListOf.h"
 #include "CATPath.h"
@@ -296,6 +297,29 @@ TEST(List, CountsFromOne)
     EXPECT_EQ(list.Size(), 0);
     list.RemoveDuplicates();
     EXPECT_EQ(list.Size(), 0);
+}
+
+TEST(Encoding, PairsOfUTF16)
+{
+    using namespace std::string_view_literals;
+    const struct
+    {
+        const char* utf8;
+        std::string_view bytes; // in UTF-16BE
+    } cases[] = {{"\uD7FF", "\xD7\xFF"}, {"\uE000", "\xE0\x00"sv}, {"\uFFFF", "\xFF\xFF"},
+        {"\U00010000", "\xD8\x00\xDC\x00"sv}, {"\U0010FFFF", "\xDB\xFF\xDF\xFF"}};
+    for (const auto& [utf8, bytes] : cases)
+    {
+        EXPECT_EQ(CATFromUTF8(utf8, "UTF-16BE"), bytes) << utf8;
+        EXPECT_EQ(CATToUTF8(bytes, "utf-16be"), utf8);
+        std::string swapped(bytes);
+        for (std::size_t at = 0; at < swapped.size(); at += 2)
+            std::swap(swapped[at], swapped[at + 1]);
+        EXPECT_EQ(CATToUTF8(swapped, "UTF-16LE"), utf8);
+    }
+    for (const std::string_view bytes : {"\xDC\x00"sv, "\xDF\xFF"sv, "\xD8\x00"sv, "\xDB\xFF\xE0\x00"sv,
+             "\xDC\x00\xD8\x00"sv, "\xD8\x00\xDC"sv, "\x41"sv})
+        EXPECT_EQ(CATToUTF8(bytes, "UTF-16BE"), std::nullopt) << testing::PrintToString(bytes);
 }
 
 TEST(Path, NamesAFileOnlyWhenItIsRegular)

@@ -215,8 +215,10 @@ TEST_F(ToolTest, CommandsAndTheirExitStatus)
     const TemporaryDirectory empty;
     for (const auto& [written, status, output] : Table<3>(CaseFile("commands")))
     {
-        const std::string arguments = Replaced(
-            Replaced(Replaced(written, "TOOL ", Tool()), "DIRECTORY", directory.Path()), "EMPTY", empty.Path());
+        std::string arguments = written;
+        for (const auto& [name, path] : {std::pair("TOOL ", Tool()), std::pair("DIRECTORY", directory.Path()),
+                 std::pair("EMPTY", empty.Path()), std::pair("SAMPLE", std::string(SAMPLE_CONFIGURATION))})
+            arguments = Replaced(arguments, name, path);
         const ToolOutcome outcome = RunTool(arguments);
         EXPECT_EQ(outcome.status, std::stoi(status)) << arguments << "\n" << outcome.output;
         EXPECT_THAT(outcome.output, HasSubstr(output)) << arguments;
