@@ -14,10 +14,10 @@ using Configuration = VEXMELKConfigManager::Configuration;
 constexpr std::size_t mostTried = 200;
 
 // One of the two directories.
-class Side
+class ComparedDirectory
 {
 public:
-    Side(const Configuration& configuration, const VEXMELKSource& source,
+    ComparedDirectory(const Configuration& configuration, const VEXMELKSource& source,
         const std::vector<VEXMELKPreparedQuestion>& questions)
         : m_Configuration(configuration),
           m_Trial(configuration, source),
@@ -26,7 +26,7 @@ public:
     {
     }
 
-    bool IsSameAs(const Side& other) const
+    bool IsSameAs(const ComparedDirectory& other) const
     {
         const auto isSame = [](const VEXMELKDocumentText& left, const VEXMELKDocumentText& right)
         { return left.Text() == right.Text(); };
@@ -102,10 +102,11 @@ private:
 
 using ToldPlaces = std::set<std::pair<std::string, VEXMELKPosition>>;
 
-class Finder
+class TextChangeFinder
 {
 public:
-    Finder(const Configuration& configuration, Side& before, Side& after, std::span<const VEXMELKChange> told)
+    TextChangeFinder(const Configuration& configuration, ComparedDirectory& before, ComparedDirectory& after,
+        std::span<const VEXMELKChange> told)
         : m_Configuration(configuration), m_Before(before), m_After(after)
     {
         for (const VEXMELKChange& change : told)
@@ -143,7 +144,7 @@ private:
         return {side.file, side.position};
     }
 
-    void Consider(const Side::Key& key, std::optional<Place> before, std::optional<Place> after)
+    void Consider(const ComparedDirectory::Key& key, std::optional<Place> before, std::optional<Place> after)
     {
         VEXMELKChange change;
         if (before)
@@ -170,8 +171,8 @@ private:
     }
 
     const Configuration& m_Configuration;
-    Side& m_Before;
-    Side& m_After;
+    ComparedDirectory& m_Before;
+    ComparedDirectory& m_After;
     ToldPlaces m_ToldBefore;
     ToldPlaces m_ToldAfter;
     std::vector<VEXMELKChange> m_Changes;
@@ -185,9 +186,9 @@ std::vector<VEXMELKChange> VEXMELKTextChanges(const Configuration& configuration
     const VEXMELKSource& after, const std::vector<VEXMELKPreparedQuestion>& questions,
     std::span<const VEXMELKChange> told, std::size_t& leftOut)
 {
-    Side sideBefore(configuration, before, questions);
-    Side sideAfter(configuration, after, questions);
+    ComparedDirectory sideBefore(configuration, before, questions);
+    ComparedDirectory sideAfter(configuration, after, questions);
     if (sideBefore.IsSameAs(sideAfter))
         return {};
-    return Finder(configuration, sideBefore, sideAfter, told).Find(leftOut);
+    return TextChangeFinder(configuration, sideBefore, sideAfter, told).Find(leftOut);
 }

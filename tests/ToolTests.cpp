@@ -1,6 +1,7 @@
 // melkcfg as its users run it: requests in a batch, commands, exit statuses.
 #include "Batch.h"
 #include "LibraryTest.h"
+#include "Words.h"
 
 #include <chrono>
 #include <filesystem>
@@ -210,14 +211,31 @@ TEST_F(ToolTest, ShellAnswersWithWhatTheFilesSayNow)
     EXPECT_EQ(pclose(shell), 0);
 }
 
+TEST(WordsTest, QuotedWordsAreReadAsTheyWere)
+{
+    const std::string plain = "aZ09_-./:=,@%+\u00E4";
+    EXPECT_EQ(QuotedForShell(plain, 0), plain);
+    EXPECT_EQ(QuotedForShell("In-house 2024 ($a)", 0), R"(In-house\ 2024\ \(\$a\))");
+    for (const std::string& text : {plain, std::string(" 'a' \"b\" \\ $c `d` *?~#&|;<>()[]{}!\t")})
+        for (const char* quote : {"", "'", "\""})
+        {
+            const Words read = SplitIntoWords("x " + (quote + QuotedForShell(text, *quote)) + quote);
+            EXPECT_EQ(read.words, (std::vector<std::string>{"x", text})) << quote;
+        }
+}
+
 TEST_F(ToolTest, CommandsAndTheirExitStatus)
 {
     const TemporaryDirectory empty;
+    const TemporaryDirectory tested;
+    tested.Write("Configuration/Default/OVA/UFCurb.xml",
+        R"(<configuration><standard name="Tested"><category name="default"/></standard></configuration>)");
     for (const auto& [written, status, output] : Table<3>(CaseFile("commands")))
     {
         std::string arguments = written;
-        for (const auto& [name, path] : {std::pair("TOOL ", Tool()), std::pair("DIRECTORY", directory.Path()),
-                 std::pair("EMPTY", empty.Path()), std::pair("SAMPLE", std::string(SAMPLE_CONFIGURATION))})
+        for (const auto& [name, path] :
+            {std::pair("TOOL ", Tool()), std::pair("DIRECTORY", directory.Path()), std::pair("EMPTY", empty.Path()),
+                std::pair("TESTED", tested.Path()), std::pair("SAMPLE", std::string(SAMPLE_CONFIGURATION))})
             arguments = Replaced(arguments, name, path);
         const ToolOutcome outcome = RunTool(arguments);
         EXPECT_EQ(outcome.status, std::stoi(status)) << arguments << "\n" << outcome.output;
