@@ -2,7 +2,8 @@
 # scripts/check.sh: builds the library, its tool and its tests and passes the checks that every change has to pass.
 # Installs what is missing. Ends with CTest's summary of the release tests.
 # scripts/check.sh quick: formatting, the debug build and its tests, for daily work.
-# scripts/check.sh more: before a release: what needs many builds: the packages in full, the fuzzers.
+# scripts/check.sh more: before a release: Windows under Wine, and what needs many builds: the packages in full, the
+# fuzzers.
 # scripts/check.sh STEP...: only these steps, by the names of their functions below.
 #
 # What a step says is kept in build/check/STEP.log and shown when it fails.
@@ -78,9 +79,9 @@ installed() {
 
 # A new check is a function above and its name here, in the order in which they run: what fails soonest first. Those
 # joined by "+" keep one processor busy each and run side by side.
-usual_steps=(formatting release_build exports installed boxes packages python sanitizers windows_build
-    windows+schemas+site+browser threads tidy release_tests)
-more_steps=(release fuzzers)
+usual_steps=(formatting release_build exports installed boxes packages python schemas+site+browser sanitizers threads
+    tidy release_tests)
+more_steps=(windows_build windows release fuzzers)
 quick_steps=(formatting debug)
 
 # Runs in the background, because "set -e" does not hold in what is part of a condition.
