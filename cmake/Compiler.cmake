@@ -44,7 +44,7 @@ if(NOT MSVC)
         target_compile_options(melk_quick_compiler INTERFACE -O1)
     endif()
     # The linker for Windows takes minutes over the many small functions that are left without optimisation.
-    target_compile_options(melk_test_compiler INTERFACE $<IF:$<BOOL:${WIN32}>,-O1,-O0>)
+    target_compile_options(melk_test_compiler INTERFACE $<IF:$<PLATFORM_ID:Windows>,-O1,-O0>)
     # In a unity build, GCC takes a test's fixture for one of a header, seen by many files.
     target_compile_options(melk_test_compiler INTERFACE
         $<$<AND:$<CXX_COMPILER_ID:GNU>,$<BOOL:${CMAKE_UNITY_BUILD}>>:-Wno-subobject-linkage>)

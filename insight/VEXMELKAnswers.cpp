@@ -23,14 +23,14 @@ VEXMELKFlatAnswer VEXMELKAsker::Ask(const VEXMELKAskable& askable) const
 }
 
 bool VEXMELKAnyAnswerChanges(const VEXMELKConfigManager::Configuration& configuration, const VEXMELKTrial& trial,
-    const VEXMELKTrialAnswers& known, const std::vector<std::size_t>& likeliest)
+    const std::vector<VEXMELKPreparedQuestion>& questions, const std::vector<VEXMELKFlatAnswer>& answers,
+    const std::vector<std::size_t>& likeliest)
 {
     const VEXMELKAsker asker(configuration, trial.Directory());
-    const auto changes = [&](std::size_t question)
-    { return !(asker.Ask(known.questions[question]) == known.answers[question]); };
+    const auto changes = [&](std::size_t question) { return !(asker.Ask(questions[question]) == answers[question]); };
     if (std::any_of(likeliest.begin(), likeliest.end(), changes))
         return true;
-    for (std::size_t question = 0; question < known.questions.size(); ++question)
+    for (std::size_t question = 0; question < questions.size(); ++question)
         if (changes(question))
             return true;
     return false;

@@ -23,16 +23,11 @@ private:
     VEXMELKLoaded m_Loaded;
 };
 
-// Questions over the documents of a trial, with the answers that they have as they are.
-struct VEXMELKTrialAnswers
-{
-    std::vector<VEXMELKPreparedQuestion> questions;
-    std::vector<VEXMELKFlatAnswer> answers;
-};
-// Whether any answer is another one, as the documents of the trial are now. Those questions that are the likeliest,
-// given by their numbers, are asked first.
+// Whether any question has another answer than the one in its place, as the documents of the trial are now. Those
+// questions that are the likeliest, given by their numbers, are asked first.
 bool VEXMELKAnyAnswerChanges(const VEXMELKConfigManager::Configuration& configuration, const VEXMELKTrial& trial,
-    const VEXMELKTrialAnswers& known, const std::vector<std::size_t>& likeliest = {});
+    const std::vector<VEXMELKPreparedQuestion>& questions, const std::vector<VEXMELKFlatAnswer>& answers,
+    const std::vector<std::size_t>& likeliest = {});
 
 // A text or an element of a file that no answer depends on.
 struct VEXMELKUnusedText

@@ -27,6 +27,13 @@ std::optional<double> PercentOf(const VEXMELKChange& change)
     return std::isfinite(percent) ? std::optional(std::round(percent * 1e3) / 1e3) : std::nullopt;
 }
 
+std::string CategoryAround(CATIDOMElement_var element)
+{
+    while (element != NULL_var && element->GetTagName() != "category")
+        element = CATIDOMElement_var(element->GetParentNode());
+    return element == NULL_var ? "" : std::string(element->GetAttributes()->GetNamedItemValue("name").value_or(""));
+}
+
 VEXMELKChangedSide SideOf(const VEXMELKPlacedValue* value)
 {
     VEXMELKChangedSide side;
@@ -39,7 +46,7 @@ VEXMELKChangedSide SideOf(const VEXMELKPlacedValue* value)
         side.file = value->file;
         side.position = value->position;
         side.text = value->Text();
-        side.category = VEXMELKCategoryAround(value->element);
+        side.category = CategoryAround(value->element);
     }
     return side;
 }
@@ -200,7 +207,7 @@ private:
         side.file = place->file;
         side.position = place->position;
         side.text = place->text;
-        side.category = VEXMELKCategoryAround(place->element);
+        side.category = CategoryAround(place->element);
     }
 
     VEXMELKSource m_Before;
@@ -211,13 +218,6 @@ private:
 };
 
 } // namespace
-
-std::string VEXMELKCategoryAround(CATIDOMElement_var element)
-{
-    while (element != NULL_var && element->GetTagName() != "category")
-        element = CATIDOMElement_var(element->GetParentNode());
-    return element == NULL_var ? "" : std::string(element->GetAttributes()->GetNamedItemValue("name").value_or(""));
-}
 
 std::string_view VEXMELKNameOf(VEXMELKChangeKind kind)
 {

@@ -29,9 +29,6 @@ struct VEXMELKChangedSide
     bool HasPlace() const { return !file.empty(); }
 };
 
-// The name of the category that the element is, or is in; empty when it is in none.
-std::string VEXMELKCategoryAround(CATIDOMElement_var element);
-
 struct VEXMELKChange
 {
     const VEXMELKConfigManager::Configuration* configuration = nullptr;

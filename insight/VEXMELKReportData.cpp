@@ -4,7 +4,7 @@
 
 #include "VEXMELKAnswers.h"
 #include "VEXMELKPictures.h"
-#include "VEXMELKUtilities.h"
+#include "VEXMELKPlacedAnswers.h"
 
 #include <algorithm>
 #include <map>
@@ -47,6 +47,13 @@ public:
     }
 
 private:
+    struct Asked
+    {
+        const VEXMELKPreparedQuestion* question;
+        bool isOfStandard;
+        std::optional<std::string> category;
+    };
+
     bool HasTag(const VEXMELKDocumentText& document, std::size_t element, std::string_view tag) const
     {
         return std::string_view(document.Elements()[element].node->GetTagName()) == tag;
@@ -110,20 +117,22 @@ private:
         for (const VEXMELKPreparedQuestion& question : m_Questions)
             if (std::any_of(own.begin(), own.end(),
                     [&](const VEXMELKOperation& operation) { return operation.Name() == question.Operation().Name(); }))
-                m_ByStandard[VEXMELKArgumentOf(question, VEXMELKRole::Standard)].push_back(&question);
+            {
+                const auto standard = VEXMELKArgumentOf(question, VEXMELKRole::Standard);
+                m_ByStandard[standard].push_back(
+                    {&question, standard.has_value(), VEXMELKArgumentOf(question, VEXMELKRole::Category)});
+            }
     }
 
     // What does not ask for a category is told in the first one of the standard, and what does not ask for a standard
     // in the first one that has the category.
-    bool IsToldIn(const VEXMELKPreparedQuestion& question, const VEXMELKReportCell& cell, bool isFirst) const
+    bool IsToldIn(const Asked& asked, const VEXMELKReportCell& cell, bool isFirst) const
     {
-        const auto category = VEXMELKArgumentOf(question, VEXMELKRole::Category);
-        const bool isOfStandard = VEXMELKArgumentOf(question, VEXMELKRole::Standard).has_value();
-        if (category && *category != cell.category)
+        if (asked.category && *asked.category != cell.category)
             return false;
-        if (isOfStandard)
-            return category || isFirst;
-        return category ? !m_Reported.contains(*category) : m_Reported.empty();
+        if (asked.isOfStandard)
+            return asked.category || isFirst;
+        return asked.category ? !m_Reported.contains(*asked.category) : m_Reported.empty();
     }
 
     // The arguments beside standard and category.
@@ -144,25 +153,27 @@ private:
         VEXMELKReportCell cell{standard.name, category, {}, {}};
         cell.drawing =
             m_Pictures.Draw(*m_Made.configuration, CATUnicodeString(standard.name), CATUnicodeString(category));
-        std::vector<const VEXMELKPreparedQuestion*> questions = m_ByStandard[std::nullopt];
+        std::vector<Asked> questions = m_ByStandard[std::nullopt];
         const auto& ofStandard = m_ByStandard[standard.name];
         questions.insert(questions.end(), ofStandard.begin(), ofStandard.end());
-        std::sort(questions.begin(), questions.end()); // as all questions are
+        std::sort(questions.begin(), questions.end(), // as all questions are
+            [](const Asked& left, const Asked& right) { return left.question < right.question; });
         const bool isFirst = category == standard.categories.front();
-        for (const VEXMELKPreparedQuestion* question : questions)
-            if (IsToldIn(*question, cell, isFirst))
-                AddAnswer(cell, *question);
+        for (const Asked& asked : questions)
+            if (IsToldIn(asked, cell, isFirst))
+                AddAnswer(cell, asked);
         m_Reported.insert(category);
         m_Made.cells.push_back(std::move(cell));
     }
 
-    void AddAnswer(VEXMELKReportCell& cell, const VEXMELKPreparedQuestion& question)
+    void AddAnswer(VEXMELKReportCell& cell, const Asked& asked)
     {
+        const VEXMELKPreparedQuestion& question = *asked.question;
         const std::string operation(question.Operation().Name());
         const bool isKnown = std::any_of(cell.answers.begin(), cell.answers.end(),
             [&](const VEXMELKReportAnswer& answer) { return answer.operation == operation; });
         // What asks for no standard depends on those too that are left out.
-        const bool isTried = !IsLarge() || VEXMELKArgumentOf(question, VEXMELKRole::Standard);
+        const bool isTried = asked.isOfStandard || !IsLarge();
         VEXMELKReportAnswer answer{operation, FurtherArguments(question), {}};
         if (!isKnown && isTried)
             answer.explanation = VEXMELKExplain(*m_Made.configuration->description, question, *m_Trial, m_Places);
@@ -193,18 +204,10 @@ private:
     std::optional<VEXMELKTrial> m_Trial; // of the standard that is reported on
     std::vector<VEXMELKDocumentText> m_Documents;
     std::vector<VEXMELKPreparedQuestion> m_Questions;
-    std::map<std::optional<std::string>, std::vector<const VEXMELKPreparedQuestion*>> m_ByStandard;
+    std::map<std::optional<std::string>, std::vector<Asked>> m_ByStandard;
     std::set<std::string> m_Reported; // categories
     VEXMELKReportConfiguration m_Made;
 };
-
-// Of files that are there and cannot be read boxes tell; most directories do not have the files of every configuration.
-bool HasFile(const VEXMELKDescription& description, const CATUnicodeString& directory)
-{
-    const CATUnicodeString file(description.file);
-    return VEXMELKUtilities::FileExists(directory + "\\Default\\" + file) != 0 ||
-           VEXMELKUtilities::FileExists(directory + "\\" + file) != 0;
-}
 
 } // namespace
 
@@ -219,7 +222,7 @@ std::vector<VEXMELKReportConfiguration> VEXMELKReportOn(
         const std::string name(all[number].description->name);
         if (onConfiguration)
             onConfiguration(number + 1, all.size(), name);
-        if (!all[number].create || !HasFile(*all[number].description, directory))
+        if (!all[number].create || !VEXMELKHasFile(*all[number].description, directory))
             continue;
         VEXMELKReportConfiguration configuration = Reporter(all[number], directory, pictures).Make();
         if (!configuration.files.empty())

@@ -59,45 +59,44 @@ public:
     VEXMELKChangedSide Describe(Place place)
     {
         const VEXMELKSlot& slot = m_Trial.At(place);
-        const CATIDOMElement_var element = m_Trial.Documents()[place.document].Elements()[slot.element].node;
+        const VEXMELKDocumentText& written = m_Trial.Documents()[place.document];
         const VEXMELKFilePlaces::Found found =
-            m_Places.Find(m_Trial.Files()[place.document].name, element, slot.attribute);
+            m_Places.Find(m_Trial.Files()[place.document].name, written.Elements()[slot.element].node, slot.attribute);
         VEXMELKChangedSide side;
         side.value = std::string(slot.text);
         side.file = found.file;
         side.position = found.position;
         side.text = slot.text;
-        side.category = VEXMELKCategoryAround(element);
+        side.category = written.TextOf(written.Around(slot.element, "category"), "name");
         return side;
     }
 
     // Whether an answer changes with another text there, or with none.
     bool ChangesAnswers(Place place, std::optional<std::string_view> text)
     {
-        if (m_Known.questions.empty())
+        if (m_Answers.empty())
             AskAll();
         std::optional<VEXMELKTrial::Replacement> replacement;
         if (text)
             replacement.emplace(m_Trial, place, *text);
         else
             replacement.emplace(m_Trial, place);
-        return VEXMELKAnyAnswerChanges(m_Configuration, m_Trial, m_Known);
+        return VEXMELKAnyAnswerChanges(m_Configuration, m_Trial, m_Questions, m_Answers);
     }
 
 private:
     void AskAll()
     {
-        m_Known.questions = m_Questions;
         const VEXMELKAsker asker(m_Configuration, m_Trial.Directory());
         for (const VEXMELKPreparedQuestion& question : m_Questions)
-            m_Known.answers.push_back(asker.Ask(question));
+            m_Answers.push_back(asker.Ask(question));
     }
 
     const Configuration& m_Configuration;
     VEXMELKTrial m_Trial;
     VEXMELKFilePlaces m_Places;
     const std::vector<VEXMELKPreparedQuestion>& m_Questions;
-    VEXMELKTrialAnswers m_Known;
+    std::vector<VEXMELKFlatAnswer> m_Answers; // with the documents as they are
 };
 
 using ToldPlaces = std::set<std::pair<std::string, VEXMELKPosition>>;
@@ -111,8 +110,10 @@ public:
     {
         for (const VEXMELKChange& change : told)
         {
-            m_ToldBefore.emplace(change.before.file, change.before.position);
-            m_ToldAfter.emplace(change.after.file, change.after.position);
+            if (change.before.HasPlace())
+                m_ToldBefore.emplace(change.before.file, change.before.position);
+            if (change.after.HasPlace())
+                m_ToldAfter.emplace(change.after.file, change.after.position);
         }
     }
 

@@ -36,11 +36,11 @@ private:
         std::vector<const VEXMELKDocumentText*> documents;
         for (const VEXMELKDocumentText& document : m_Trial.Documents())
             documents.push_back(&document);
-        m_Known.questions = VEXMELKAllQuestions(*m_Configuration.description, documents);
-        for (std::size_t question = 0; question < m_Known.questions.size(); ++question)
+        m_Questions = VEXMELKAllQuestions(*m_Configuration.description, documents);
+        for (std::size_t question = 0; question < m_Questions.size(); ++question)
         {
             std::vector<VEXMELKTrial::Read> reads;
-            m_Known.answers.push_back(m_Trial.Ask(m_Known.questions[question], &reads));
+            m_Answers.push_back(m_Trial.Ask(m_Questions[question], &reads));
             for (const VEXMELKTrial::Read& read : reads)
             {
                 std::vector<std::size_t>& readers = m_Readers[read.place];
@@ -109,7 +109,7 @@ private:
 
     bool AnyAnswerChanges(const std::vector<std::size_t>& likeliest) const
     {
-        return VEXMELKAnyAnswerChanges(m_Configuration, m_Trial, m_Known, likeliest);
+        return VEXMELKAnyAnswerChanges(m_Configuration, m_Trial, m_Questions, m_Answers, likeliest);
     }
 
     void AddElement(std::size_t number, std::size_t element)
@@ -198,7 +198,8 @@ private:
     const std::string m_Directory;
     VEXMELKTrial m_Trial;
     std::set<std::string_view> m_CustomerStandards;
-    VEXMELKTrialAnswers m_Known;
+    std::vector<VEXMELKPreparedQuestion> m_Questions;
+    std::vector<VEXMELKFlatAnswer> m_Answers;
     std::map<Place, std::vector<std::size_t>> m_Readers;
     std::map<Place, std::set<const VEXMELKRow*>> m_Rows;
     std::optional<VEXMELKWrittenFile> m_File;

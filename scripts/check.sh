@@ -84,38 +84,36 @@ usual_steps=(formatting release_build exports installed boxes packages python sc
 more_steps=(windows_build windows release fuzzers)
 quick_steps=(formatting debug)
 
-# Runs in the background, because "set -e" does not hold in what is part of a condition.
+# run STEP LABEL: prints the label and how long it took. The step runs in the background, because "set -e" does not hold in
+# what is part of a condition.
 run() {
     local begin=$SECONDS status=0
     (set -e; "$1") >"$logs/$1.log" 2>&1 </dev/null &
     wait $! || status=$?
     if [ $status -eq 0 ]; then
-        printf '== %-14s %4d s\n' "$1" $((SECONDS - begin))
+        printf '%s %4d s\n' "$2" $((SECONDS - begin))
         return
     fi
-    printf '== %-14s failed after %d s\n' "$1" $((SECONDS - begin))
+    printf '%s failed after %d s\n' "$2" $((SECONDS - begin))
     tail -n 200 "$logs/$1.log"
     echo "check.sh: failed at: $1 (all of it is in build/check/$1.log)" >&2
     exit 1
 }
 
-# As many at a time as there are processors. The first that fails ends the others.
+# As many at a time as there are processors. One that fails lets those that run come to their end, and no other begin.
 run_side_by_side() {
-    local step
+    local step failed=
     for step in "$@"; do
         while [ "$(jobs -rp | wc -l)" -ge "$jobs" ]; do
-            wait -n || end_all
+            wait -n || failed=yes
         done
-        run "$step" &
+        [ -z "$failed" ] || break
+        run "$step" "$(printf '== %-14s' "$step")" &
     done
     while [ -n "$(jobs -p)" ]; do
-        wait -n || end_all
+        wait -n || failed=yes
     done
-}
-end_all() {
-    # shellcheck disable=SC2046
-    kill $(jobs -rp) 2>/dev/null || true
-    exit 1
+    [ -z "$failed" ] || exit 1
 }
 
 ensure_packages "${build_packages[@]}" "${test_packages[@]}" clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 git \
@@ -137,7 +135,8 @@ done
 for step in "${steps[@]}"; do
     IFS=+ read -ra side_by_side <<<"$step"
     if [ ${#side_by_side[@]} -eq 1 ]; then
-        run "$step"
+        printf '== %-14s' "$step"
+        run "$step" ""
     else
         run_side_by_side "${side_by_side[@]}"
     fi

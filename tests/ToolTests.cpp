@@ -229,7 +229,7 @@ TEST_F(ToolTest, CommandsAndTheirExitStatus)
     const TemporaryDirectory empty;
     const TemporaryDirectory tested;
     tested.Write("Configuration/Default/OVA/UFCurb.xml",
-        R"(<configuration><standard name="Tested"><category name="default"/></standard></configuration>)");
+        R"(<configuration><standard name="Tested"><category name="default"/></standard><standard name="Tested"/></configuration>)");
     for (const auto& [written, status, output] : Table<3>(CaseFile("commands")))
     {
         std::string arguments = written;
